@@ -1,0 +1,31 @@
+// The radio link as the control sees it: it starts an exchange and returns at once; progress and outcome reach the host by
+// the link's own events and the data store's shared state. Every call may fail with a base::Failure.
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace telvar::model {
+
+class RadioLink {
+public:
+    RadioLink() = default;
+    RadioLink(const RadioLink&) = delete;
+    RadioLink& operator=(const RadioLink&) = delete;
+    RadioLink(RadioLink&&) = delete;
+    RadioLink& operator=(RadioLink&&) = delete;
+    virtual ~RadioLink() = default;
+
+    virtual void SendChannelTable() = 0;
+    // The text is passed empty and the flag True; both by reference, as the published operation has them.
+    virtual void LoadChannelTable(std::string& text, bool& flag) = 0;
+    virtual void AbortTransfer() = 0;
+    // Sends the levels staged in the data store; the text is passed empty.
+    virtual void SendPotValues(std::string& text) = 0;
+    // Switches the radio to a channel, given as decimal text.
+    virtual void SelectChannel(std::string& channel) = 0;
+};
+
+using RadioLinkPointer = std::shared_ptr<RadioLink>;
+
+}  // namespace telvar::model

@@ -1,0 +1,32 @@
+// A push button.
+#pragma once
+
+#include "ui/widget.h"
+
+namespace telvar::ui {
+
+class Button : public Widget {
+public:
+    using Widget::Widget;
+
+    // The user's press: a disabled or hidden button cannot be pressed.
+    void userPress() {
+        if (enabled() && visible()) {
+            Click();
+        }
+    }
+
+    // Pressed by Enter, or by Esc, wherever the focus is on its form.
+    [[nodiscard]] bool isDefault() const noexcept { return isDefault_; }
+    void setDefault(bool isDefault) { change(isDefault_, isDefault, Aspect::Value); }
+    [[nodiscard]] bool isCancel() const noexcept { return isCancel_; }
+    void setCancel(bool isCancel) noexcept { isCancel_ = isCancel; }
+
+    base::Event<> Click;
+
+private:
+    bool isDefault_ = false;
+    bool isCancel_ = false;
+};
+
+}  // namespace telvar::ui
