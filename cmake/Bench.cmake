@@ -1,0 +1,22 @@
+# bench/<name>.cpp becomes bench_<name> with Google Benchmark; use the preset "bench", which has no sanitizers.
+# bench/windows/<name>.cpp becomes a plain program of the 64-bit Windows build.
+if(WIN32)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/bench/windows/*.cpp)
+else()
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/bench/*.cpp)
+endif()
+if(NOT sources OR NOT TELVAR_TESTS)
+    return()
+endif()
+if(NOT WIN32)
+    find_package(benchmark REQUIRED)
+endif()
+
+foreach(source IN LISTS sources)
+    get_filename_component(name ${source} NAME_WE)
+    add_executable(bench_${name} ${source})
+    target_link_libraries(bench_${name} PRIVATE telvar_test_support)
+    if(NOT WIN32)
+        target_link_libraries(bench_${name} PRIVATE benchmark::benchmark benchmark::benchmark_main)
+    endif()
+endforeach()

@@ -1,0 +1,34 @@
+# Language level, warnings, sanitizers and the macros that Windows headers read, as the interface library telvar_flags.
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+# MinGW hides half of its C library from strictly conforming programs; -Wpedantic still refuses extensions of the language.
+set(CMAKE_CXX_EXTENSIONS ${WIN32})
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(TELVAR_SANITIZE "Address and undefined-behaviour sanitizers; any finding ends the program" OFF)
+
+add_library(telvar_flags INTERFACE)
+target_include_directories(telvar_flags INTERFACE ${CMAKE_CURRENT_SOURCE_DIR}/src)
+target_compile_options(telvar_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wold-style-cast -Wduplicated-cond -Wlogical-op -Wnull-dereference -Wcast-qual -Wunused -Werror)
+
+if(TELVAR_SANITIZE)
+    # Everything in the program, test framework included, is compiled alike.
+    add_compile_options(-fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()
+
+find_package(Threads REQUIRED)
+target_link_libraries(telvar_flags INTERFACE Threads::Threads)
+
+if(WIN32)
+    # Windows 7 and later.
+    target_compile_definitions(telvar_flags INTERFACE
+        UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
+    # Import libraries only: what a binary does not call, it does not import.
+    add_library(telvar_windows INTERFACE)
+    target_link_libraries(telvar_windows INTERFACE
+        comctl32 comdlg32 gdi32 user32 imm32 oleacc shell32 shlwapi advapi32 msimg32 version ws2_32 ole32 oleaut32 uuid)
+endif()

@@ -1,0 +1,13 @@
+# What both Windows targets share. Everything is linked statically, so that each binary needs only the system's DLLs.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_C_COMPILER ${TELVAR_TRIPLE}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${TELVAR_TRIPLE}-g++-posix)
+set(CMAKE_RC_COMPILER ${TELVAR_TRIPLE}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${TELVAR_TRIPLE})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+foreach(kind EXE MODULE SHARED)
+    set(CMAKE_${kind}_LINKER_FLAGS_INIT "-static")
+endforeach()
