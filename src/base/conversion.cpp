@@ -26,7 +26,8 @@ struct Overloaded : Functions... {
 [[nodiscard]] double numberIn(const std::string& text) {
     const auto value = readDouble(text);
     if (!value) {
-        throw value.error() == NumberError::TooLarge ? ConversionFailure::overflow() : ConversionFailure::typeMismatch();
+        throw value.error() == NumberError::TooLarge ? ConversionFailure::overflow()
+                                                     : ConversionFailure::typeMismatch();
     }
     return *value;
 }
@@ -58,7 +59,8 @@ template <class Integer>
     });
 }
 
-// The double nearest to the decimal number that a single stands for: 71.9, where a plain widening gives 71.9000015258789.
+// The double nearest to the decimal number that a single stands for: 71.9, where a plain widening
+// gives 71.9000015258789.
 [[nodiscard]] double decimalNumber(float single) {
     const double tenths = std::round(static_cast<double>(single) * 10.0) / 10.0;
     if (std::fabs(tenths) < 1e5 && static_cast<float>(tenths) == single) {

@@ -10,9 +10,9 @@
 
 namespace telvar::base {
 
-// The bits of a value, as the mode readings combine them with &, | and ~: True is -1, False and Empty are 0, integers are
-// as they are, reals are rounded half to even, a text is read as a number with "."; the texts "True" and "False" are
-// understood in any letter case.
+// The bits of a value, as the mode readings combine them with &, | and ~: True is -1, False and Empty are 0, integers
+// are as they are, reals are rounded half to even, a text is read as a number with "."; the texts "True" and "False"
+// are understood in any letter case.
 [[nodiscard]] std::int64_t toBits(const Value& value);
 
 // Non-zero. The texts "True" and "False" are understood in any letter case.
@@ -28,7 +28,8 @@ namespace telvar::base {
 [[nodiscard]] std::int16_t toInt16(const Value& value);
 [[nodiscard]] std::int32_t toInt32(const Value& value);
 
-// The shortest form of a number (15 significant digits, 7 for a single), "True" or "False", the text itself, "" for Empty.
+// The shortest form of a number (15 significant digits, 7 for a single), "True" or "False", the text itself, "" for
+// Empty.
 [[nodiscard]] std::string toText(const Value& value, const NumberFormat& format = {});
 
 // "0.0"-like formatting of any numeric value; a single counts as the decimal number of its 7 significant digits.

@@ -1,5 +1,6 @@
-// A closed list of listeners. Firing works on a copy of the list: a handler may connect (the new one is called from the next
-// round on), disconnect (also others, which are then no longer called), or destroy the event's owner, which ends the round.
+// A closed list of listeners. Firing works on a copy of the list: a handler may connect (the new one is called from the
+// next round on), disconnect (also others, which are then no longer called), or destroy the event's owner, which ends
+// the round.
 #pragma once
 
 #include <algorithm>

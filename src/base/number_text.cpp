@@ -60,8 +60,8 @@ namespace {
     return text;
 }
 
-// Digits before the decimal point that a number has when written out, negative for zeros behind it: 2 for "12.5", -1 for
-// "0.02". Only the size matters to callers, so an exponent of any length is held to a million.
+// Digits before the decimal point that a number has when written out, negative for zeros behind it: 2 for "12.5", -1
+// for "0.02". Only the size matters to callers, so an exponent of any length is held to a million.
 [[nodiscard]] int decimalOrder(std::string_view number) noexcept {
     const auto mark = std::min(number.find_first_of("eE"), number.size());
     const auto mantissa = number.substr(0, mark);
@@ -138,7 +138,7 @@ struct Decimal {
                          .ptr;
     const std::string_view text(buffer.data(), end);
     const auto mark = text.find('e');
-    Decimal decimal{.negative = value < 0};
+    Decimal decimal{.negative = value < 0, .digits = {}};
     std::ranges::copy_if(text.substr(0, mark), std::back_inserter(decimal.digits), isDigit);
     const auto power = text.substr(mark + (text[mark + 1] == '+' ? 2 : 1));
     std::from_chars(power.data(), power.data() + power.size(), decimal.exponent);
@@ -188,8 +188,8 @@ struct Decimal {
     return powers[static_cast<std::size_t>(exponent)];
 }
 
-// The fast way for nearly every value of a channel table: where `value` is the double nearest to a decimal number with so
-// few digits, that number as an integer count of its last decimal.
+// The fast way for nearly every value of a channel table: where `value` is the double nearest to a decimal number with
+// so few digits, that number as an integer count of its last decimal.
 [[nodiscard]] std::optional<std::int64_t> countOfDecimals(double value, int decimals, int significantDigits) noexcept {
     if (decimals > 15) {
         return std::nullopt;
@@ -229,7 +229,8 @@ constexpr int smallestPlainPower = -4;
         return text + withExponent(decimal, digits, format);
     }
     if (decimal.exponent <= 0) {
-        return text + '0' + format.decimalSeparator + std::string(static_cast<std::size_t>(-decimal.exponent), '0') + digits;
+        return text + '0' + format.decimalSeparator + std::string(static_cast<std::size_t>(-decimal.exponent), '0') +
+               digits;
     }
     const auto point = static_cast<std::size_t>(decimal.exponent);
     if (digits.size() <= point) {
@@ -292,8 +293,8 @@ std::string fixedText(double value, int minimumDecimals, int maximumDecimals, co
     while (fraction.size() > static_cast<std::size_t>(minimumDecimals) && fraction.ends_with('0')) {
         fraction.pop_back();
     }
-    const bool zero = whole.find_first_not_of('0') == std::string::npos &&
-                      fraction.find_first_not_of('0') == std::string::npos;
+    const bool zero =
+        whole.find_first_not_of('0') == std::string::npos && fraction.find_first_not_of('0') == std::string::npos;
     std::string text = decimal.negative && !zero ? "-" : "";
     text += whole;
     if (!fraction.empty()) {

@@ -1,5 +1,5 @@
-// Small text helpers with this system's meanings: "trimmed" takes blanks only (a tab stays), "upper-cased" is about ASCII
-// letters, and texts are UTF-8.
+// Small text helpers with this system's meanings: "trimmed" takes blanks only (a tab stays), "upper-cased" is about
+// ASCII letters, and texts are UTF-8.
 #pragma once
 
 #include <string>

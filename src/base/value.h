@@ -1,5 +1,5 @@
-// One value as a data store keeps it. The alternatives are the automation types that channel tables use; whoever writes a
-// value chooses its type, and every reader takes any number (see conversion.h).
+// One value as a data store keeps it. The alternatives are the automation types that channel tables use; whoever writes
+// a value chooses its type, and every reader takes any number (see conversion.h).
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,8 @@ struct Unusable {
     bool operator==(const Unusable&) const = default;
 };
 
-// Build text values from std::string, never from a character pointer, and small integers as std::int16_t or std::int32_t.
+// Build text values from std::string, never from a character pointer, and small integers as std::int16_t or
+// std::int32_t.
 using Value = std::variant<Empty, bool, std::int16_t, std::int32_t, std::int64_t, float, double, std::string, Unusable>;
 
 [[nodiscard]] inline Value textValue(std::string_view text) { return Value{std::string{text}}; }
