@@ -1,5 +1,5 @@
-// The keys of one channel record, with what each holds. This table is the one place that lists them: the data store, the
-// table file, CSV and the command line are all driven by it.
+// The keys of one channel record, with what each holds. This table is the one place that lists them: the data store,
+// the table file, CSV and the command line are all driven by it.
 #pragma once
 
 #include <array>
@@ -55,7 +55,7 @@ enum class KeyKind : std::uint8_t {
     Tone,       // hertz with one decimal; a number, 0 means disabled
     Integer,    // a whole number
     Boolean,
-    Code,       // text, four hexadecimal digits
+    Code,  // text, four hexadecimal digits
 };
 
 struct ChannelKeyInfo {
@@ -65,9 +65,9 @@ struct ChannelKeyInfo {
     std::int32_t emptyValue;  // what an empty channel of the reference store holds; codes hold "0000" instead
 };
 
-inline constexpr std::int32_t emptyStep = 12'500;   // Hz
-inline constexpr std::int32_t emptyModulo = 1;      // selector: modulo 8
-inline constexpr std::int32_t emptyLevel = 128;     // middle of a potentiometer
+inline constexpr std::int32_t emptyStep = 12'500;  // Hz
+inline constexpr std::int32_t emptyModulo = 1;     // selector: modulo 8
+inline constexpr std::int32_t emptyLevel = 128;    // middle of a potentiometer
 inline constexpr std::string_view emptyCode = "0000";
 
 inline constexpr std::array<ChannelKeyInfo, channelKeyCount> channelKeys{{

@@ -1,5 +1,6 @@
 // The central data store as the control sees it: the only owner of channel data, asked afresh for every single value.
-// Every call may fail with a base::Failure that describes what the store said; each calling routine decides what follows.
+// Every call may fail with a base::Failure that describes what the store said; each calling routine decides what
+// follows.
 #pragma once
 
 #include <cstdint>
@@ -53,7 +54,8 @@ public:
     // The same, by channel number 1 to 255. The index is computed in 16 bits; -32768 is an arithmetic fault.
     [[nodiscard]] ChannelRecord channel(std::int16_t number);
 
-    // One value of the record at `index`, 0 to 254; any other index is a failure. The table itself is asked for each time.
+    // One value of the record at `index`, 0 to 254; any other index is a failure. The table itself is asked for each
+    // time.
     [[nodiscard]] virtual base::Value readChannel(std::int16_t index, ChannelKey key) = 0;
     virtual void writeChannel(std::int16_t index, ChannelKey key, const base::Value& value) = 0;
 

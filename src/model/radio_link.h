@@ -1,5 +1,5 @@
-// The radio link as the control sees it: it starts an exchange and returns at once; progress and outcome reach the host by
-// the link's own events and the data store's shared state. Every call may fail with a base::Failure.
+// The radio link as the control sees it: it starts an exchange and returns at once; progress and outcome reach the host
+// by the link's own events and the data store's shared state. Every call may fail with a base::Failure.
 #pragma once
 
 #include <memory>

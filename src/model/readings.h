@@ -1,5 +1,6 @@
-// Readings of a channel that several places share: what a combination of stored values means. All mode tests are bitwise
-// on the stored values with True as -1, never logical: a store that answers 1 instead of True reads differently, on purpose.
+// Readings of a channel that several places share: what a combination of stored values means. All mode tests are
+// bitwise on the stored values with True as -1, never logical: a store that answers 1 instead of True reads
+// differently, on purpose.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The radio-wide members of a data store, by their published names: what the radio can do, how it is built, and the state
-// that the host, the control and the radio link share.
+// The radio-wide members of a data store, by their published names: what the radio can do, how it is built, and the
+// state that the host, the control and the radio link share.
 #pragma once
 
 #include <array>
