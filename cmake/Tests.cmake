@@ -1,5 +1,5 @@
 # tests/<folder>/*.cpp become test_<folder>: natively for portable folders, under Wine for those that are built for Windows
-# only; a folder with two implementations is tested on both. tests/windows/*.cpp become test_windows. tests/support/*.cpp are
+# only; a folder with two implementations is tested on both. tests/windows/<area>/*.cpp become test_windows_<area>. tests/support/*.cpp are
 # what they share, tests/support/server the helper COM server TestHelper.dll. One executable is one test of ctest; the
 # single tests inside it are counted from the report that it writes into <build>/results.
 option(TELVAR_TESTS "Build the tests" ON)
@@ -80,11 +80,25 @@ foreach(folder IN LISTS TELVAR_FOLDERS)
 endforeach()
 
 if(WIN32)
-    telvar_test(windows)
-    if(TARGET test_windows AND TELVAR_TRIPLE STREQUAL "x86_64-w64-mingw32")
-        # The system's own container for controls, which serves as the foreign one.
-        target_link_libraries(test_windows PRIVATE atl)
-    endif()
+    set(windows_tests)
+    file(GLOB areas CONFIGURE_DEPENDS LIST_DIRECTORIES true RELATIVE ${tests}/windows ${tests}/windows/*)
+    foreach(area IN LISTS areas)
+        telvar_test(windows/${area})
+        if(TARGET test_windows_${area})
+            list(APPEND windows_tests test_windows_${area})
+            target_link_libraries(test_windows_${area} PRIVATE telvar_windows)
+            if(TARGET telvar_win32)
+                target_link_libraries(test_windows_${area} PRIVATE telvar_win32)
+            endif()
+            if(TARGET telvar_com_kit)
+                target_link_libraries(test_windows_${area} PRIVATE telvar_com_kit)
+            endif()
+            if(TELVAR_TRIPLE STREQUAL "x86_64-w64-mingw32")
+                # The system's own container for controls, which serves as the foreign one.
+                target_link_libraries(test_windows_${area} PRIVATE atl)
+            endif()
+        endif()
+    endforeach()
     file(GLOB helper CONFIGURE_DEPENDS ${tests}/support/server/*.cpp)
     if(helper)
         set(libraries telvar_flags telvar_windows telvar_idl)
@@ -92,9 +106,9 @@ if(WIN32)
             list(APPEND libraries telvar_com_kit)
         endif()
         telvar_module(TestHelper TestHelper.dll FOLDER ${tests}/support/server SOURCES ${helper} LIBRARIES ${libraries})
-        if(TARGET test_windows)
-            add_dependencies(test_windows TestHelper)
-        endif()
+        foreach(test IN LISTS windows_tests)
+            add_dependencies(${test} TestHelper)
+        endforeach()
     endif()
 else()
     # Things that concern no folder of src, such as the build's own tools.
