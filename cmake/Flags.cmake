@@ -23,11 +23,20 @@ endif()
 
 find_package(Threads REQUIRED)
 target_link_libraries(telvar_flags INTERFACE Threads::Threads)
+target_compile_definitions(telvar_flags INTERFACE ASIO_STANDALONE ASIO_NO_DEPRECATED)
 
 if(WIN32)
     # Windows 7 and later.
     target_compile_definitions(telvar_flags INTERFACE
         UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
+    # The header-only libraries are the machine's own. Its whole /usr/include would bring another C library's headers along.
+    set(borrowed ${CMAKE_CURRENT_BINARY_DIR}/include)
+    file(MAKE_DIRECTORY ${borrowed})
+    foreach(name asio asio.hpp CLI rapidjson)
+        file(CREATE_LINK /usr/include/${name} ${borrowed}/${name} SYMBOLIC)
+    endforeach()
+    target_include_directories(telvar_flags SYSTEM INTERFACE ${borrowed})
+
     # Import libraries only: what a binary does not call, it does not import.
     add_library(telvar_windows INTERFACE)
     target_link_libraries(telvar_windows INTERFACE
