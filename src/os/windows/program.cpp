@@ -1,0 +1,35 @@
+#include "os/program.h"
+
+#include <windows.h>
+// Needs the types of windows.h.
+#include <shellapi.h>
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+#include <memory>
+
+#include "os/windows/wide_text.h"
+
+namespace telvar::os {
+
+std::vector<std::string> programArguments(int /*count*/, char** /*arguments*/) {
+    int count = 0;
+    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> parts(::CommandLineToArgvW(::GetCommandLineW(), &count),
+                                                                &::LocalFree);
+    std::vector<std::string> arguments;
+    for (int at = 1; parts && at < count; ++at) {
+        arguments.push_back(narrow(parts.get()[at]));
+    }
+    return arguments;
+}
+
+void prepareStandardStreams() {
+    for (auto* stream : {stdin, stdout, stderr}) {
+        ::_setmode(::_fileno(stream), _O_BINARY);
+    }
+    ::SetConsoleOutputCP(CP_UTF8);
+}
+
+}  // namespace telvar::os
