@@ -1,7 +1,8 @@
 # tests/<folder>/*.cpp become test_<folder>: natively for portable folders, under Wine for those that are built for Windows
-# only; a folder with two implementations is tested on both. tests/windows/<area>/*.cpp become test_windows_<area>. tests/support/*.cpp are
-# what they share, tests/support/server the helper COM server TestHelper.dll. One executable is one test of ctest; the
-# single tests inside it are counted from the report that it writes into <build>/results.
+# only; a folder with two implementations is tested on both, together with tests/<folder>/posix or windows.
+# tests/windows/<area>/*.cpp become test_windows_<area>. tests/support/*.cpp are what they share, tests/support/server the
+# helper COM server TestHelper.dll. One executable is one test of ctest; the single tests inside it are counted from the
+# report that it writes into <build>/results.
 option(TELVAR_TESTS "Build the tests" ON)
 if(NOT TELVAR_TESTS)
     return()
@@ -53,7 +54,7 @@ foreach(folder IN LISTS TELVAR_FOLDERS)
 endforeach()
 
 function(telvar_test folder)
-    file(GLOB sources CONFIGURE_DEPENDS ${tests}/${folder}/*.cpp)
+    file(GLOB sources CONFIGURE_DEPENDS ${tests}/${folder}/*.cpp ${tests}/${folder}/${platform}/*.cpp)
     if(NOT sources)
         return()
     endif()
