@@ -71,7 +71,7 @@ std::expected<std::string, std::string> followLinks(const std::string& path) {
 }
 
 Done mayWrite(const std::string& path) {
-    if (::access(path.c_str(), W_OK) != 0) {
+    if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
         return Failed(errorText(errno));
     }
     return {};

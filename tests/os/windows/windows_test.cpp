@@ -1,0 +1,64 @@
+// What only Windows has: its own locales, read-only files, and folders named by its environment.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "os/files.h"
+#include "os/folders.h"
+#include "os/locale.h"
+#include "os/windows/wide_text.h"
+#include "support/temporary_folder.h"
+
+namespace telvar::os {
+namespace {
+
+using test::TemporaryFolder;
+
+TEST(WindowsLocale, SeparatorsAreTheSystems) {
+    EXPECT_EQ(numberFormatOf("de_DE"), base::NumberFormat{.decimalSeparator = ','});
+    EXPECT_EQ(numberFormatOf("en-GB"), base::NumberFormat{.decimalSeparator = '.'});
+}
+
+TEST(WideText, GoesThereAndBack) {
+    EXPECT_EQ(narrow(wide("Küste \xe6\xb5\xb7 \xf0\x9f\x93\xbb")), "Küste \xe6\xb5\xb7 \xf0\x9f\x93\xbb");
+    EXPECT_EQ(wide("\xf0\x9f\x93\xbb").size(), 2U);
+    EXPECT_EQ(narrow(wide("")), "");
+}
+
+TEST(WideText, LongPathsAreMadeAbsolute) {
+    EXPECT_EQ(widePath("short.telvar"), L"short.telvar");
+    EXPECT_TRUE(widePath(std::string(240, 'a')).starts_with(L"\\\\?\\"));
+    EXPECT_TRUE(widePath("\\\\server\\" + std::string(240, 'a')).starts_with(L"\\\\?\\UNC\\server"));
+}
+
+TEST(WindowsFiles, AReadOnlyFileIsRefused) {
+    const TemporaryFolder folder;
+    const auto table = folder / "table.telvar";
+    TemporaryFolder::write(table, "old");
+    ASSERT_NE(::SetFileAttributesW(wide(table).c_str(), FILE_ATTRIBUTE_READONLY), 0);
+    const auto done = replaceFile(table, "new");
+    ::SetFileAttributesW(wide(table).c_str(), FILE_ATTRIBUTE_NORMAL);
+    ASSERT_FALSE(done);
+    EXPECT_EQ(done.error().what, errorText(ERROR_ACCESS_DENIED));
+    EXPECT_EQ(TemporaryFolder::read(table), "old");
+}
+
+TEST(WindowsFiles, AFileThatAnotherProgramKeepsIsNotReplaced) {
+    const TemporaryFolder folder;
+    const auto table = folder / "table.telvar";
+    TemporaryFolder::write(table, "old");
+    const HANDLE other =
+        ::CreateFileW(wide(table).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(replaceFile(table, "new"));
+    ::CloseHandle(other);
+    EXPECT_EQ(TemporaryFolder::read(table), "old");
+    EXPECT_TRUE(replaceFile(table, "new"));
+}
+
+TEST(WindowsPaths, LetterCaseMakesNoOtherFile) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(canonicalPath(folder / "Table.telvar"), canonicalPath(folder / "table.TELVAR"));
+}
+
+}  // namespace
+}  // namespace telvar::os
