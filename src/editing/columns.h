@@ -25,12 +25,14 @@ inline constexpr std::int16_t firstP25Column = 23;
 inline constexpr std::string_view noValue = "X";
 inline constexpr std::string_view invalidDcs = "Invalid";
 
-// What a cell is rendered from. Nothing is kept between two cells: every value is asked of the store when it is needed.
-struct RenderContext {
+// The channel whose cells are rendered, validated or stored. Nothing is kept between two cells: every value is asked of
+// the store when it is needed.
+struct CellContext {
     model::DataStore& store;
     std::int16_t channel;  // 1 to 255
     base::NumberFormat format{};
 };
+using RenderContext = CellContext;
 
 struct Column {
     std::int16_t number;
@@ -42,7 +44,11 @@ struct Column {
     std::string_view errorName;  // as a refused value names the column
     // The cell of a configured channel. Fails as the store fails, and with base::ConversionFailure where a stored value
     // is not of the kind that the column shows.
-    std::string (*render)(const RenderContext&);
+    std::string (*render)(const CellContext&);
+    // An error text, empty when the text may be stored; see validators.h. Null for column 0.
+    std::string (*validate)(const CellContext&, std::string_view text);
+    // Writes an accepted text; see cell_storing.h. Null for column 0.
+    void (*store)(const CellContext&, std::string_view text);
 };
 
 extern const std::array<Column, columnCount> columns;
