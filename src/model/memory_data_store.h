@@ -39,6 +39,7 @@ public:
     void put(StoreMember member, const base::Value& value) override;
 
     [[nodiscard]] base::Value referenceDividerScaling() override;
+    [[nodiscard]] std::int32_t scaling() const noexcept { return referenceDividerScaling_; }
     // Any 32-bit integer.
     void setReferenceDividerScaling(const base::Value& value);
 
