@@ -1,0 +1,237 @@
+// The channel-table control as the outside sees it, without a window and without COM: its published methods,
+// properties, events and widgets. It keeps no channel data; everything comes from the host's data store at the moment
+// it is needed.
+//
+// Public routines trap their failures and tell the user "Error in X()"; only logMessage lets its failure through. In
+// every event and every message box anything may happen: the host may call back, exchange the store, or close the
+// control, which ends the routine quietly. Closing is not destroying: the owner keeps the object until no call is
+// inside it any more.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/event.h"
+#include "base/number_text.h"
+#include "editform/frmChannelEdit.h"
+#include "editing/frmFill.h"
+#include "editing/frmMsgBox.h"
+#include "model/data_store.h"
+#include "model/radio_link.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/combo_box.h"
+#include "ui/desktop.h"
+#include "ui/form.h"
+#include "ui/grid.h"
+#include "ui/label.h"
+#include "ui/option_button.h"
+#include "ui/text_box.h"
+#include "ui/timer.h"
+#include "ui/trapped.h"
+
+namespace telvar::control {
+
+// What the control is put into. The desktop must outlive the control.
+struct Surroundings {
+    ui::Desktop& desktop;
+    // Makes one private table for undo or redo. Where it is missing, fails or answers null, a table in memory serves.
+    std::function<model::DataStorePointer()> makeTable;
+    base::NumberFormat numberFormat{};
+    std::string logPath;  // of the message log
+};
+
+// The grid's editing commands, by their pop-up menu codes.
+enum class GridCommand : std::uint8_t { Copy, Paste, Delete, Undo, Redo };
+
+class ChannelInformation {
+public:
+    // Starts the control up (UserControl_Initialize). Never fails for want of a data-store class.
+    explicit ChannelInformation(Surroundings surroundings);
+    ChannelInformation(const ChannelInformation&) = delete;
+    ChannelInformation& operator=(const ChannelInformation&) = delete;
+    ChannelInformation(ChannelInformation&&) = delete;
+    ChannelInformation& operator=(ChannelInformation&&) = delete;
+    ~ChannelInformation();
+
+    // Ends the control (UserControl_Terminate): the timer stops, both links and the private tables are let go, and
+    // every routine, also one that is under way, does nothing more. Callable any number of times, inside any event.
+    void close() noexcept;
+    [[nodiscard]] bool closed() const noexcept { return closed_; }
+
+    // pCentralDataStore and plibRadioComms. The forms get the new object by the matching Distribute... method only.
+    void setCentralDataStore(model::DataStorePointer store);
+    [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return pCentralDataStore_; }
+    void setRadioComms(model::RadioLinkPointer link);
+    [[nodiscard]] const model::RadioLinkPointer& radioComms() const noexcept { return plibRadioComms_; }
+    // Kept for the host; the control never changes them.
+    bool bHidden = false;
+    std::int16_t intPrevChannel = 0;
+
+    // The published methods, in the interface's order. Channel numbers outside 1 to 255 are a failure of the routine.
+    void Prepare();
+    void DistributeDataStoreLink();
+    void DistributeRadioCommsLink();
+    void HideAdvancedButton();
+    void DisplayFill();
+    void ChannelFillDown();
+    void ChannelFillSeries();
+    bool check_Frequencies();
+    void LoadFromTelvar();
+    void SendToTelvar();
+    void LoadChannelInfoFromTelvar();
+    void SendChannelInfoToTelvar();
+    std::string CheckTotalNoOfChannelScan();
+    void SetRowBackColour(std::int16_t index, std::int32_t rgbBackColour);
+    void HighLightChannel(std::int16_t nChannelNum);
+    void UpdateChannelSelection();
+    void UpdateControlsFromMemory();
+    void UpdateRowData(std::int16_t i);
+    void UpdateAccess(std::int16_t intAccessLvl);
+    void DisableMyCommands(const std::string& sCommands);
+    void EnableMyCommands(const std::string& sCommands);
+    void PrintInfo();
+    void RefreshEditForm();
+    void ChannelKeyUp();
+    void ChannelKeyDown();
+    // Appends one line to the message log. A file that cannot be written is a base::Failure of the caller.
+    void logMessage(const std::string& txtMessage);
+
+    // The published events, by dispatch number 1 to 12.
+    base::Event<> RestoreButtons;
+    base::Event<> DisableCommands;
+    base::Event<std::string&> EnableCommands;
+    base::Event<> PauseDiagnostics;
+    base::Event<> OpenLoginWithChannelFill;
+    base::Event<> OpenLoginWithChannelEdit;
+    base::Event<> DefaultOverWindow;
+    base::Event<> HourglassOverWindow;
+    base::Event<std::string&> NewWindowCaption;
+    base::Event<> PrintChannelData;
+    base::Event<> EditWindowClosed;
+    base::Event<> IncrementProgressBar;
+
+    // For the host's command target. A command that is not enabled does nothing when it is run.
+    [[nodiscard]] bool commandEnabled(GridCommand command) const noexcept;
+    void run(GridCommand command);
+    // Every channel and every column, headers excluded.
+    void selectAll();
+
+    // The surface with the widgets below in tab order. Its owner sets its size, which arranges them.
+    [[nodiscard]] ui::Panel& panel() noexcept { return panel_; }
+    // Good first extents of the surface, in twips: the first nine columns and 25 rows.
+    static constexpr int defaultWidth = 9450;
+    static constexpr int defaultHeight = 7800;
+
+    ui::Grid fgdDatabase;
+    ui::Label lblSoftwareChannelSelect{"lblSoftwareChannelSelect"};
+    ui::TextBox txtChannelSelect{"txtChannelSelect"};
+    ui::Button cmdChannelSelect{"cmdChannelSelect"};
+    ui::Frame frLockMode{"frLockMode"};
+    ui::OptionGroup lockModes;
+    std::array<ui::OptionButton, 3> optLockMode{
+        {ui::OptionButton{"optLockMode(0)"}, ui::OptionButton{"optLockMode(1)"}, ui::OptionButton{"optLockMode(2)"}}};
+    ui::CheckBox ckLockData{"ckLockData"};
+    ui::ComboBox pcmbDCSCodes{"pcmbDCSCodes"};  // hidden; not on the surface
+    ui::Timer Timer1;
+    editform::frmChannelEdit frmCE;
+    editing::frmMsgBox frmMsgBox;
+
+    // The one fill dialog, made when it is first needed.
+    [[nodiscard]] editing::frmFill& frmFill();
+
+    // The level of the last UpdateAccess, 0 before the first.
+    [[nodiscard]] std::int16_t accessLevel() const noexcept { return accessLevel_; }
+    // Answer of the last confirmation: 0 none yet, 6 yes, 7 no; and whether it is not to be asked again.
+    [[nodiscard]] std::int16_t messageBoxAnswer() const noexcept { return messageBoxAnswer_; }
+    [[nodiscard]] bool ignoreWarning() const noexcept { return ignoreWarning_; }
+    // The backup tables; null once the control is closed.
+    [[nodiscard]] const model::DataStorePointer& undoTable() const noexcept { return undoTable_; }
+    [[nodiscard]] const model::DataStorePointer& redoTable() const noexcept { return redoTable_; }
+
+private:
+    // Thrown after an event or a pump in which the control was closed; no std::exception, so that no trap tells it.
+    struct Ended {};
+
+    void UserControl_Initialize();
+    void UserControl_Resize();
+    void UserControl_Terminate();
+    void Timer1_Timer();
+    void cmdChannelSelect_Click();
+    void optLockMode_Click(std::int16_t Index);
+    void optLockMode0_Click();
+    void optLockMode1_Click();
+    void optLockMode2_Click();
+    void frmCE_DataChanged();
+    void frmCE_EditClosed();
+    void frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo);
+    void frmCE_OpenLoginWithChannelEdit();
+    void frmCE_PauseDiagnosticsIfRunning();
+    void frmCE_PopUpMenuClick(std::int16_t& intButton);
+    void frmMsgBox_Unloaded(bool blnYesClicked, bool blnIgnoreWarning);
+
+    // A routine of the control: nothing when it is closed, told under its name when it fails, ended quietly when the
+    // control is closed inside.
+    template <class Body>
+    void routine(std::string_view name, Body&& body) {
+        if (closed_) {
+            return;
+        }
+        try {
+            ui::trapped(desktop_, name, body);
+        } catch (const Ended&) {
+            return;
+        }
+    }
+    template <class... Arguments, class... Given>
+    void raise(base::Event<Arguments...>& event, Given&&... arguments) {
+        event(std::forward<Given>(arguments)...);
+        if (closed_) {
+            throw Ended{};
+        }
+    }
+
+    void fillPanel();
+    void wire();
+    [[nodiscard]] model::DataStorePointer makeTable() const;
+    // Fails where there is none.
+    [[nodiscard]] model::DataStorePointer store() const;
+
+    void setUpGrid();
+    void renderChannel(std::int16_t channel);
+    void paintRow(ui::Colour colour);
+    void refreshAll();
+
+    void highlight(std::int16_t channel);
+    void followSelectedChannel();
+    void setBlinking(bool blinking);
+
+    void applyAccess(std::int16_t level);
+    void markLockedColumns(std::int16_t mode);
+
+    [[nodiscard]] std::int16_t typedChannel() const;
+    void stepChannel(std::int16_t wrapAt, std::int16_t wrapTo, std::int16_t step);
+
+    ui::Desktop& desktop_;
+    std::function<model::DataStorePointer()> makeTable_;
+    base::NumberFormat numberFormat_;
+    std::string logPath_;
+    ui::Panel panel_{"ChannelInformation"};
+    std::unique_ptr<editing::frmFill> frmFill_;
+    model::DataStorePointer pCentralDataStore_;
+    model::RadioLinkPointer plibRadioComms_;
+    model::DataStorePointer undoTable_;
+    model::DataStorePointer redoTable_;
+    std::int16_t accessLevel_ = 0;
+    std::int16_t messageBoxAnswer_ = 0;
+    bool ignoreWarning_ = false;
+    bool blinking_ = false;
+    bool blinkPhase_ = false;
+    bool closed_ = false;
+};
+
+}  // namespace telvar::control
