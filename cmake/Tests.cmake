@@ -70,6 +70,7 @@ function(telvar_test folder)
     if(NOT "${TELVAR_KIND_${folder}}" STREQUAL "LIBRARY" AND TELVAR_PRODUCTS)
         add_dependencies(${name} ${TELVAR_PRODUCTS})
     endif()
+    set_property(GLOBAL APPEND_STRING PROPERTY TELVAR_TEST_LIST "${name} $<TARGET_FILE:${name}>\n")
     add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${results}/${name}.xml)
     set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
@@ -115,3 +116,7 @@ else()
     # Things that concern no folder of src, such as the build's own tools.
     telvar_test(tools)
 endif()
+
+# What tools/run_tests runs: a name and a program, one a line.
+get_property(list GLOBAL PROPERTY TELVAR_TEST_LIST)
+file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/tests.txt CONTENT "${list}")
