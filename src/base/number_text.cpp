@@ -222,6 +222,12 @@ constexpr int smallestPlainPower = -4;
     if (const auto whole = countOfDecimals(value, 0, significantDigits)) {
         return std::to_string(*whole);
     }
+    // Synthesizer steps in kilohertz.
+    if (const auto thousandths = countOfDecimals(value, 3, significantDigits)) {
+        auto text = scaledText(*thousandths, 3, format);
+        text.resize(text.find_last_not_of('0') + 1);
+        return text;
+    }
     const Decimal decimal = decimalOf(value, significantDigits);
     const std::string digits = decimal.digits.substr(0, decimal.digits.find_last_not_of('0') + 1);
     std::string text = decimal.negative ? "-" : "";
