@@ -11,7 +11,7 @@
 namespace telvar::os {
 namespace {
 
-using test::TemporaryFolder;
+using tests::TemporaryFolder;
 
 class Lock : public testing::Test {
 protected:

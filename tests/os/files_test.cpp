@@ -7,7 +7,7 @@
 namespace telvar::os {
 namespace {
 
-using test::TemporaryFolder;
+using tests::TemporaryFolder;
 using Names = std::vector<std::string>;
 
 constexpr std::size_t plenty = 1'000'000;

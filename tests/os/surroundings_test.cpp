@@ -38,11 +38,11 @@ TEST(Locale, TheUsersSeparatorIsOneThatNumbersCanBeWrittenWith) {
 TEST(Folders, TheStateFolderIsThere) {
     const auto folder = userStateFolder();
     ASSERT_TRUE(folder) << folder.error().sentence();
-    EXPECT_TRUE(std::filesystem::is_directory(test::TemporaryFolder::pathOf(*folder)));
+    EXPECT_TRUE(std::filesystem::is_directory(tests::TemporaryFolder::pathOf(*folder)));
 }
 
 TEST(Folders, APathHasOneCanonicalSpelling) {
-    const test::TemporaryFolder folder;
+    const tests::TemporaryFolder folder;
     EXPECT_EQ(canonicalPath(folder / "a/../b"), canonicalPath(folder / "b"));
     EXPECT_NE(canonicalPath(folder / "a"), canonicalPath(folder / "b"));
 }

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace telvar::test {
+namespace telvar::tests {
 
 class TemporaryFolder {
 public:
@@ -65,4 +65,4 @@ private:
     std::filesystem::path path_;
 };
 
-}  // namespace telvar::test
+}  // namespace telvar::tests

@@ -7,7 +7,7 @@
 #include <csignal>
 #include <cstdlib>
 
-namespace telvar::test {
+namespace telvar::tests {
 
 // While it lives, the process has the rights of a user who owns nothing; for whoever is no administrator it does
 // nothing.
@@ -57,4 +57,4 @@ private:
     void (*handler_)(int) = SIG_DFL;
 };
 
-}  // namespace telvar::test
+}  // namespace telvar::tests

@@ -10,7 +10,7 @@
 namespace telvar::os {
 namespace {
 
-using test::TemporaryFolder;
+using tests::TemporaryFolder;
 using Names = std::vector<std::string>;
 
 class FileRights : public testing::Test {
@@ -32,7 +32,7 @@ TEST_F(FileRights, AFileThatMayNotBeWrittenToIsRefused) {
     TemporaryFolder::write(table, "old");
     ASSERT_EQ(::chmod(table.c_str(), 0444), 0);
     ASSERT_EQ(::chmod(folder.name().c_str(), 0777), 0);
-    const test::Unprivileged nobody;
+    const tests::Unprivileged nobody;
     EXPECT_EQ(replaceFile(table, "new").error().sentence(), table + ": Permission denied.");
     EXPECT_EQ(TemporaryFolder::read(table), "old");
     EXPECT_EQ(folder.entries(), Names{"table.telvar"});
@@ -40,7 +40,7 @@ TEST_F(FileRights, AFileThatMayNotBeWrittenToIsRefused) {
 
 TEST_F(FileRights, AReadOnlyFolderIsRefused) {
     ASSERT_EQ(::chmod(folder.name().c_str(), 0555), 0);
-    const test::Unprivileged nobody;
+    const tests::Unprivileged nobody;
     EXPECT_EQ(replaceFile(table, "new").error().sentence(), table + ": Permission denied.");
 }
 
@@ -48,7 +48,7 @@ TEST_F(FileRights, AnUnreadableFileIsRefused) {
     TemporaryFolder::write(table, "old");
     ASSERT_EQ(::chmod(table.c_str(), 0), 0);
     ASSERT_EQ(::chmod(folder.name().c_str(), 0755), 0);
-    const test::Unprivileged nobody;
+    const tests::Unprivileged nobody;
     EXPECT_EQ(readWholeFile(table, 100).error().sentence(), table + ": Permission denied.");
 }
 
@@ -79,7 +79,7 @@ TEST_F(FileRights, APipeIsReadToItsEndAndNeverReplaced) {
 
 TEST_F(FileRights, AWriteThatEndsHalfWayLeavesTheFileAsItWas) {
     TemporaryFolder::write(table, "old");
-    const test::FileSizeLimit limit(4096);
+    const tests::FileSizeLimit limit(4096);
     EXPECT_EQ(replaceFile(table, std::string(8192, 'x')).error().sentence(), table + ": File too large.");
     EXPECT_EQ(TemporaryFolder::read(table), "old");
     EXPECT_EQ(folder.entries(), Names{"table.telvar"});

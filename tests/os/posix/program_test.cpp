@@ -40,7 +40,7 @@ TEST(Program, ArgumentsComeWithoutTheProgramsName) {
 }
 
 TEST(Environment, NamesTheStateFolder) {
-    const test::TemporaryFolder folder;
+    const tests::TemporaryFolder folder;
     {
         const Variable state("XDG_STATE_HOME", folder / "state");
         EXPECT_EQ(userStateFolder().value(), folder / "state/telvar");

@@ -11,7 +11,7 @@
 namespace telvar::os {
 namespace {
 
-using test::TemporaryFolder;
+using tests::TemporaryFolder;
 
 TEST(WindowsLocale, SeparatorsAreTheSystems) {
     EXPECT_EQ(numberFormatOf("de_DE"), base::NumberFormat{.decimalSeparator = ','});
