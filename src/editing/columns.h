@@ -37,11 +37,10 @@ using RenderContext = CellContext;
 struct Column {
     std::int16_t number;
     std::string_view header;
-    int width;            // twips, as the grid is set up; 0 hides the column
-    int fullAccessWidth;  // twips, where the access level shows it
-    std::string_view
-        enumerationName;         // member of the enumeration FlexGridColumnNo; empty for the columns it does not name
-    std::string_view errorName;  // as a refused value names the column
+    int width;                         // twips, as the grid is set up; 0 hides the column
+    int fullAccessWidth;               // twips, where the access level shows it
+    std::string_view enumerationName;  // member of FlexGridColumnNo; empty for the columns that it does not name
+    std::string_view errorName;        // as a refused value names the column
     // The cell of a configured channel. Fails as the store fails, and with base::ConversionFailure where a stored value
     // is not of the kind that the column shows.
     std::string (*render)(const CellContext&);

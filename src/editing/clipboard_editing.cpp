@@ -1,0 +1,165 @@
+#include "editing/clipboard_editing.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "base/checked.h"
+#include "base/text.h"
+#include "editing/cell_storing.h"
+#include "editing/validators.h"
+#include "ui/trapped.h"
+
+namespace telvar::editing {
+
+namespace {
+
+constexpr char cellSeparator = '\t';
+constexpr char rowSeparator = '\r';
+
+// Rows beyond the table are failures of the record access; rows beyond 16 bits are failures here.
+[[nodiscard]] std::int16_t rowAt(std::int16_t first, std::size_t offset) {
+    if (!std::in_range<std::int16_t>(offset)) {
+        throw base::ArithmeticFault::overflow();
+    }
+    return base::checkedAdd(first, static_cast<std::int16_t>(offset));
+}
+
+}  // namespace
+
+std::string blockText(const ui::Grid& grid, const ui::CellRange& block) {
+    std::string text;
+    for (int row = block.firstRow; row <= block.lastRow; ++row) {
+        for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
+            text += grid.text(row, column);
+            if (column < block.lastColumn) {
+                text += cellSeparator;
+            }
+        }
+        if (row < block.lastRow) {
+            text += rowSeparator;
+        }
+    }
+    return text;
+}
+
+std::vector<std::string> clipboardLines(std::string_view text) {
+    const auto breaks = base::replacedAll(base::replacedAll(text, "\r\n", "\r"), "\n", "\r");
+    const auto lines = base::splitAt(breaks, rowSeparator);
+    return {lines.begin(), lines.end()};
+}
+
+std::vector<std::string_view> cellsOf(std::string_view line) {
+    return line.empty() ? std::vector<std::string_view>{} : base::splitAt(line, cellSeparator);
+}
+
+void ClipboardEditing::CopySelection() {
+    ui::trapped(surroundings_.desktop, "CopySelection", [&] {
+        const auto block = recordExtent();
+        surroundings_.grid.refresh();
+        surroundings_.desktop.setClipboardText(blockText(surroundings_.grid, block));
+    });
+}
+
+bool ClipboardEditing::PasteToCells() {
+    bool wrote = false;
+    ui::trapped(surroundings_.desktop, "PasteToCells", [&] {
+        // Taken first: every re-rendered row moves the grid's current cell.
+        const auto where = target();
+        // A paste that could not be taken back is not begun.
+        if (!history_.UpdateBackUpFrequencyMemory()) {
+            return;
+        }
+        const auto lines = clipboardLines(surroundings_.desktop.clipboardText().value_or(""));
+        const bool repeated = where.rows > 1 && lines.size() == 1;
+        const auto rows = repeated ? static_cast<std::size_t>(where.rows) : lines.size();
+        for (std::size_t offset = 0; offset < rows; ++offset) {
+            const auto row = rowAt(where.firstRow, offset);
+            if (pasteLine(lines[repeated ? 0 : offset], row, where.firstColumn, wrote) == CellOutcome::Refused) {
+                return;
+            }
+        }
+    });
+    return wrote;
+}
+
+bool ClipboardEditing::DeleteSelectedCells() {
+    bool wrote = false;
+    ui::trapped(surroundings_.desktop, "DeleteSelectedCells", [&] {
+        const auto answer =
+            surroundings_.desktop.show({.text = "This will delete selected channel(s). Would you like to proceed?",
+                                        .buttons = ui::Buttons::YesNo});
+        surroundings_.stayOpen();
+        const auto rows = recordExtent();
+        if (answer == ui::Answer::Yes && history_.UpdateBackUpFrequencyMemory()) {
+            disableChannels(rows, wrote);
+        }
+        ClearSelection();
+        surroundings_.grid.setFocus();
+    });
+    return wrote;
+}
+
+void ClipboardEditing::ClearSelection() {
+    ui::trapped(surroundings_.desktop, "ClearSelection", [&] {
+        extentRows_ = 0;
+        surroundings_.grid.refresh();
+    });
+}
+
+ui::CellRange ClipboardEditing::recordExtent() {
+    const auto block = surroundings_.grid.selection();
+    extentRows_ = block.rowCount();
+    return block;
+}
+
+// Only the row is normalised: a paste starts at the current column even when the selection reaches further left.
+ClipboardEditing::Target ClipboardEditing::target() const {
+    const auto& grid = surroundings_.grid;
+    return {.firstRow = static_cast<std::int16_t>(std::min(grid.row(), grid.rowSel())),
+            .firstColumn = static_cast<std::int16_t>(grid.column()),
+            .rows = std::abs(grid.rowSel() - grid.row()) + 1};
+}
+
+ClipboardEditing::CellOutcome ClipboardEditing::pasteLine(std::string_view line, std::int16_t row,
+                                                          std::int16_t firstColumn, bool& wrote) {
+    auto column = firstColumn;
+    for (const auto cell : cellsOf(line)) {
+        if (pasteCell(cell, row, column, wrote) == CellOutcome::Refused) {
+            return CellOutcome::Refused;
+        }
+        column = base::checkedAdd<std::int16_t>(column, 1);
+    }
+    return CellOutcome::Stored;
+}
+
+ClipboardEditing::CellOutcome ClipboardEditing::pasteCell(std::string_view text, std::int16_t row, std::int16_t column,
+                                                          bool& wrote) {
+    const auto store = surroundings_.store();
+    const CellContext context{.store = *store, .channel = row, .format = surroundings_.format};
+    const auto cell = base::trimmed(text);
+    const auto error = validateCell(context, column, cell);
+    if (!error.empty()) {
+        surroundings_.desktop.show({.text = "Error during pasting data. " + error + ". Unable to continue."});
+        surroundings_.stayOpen();
+        history_.UndoChanges();
+        return CellOutcome::Refused;
+    }
+    wrote = true;
+    storeCell(context, column, cell);
+    surroundings_.updateRow(row);
+    return CellOutcome::Stored;
+}
+
+void ClipboardEditing::disableChannels(const ui::CellRange& rows, bool& wrote) {
+    for (int row = rows.firstRow; row <= rows.lastRow; ++row) {
+        const auto channel = static_cast<std::int16_t>(row);
+        const auto store = surroundings_.store();
+        wrote = true;
+        store->channel(channel).put(model::ChannelKey::TxFreq, std::int16_t{0});
+        store->channel(channel).put(model::ChannelKey::RxFreq, std::int16_t{0});
+        surroundings_.updateRow(channel);
+    }
+}
+
+}  // namespace telvar::editing

@@ -1,0 +1,59 @@
+// Copy, paste and delete in the grid: the grid's selection is what they work on, the clipboard's plain text is what
+// they exchange. Each traps its failures and tells them under its name; the table stays as far as it got.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editing/grid_surroundings.h"
+#include "editing/undo.h"
+
+namespace telvar::editing {
+
+// A selected block as text: cells joined by tabs, rows by a carriage return alone, nothing behind the last.
+[[nodiscard]] std::string blockText(const ui::Grid& grid, const ui::CellRange& block);
+
+// The lines of a clipboard text, whichever line breaks it has. A text that ends with one has an empty line more.
+[[nodiscard]] std::vector<std::string> clipboardLines(std::string_view text);
+
+// The cells of a line; an empty line has none.
+[[nodiscard]] std::vector<std::string_view> cellsOf(std::string_view line);
+
+class ClipboardEditing {
+public:
+    ClipboardEditing(const GridSurroundings& surroundings, UndoHistory& history) noexcept
+        : surroundings_(surroundings), history_(history) {}
+
+    void CopySelection();
+    // Answers whether it wrote anything, a refused and rolled-back paste included.
+    bool PasteToCells();
+    // Answers whether it wrote anything.
+    bool DeleteSelectedCells();
+    void ClearSelection();
+
+    // Rows of the last recorded extent, 0 after ClearSelection.
+    [[nodiscard]] int extentRows() const noexcept { return extentRows_; }
+
+private:
+    struct Target {
+        std::int16_t firstRow = 1;
+        std::int16_t firstColumn = 1;
+        int rows = 1;  // covered by the selection
+    };
+
+    enum class CellOutcome : std::uint8_t { Stored, Refused };
+
+    [[nodiscard]] ui::CellRange recordExtent();
+    [[nodiscard]] Target target() const;
+    CellOutcome pasteLine(std::string_view line, std::int16_t row, std::int16_t firstColumn, bool& wrote);
+    CellOutcome pasteCell(std::string_view text, std::int16_t row, std::int16_t column, bool& wrote);
+    void disableChannels(const ui::CellRange& rows, bool& wrote);
+
+    const GridSurroundings& surroundings_;
+    UndoHistory& history_;
+    int extentRows_ = 0;
+};
+
+}  // namespace telvar::editing
