@@ -1,6 +1,6 @@
-// The contents and the selection of a grid: cell texts and colours, column widths, the current cell, the selection's far
-// end, the first row and column shown, and the redraw switch. Where cells lie on the screen is GridLayout's business, what
-// mouse and keys do is GridInput's.
+// The contents and the selection of a grid: cell texts and colours, column widths, the current cell, the selection's
+// far end, the first row and column shown, and the redraw switch. Where cells lie on the screen is GridLayout's
+// business, what mouse and keys do is GridInput's.
 //
 // Making a row or column current collapses the selection to the current cell. Rows and columns outside the grid are a
 // base::SubscriptFailure.
@@ -39,6 +39,18 @@ struct CellRange {
 // Codes as the published interface has them.
 enum class Alignment : std::uint8_t { LeftCentre = 1, Centre = 4, RightCentre = 7 };
 
+// How cells look where nothing else is said.
+struct GridDisplay {
+    Colour backColor = windowBackground;
+    Colour foreColor = windowText;
+    bool gridLines = true;
+    bool selectionShown = true;
+    bool operator==(const GridDisplay&) const = default;
+};
+
+// Twips; of a column that nobody has set.
+inline constexpr int defaultColumnWidth = 960;
+
 class GridPeer : public WidgetPeer {
 public:
     // Texts, colours or selection of these cells changed; called once for a whole refresh.
@@ -52,6 +64,8 @@ class Grid : public Widget {
 public:
     // Row 0 and column 0 are fixed.
     Grid(std::string name, int rows, int columns);
+
+    void attach(GridPeer& peer) noexcept { Widget::attach(peer); }
 
     [[nodiscard]] int rows() const noexcept { return rows_; }
     [[nodiscard]] int columns() const noexcept { return columns_; }
@@ -84,13 +98,18 @@ public:
     void select(Cell current, Cell end);
     [[nodiscard]] CellRange selection() const noexcept;
 
-    // First scrolled row and column shown, 1 or more. A value beyond the end shows the last page.
+    // First scrolled row and column shown. Held to the grid's rows and columns; what lies beyond the last page shows
+    // the last page (GridLayout knows it, since only a view has pages).
     [[nodiscard]] int topRow() const noexcept { return topRow_; }
     [[nodiscard]] int leftColumn() const noexcept { return leftColumn_; }
     void setTopRow(int row);
     void setLeftColumn(int column);
 
-    // While off, changes are collected and reported to the peer as one when it is switched on again.
+    [[nodiscard]] const GridDisplay& display() const noexcept { return display_; }
+    void setDisplay(const GridDisplay& display);
+
+    // While off, changes are collected and reported to the peer as one when it is switched on again; SelectionChanged
+    // waits, too, and is raised once if the selection differs by then.
     [[nodiscard]] bool redraw() const noexcept { return redraw_; }
     void setRedraw(bool redraw);
     // Asks the peer to repaint everything.
@@ -112,11 +131,22 @@ private:
         Alignment alignment = Alignment::LeftCentre;
     };
 
+    // What the peer has not been told yet.
+    struct Damage {
+        bool cells = false;
+        bool layout = false;
+        bool highlight = false;
+        bool everything = false;
+        CellRange range;
+    };
+
     [[nodiscard]] std::size_t at(int row, int column) const;
-    void checkCell(Cell cell) const;
+    [[nodiscard]] CellState& cell(int row, int column) { return cells_[at(row, column)]; }
     void moveTo(Cell current, Cell end);
     void damage(const CellRange& cells);
-    void layout();
+    void damageLayout();
+    void tellSelection();
+    void tellDamage();
     [[nodiscard]] GridPeer* gridPeer() const noexcept { return static_cast<GridPeer*>(peer()); }
 
     int rows_;
@@ -127,9 +157,10 @@ private:
     Cell end_{1, 1};
     int topRow_ = 1;
     int leftColumn_ = 1;
-    CellRange damaged_{};
-    bool hasDamage_ = false;
-    bool layoutDamaged_ = false;
+    GridDisplay display_;
+    Damage damage_;
+    Cell currentTold_{1, 1};  // as of the last SelectionChanged
+    Cell endTold_{1, 1};
     bool redraw_ = true;
     bool highlightShown_ = false;
 };

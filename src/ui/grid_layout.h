@@ -1,5 +1,6 @@
-// Where the cells of a grid lie: columns and rows to rectangles, hit test, what is visible, how far it can scroll. Holds no
-// state of its own; it is made from a grid, the size of the view and the measures of the font whenever one of them changes.
+// Where the cells of a grid lie: columns and rows to rectangles, hit test, what is visible, how far it can scroll.
+// Holds no state of its own; it is made from a grid, the size of the view and the measures of the font whenever one of
+// them changes.
 #pragma once
 
 #include <optional>
@@ -18,13 +19,16 @@ struct GridMetrics {
 
 class GridLayout {
 public:
-    GridLayout(const Grid& grid, Size view, const GridMetrics& metrics) noexcept : grid_(&grid), view_(view), metrics_(metrics) {}
+    GridLayout(const Grid& grid, Size view, const GridMetrics& metrics) noexcept
+        : grid_(&grid), view_(view), metrics_(metrics) {}
 
     [[nodiscard]] const GridMetrics& metrics() const noexcept { return metrics_; }
     [[nodiscard]] Size view() const noexcept { return view_; }
 
     [[nodiscard]] int columnPixels(int column) const;
-    [[nodiscard]] int rowPixels(int row) const noexcept { return row == 0 ? metrics_.headerHeight : metrics_.rowHeight; }
+    [[nodiscard]] int rowPixels(int row) const noexcept {
+        return row == 0 ? metrics_.headerHeight : metrics_.rowHeight;
+    }
 
     // Empty for a cell that is scrolled out above or left, or hidden; may reach beyond the view at right and bottom.
     [[nodiscard]] Rect cellRect(Cell cell) const;
@@ -35,7 +39,9 @@ public:
 
     // Nothing where the point hits no cell.
     [[nodiscard]] std::optional<Cell> hit(Point point) const;
-    // The cell nearest to a point inside or outside the view, fixed cells excluded: for dragging.
+    // For dragging: the cell nearest to a point inside or outside the view, fixed cells excluded. A point over the
+    // fixed cells or outside the view answers the next row or column that is scrolled out on that side, so that
+    // repeated calls scroll on.
     [[nodiscard]] Cell nearest(Point point) const;
 
     // First rows and columns in force, held to the last page.
@@ -61,6 +67,11 @@ public:
     [[nodiscard]] int lastShownColumn() const;
 
 private:
+    [[nodiscard]] int columnLeft(int column) const;
+    [[nodiscard]] int rowTop(int row) const noexcept;
+    [[nodiscard]] int nearestRow(int y) const noexcept;
+    [[nodiscard]] int nearestColumn(int x) const;
+
     const Grid* grid_;
     Size view_;
     GridMetrics metrics_;
