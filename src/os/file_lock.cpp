@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
+#include <utility>
 
 #include "os/folders.h"
 
@@ -20,17 +22,22 @@ namespace {
     return hash;
 }
 
+// A service may run for a user who has no state folder.
+[[nodiscard]] std::string lockFolder() {
+    if (auto folder = userStateFolder()) {
+        return *std::move(folder);
+    }
+    std::error_code ignored;
+    return std::filesystem::temp_directory_path(ignored).string();
+}
+
 }  // namespace
 
-std::expected<std::string, FileError> lockFileFor(const std::string& path) {
-    auto folder = userStateFolder();
-    if (!folder) {
-        return std::unexpected(folder.error());
-    }
+std::string lockFileFor(const std::string& path) {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "/%016llx.lock",
                   static_cast<unsigned long long>(hashOf(canonicalPath(path))));
-    return *folder + name.data();
+    return lockFolder() + name.data();
 }
 
 }  // namespace telvar::os

@@ -31,8 +31,8 @@ private:
     std::unique_ptr<Handle> handle_;
 };
 
-// The lock file, in the user's state folder, that stands for changes of `path` by this user's programs. The same file
-// under another spelling of its path has the same lock, links included.
-[[nodiscard]] std::expected<std::string, FileError> lockFileFor(const std::string& path);
+// The lock file, in the user's state folder (the temporary one where there is none), that stands for changes of `path`
+// by this user's programs. The same file under another spelling of its path has the same lock, links included.
+[[nodiscard]] std::string lockFileFor(const std::string& path);
 
 }  // namespace telvar::os

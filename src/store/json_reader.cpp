@@ -51,11 +51,11 @@ private:
     case rapidjson::kParseErrorStringUnicodeEscapeInvalidHex:
     case rapidjson::kParseErrorStringUnicodeSurrogateInvalid:
     case rapidjson::kParseErrorStringEscapeInvalid:
-        return "a text has a wrong \\ escape";
+        return "a text has a control character or a wrong \\ escape";
     case rapidjson::kParseErrorStringMissQuotationMark:
         return "a closing quotation mark is missing";
     case rapidjson::kParseErrorStringInvalidEncoding:
-        return "a text has control characters or is not UTF-8";
+        return "a text is not UTF-8";
     case rapidjson::kParseErrorNumberTooBig:
         return "a number is too large";
     case rapidjson::kParseErrorNumberMissFraction:

@@ -93,7 +93,7 @@ bool isUtf8(std::string_view text) noexcept {
     return true;
 }
 
-std::string quoted(std::string_view text) {
+std::string jsonQuoted(std::string_view text) {
     std::string result = "\"";
     while (!text.empty()) {
         const auto length = characterLength(text);
@@ -119,7 +119,7 @@ void JsonLine::separate() {
 
 bool JsonLine::scalar(const JsonScalar& value) {
     separate();
-    text_ += value.type == JsonType::Text ? quoted(value.text) : std::string(value.text);
+    text_ += value.type == JsonType::Text ? jsonQuoted(value.text) : std::string(value.text);
     return true;
 }
 
@@ -139,7 +139,7 @@ bool JsonLine::close(JsonType type) {
 
 bool JsonLine::name(std::string_view name) {
     separate();
-    text_ += quoted(name) + ": ";
+    text_ += jsonQuoted(name) + ": ";
     afterName_ = true;
     return true;
 }

@@ -12,7 +12,7 @@ namespace telvar::store {
 [[nodiscard]] bool isUtf8(std::string_view text) noexcept;
 
 // With quotation marks; what is not UTF-8 becomes U+FFFD.
-[[nodiscard]] std::string quoted(std::string_view text);
+[[nodiscard]] std::string jsonQuoted(std::string_view text);
 
 // Puts one value together from events, on one line.
 class JsonLine : public JsonListener {

@@ -45,6 +45,13 @@ std::expected<void, os::FileError> ReferenceDataStore::saveAs(const std::string&
     return {};
 }
 
+void ReferenceDataStore::close() {
+    adopt(emptyTable(), "");
+    shownTitle_.clear();
+    put(model::StoreMember::DatabaseTitle, base::textValue(""));
+    put(model::StoreMember::TableOpen, false);
+}
+
 std::string ReferenceDataStore::title() {
     auto shown = base::toText(memberValue(model::StoreMember::DatabaseTitle));
     return shown == shownTitle_ ? frame_.title : shown;

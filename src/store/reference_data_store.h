@@ -26,6 +26,8 @@ public:
     [[nodiscard]] std::expected<void, os::FileError> save();
     // Into another file, which becomes the table's own when it was written.
     [[nodiscard]] std::expected<void, os::FileError> saveAs(const std::string& path);
+    // Nothing is open, as at the start; changes that were not saved are lost.
+    void close();
 
     // UTF-8, as given to open() or saveAs(); empty where there is no file yet.
     [[nodiscard]] const std::string& path() const noexcept { return path_; }

@@ -62,7 +62,7 @@ private:
     void takeFormat(const JsonScalar& value) {
         formatSeen_ = true;
         if (value.type != JsonType::Text || value.text != tableFormat) {
-            problem_ = std::string(noTable) + ": \"format\" must be " + quoted(tableFormat);
+            problem_ = std::string(noTable) + ": \"format\" must be " + jsonQuoted(tableFormat);
         }
     }
 

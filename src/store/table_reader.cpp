@@ -31,7 +31,7 @@ public:
 
 private:
     [[nodiscard]] bool refuse(const std::string& what);
-    [[nodiscard]] bool refuseMember(const std::string& what) { return refuse(quoted(name_) + " " + what); }
+    [[nodiscard]] bool refuseMember(const std::string& what) { return refuse(jsonQuoted(name_) + " " + what); }
 
     [[nodiscard]] bool isKnown() const;
     [[nodiscard]] bool heardUnknown(bool goOn);

@@ -87,6 +87,8 @@ enum class Sort { Hertz, Single, Tone, Whole, Truth, Text };
     return std::unexpected("must be " + std::string(wanted(sort)) + ", not " + found);
 }
 
+[[nodiscard]] std::unexpected<Refusal> tooLarge() { return std::unexpected(Refusal("is too large a number")); }
+
 [[nodiscard]] bool isWhole(double number) noexcept { return std::trunc(number) == number; }
 
 [[nodiscard]] bool fitsInt32(double number) noexcept {
@@ -96,12 +98,12 @@ enum class Sort { Hertz, Single, Tone, Whole, Truth, Text };
 [[nodiscard]] std::expected<base::Value, Refusal> readNumber(Sort sort, const JsonScalar& json) {
     const auto number = base::readDouble(json.text);
     if (!number) {
-        return std::unexpected("is too large a number");
+        return tooLarge();
     }
     if (sort == Sort::Tone || sort == Sort::Single) {
         // From the text: rounding twice, by way of a double, could miss the nearest single.
         const auto single = base::readSingle(json.text);
-        return single ? std::expected<base::Value, Refusal>(*single) : std::unexpected("is too large a number");
+        return single ? std::expected<base::Value, Refusal>(*single) : tooLarge();
     }
     if (isWhole(*number) && fitsInt32(*number)) {
         return static_cast<std::int32_t>(*number);
@@ -168,16 +170,20 @@ template <class Real>
         case Sort::Truth:
             return base::isTrue(value) ? "true" : "false";
         case Sort::Text:
-            return quoted(base::toText(value));
+            return jsonQuoted(base::toText(value));
         default:
             return writeNumber(sort, value);
         }
-    } catch (const base::Failure& failure) {
-        return refused(sort, failure.description());
+    } catch (const base::ConversionFailure&) {
+        return std::holds_alternative<std::string>(value) ? refused(sort, "text") : tooLarge();
     }
 }
 
 }  // namespace
+
+Refusal refusalOf(model::KeyKind kind, const std::string& found) { return refused(sortOf(kind), found).error(); }
+
+Refusal refusalOf(model::MemberKind kind, const std::string& found) { return refused(sortOf(kind), found).error(); }
 
 std::expected<base::Value, Refusal> readValue(model::KeyKind kind, const JsonScalar& json) {
     return read(sortOf(kind), json);

@@ -15,6 +15,10 @@ namespace telvar::store {
 // What follows the key's name in a refusal: "must be a number of hertz, not text".
 using Refusal = std::string;
 
+// "must be a number of hertz, not " and what was found.
+[[nodiscard]] Refusal refusalOf(model::KeyKind kind, const std::string& found);
+[[nodiscard]] Refusal refusalOf(model::MemberKind kind, const std::string& found);
+
 // Frequencies and steps become 32-bit integers where they are whole and fit, else doubles; tones become singles, whole
 // numbers 32-bit integers.
 [[nodiscard]] std::expected<base::Value, Refusal> readValue(model::KeyKind kind, const JsonScalar& json);

@@ -17,7 +17,7 @@ public:
         if (!text_.empty()) {
             text_ += separator_;
         }
-        text_.append(quoted(name)).append(": ").append(json);
+        text_.append(jsonQuoted(name)).append(": ").append(json);
     }
     void add(const UnknownMembers& members) {
         for (const auto& member : members) {
@@ -47,9 +47,9 @@ public:
             return channels;
         }
         Members members(",\n  ");
-        members.add("format", quoted(tableFormat));
+        members.add("format", jsonQuoted(tableFormat));
         members.add("version", std::to_string(tableVersion));
-        members.add("title", quoted(contents_.title));
+        members.add("title", jsonQuoted(contents_.title));
         members.add(contents_.unknown);
         members.add("radio", *radio);
         members.add("channels", *channels);
@@ -59,7 +59,7 @@ public:
 private:
     [[nodiscard]] std::unexpected<os::FileError> refused(const std::string& where, std::string_view key,
                                                          const Refusal& refusal) const {
-        return std::unexpected(os::FileError{name_, where + quoted(key) + " " + refusal});
+        return std::unexpected(os::FileError{name_, where + jsonQuoted(key) + " " + refusal});
     }
 
     [[nodiscard]] Text radioText() const {

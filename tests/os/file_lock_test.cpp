@@ -65,11 +65,10 @@ TEST_F(Lock, InAMissingFolderIsAFailure) {
 
 TEST_F(Lock, IsTheSameForEverySpellingOfAPath) {
     const auto plain = lockFileFor(folder / "table.telvar");
-    ASSERT_TRUE(plain) << plain.error().sentence();
-    EXPECT_EQ(lockFileFor(folder / "./sub/../table.telvar").value(), *plain);
-    EXPECT_NE(lockFileFor(folder / "other.telvar").value(), *plain);
-    EXPECT_TRUE(plain->starts_with(userStateFolder().value())) << *plain;
-    EXPECT_TRUE(FileLock::tryAcquire(*plain));
+    EXPECT_EQ(lockFileFor(folder / "./sub/../table.telvar"), plain);
+    EXPECT_NE(lockFileFor(folder / "other.telvar"), plain);
+    EXPECT_TRUE(plain.starts_with(userStateFolder().value())) << plain;
+    EXPECT_TRUE(FileLock::tryAcquire(plain));
 }
 
 }  // namespace
