@@ -29,7 +29,7 @@ inline constexpr std::string_view invalidDcs = "Invalid";
 // the store when it is needed.
 struct CellContext {
     model::DataStore& store;
-    std::int16_t channel;  // 1 to 255
+    std::int16_t channel = 0;  // 1 to 255
     base::NumberFormat format{};
 };
 using RenderContext = CellContext;
