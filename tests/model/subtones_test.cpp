@@ -1,6 +1,7 @@
 #include "model/subtones.h"
 
 #include <array>
+#include <ranges>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -56,8 +57,8 @@ TEST(DcsCodes, BlanksAroundACodeAreIgnoredAndNothingElseIs) {
 
 TEST(CtcssTones, ReadBackwardsAreTheStandardTonesAscending) {
     std::string tones;
-    for (auto tone = model::ctcssTones.rbegin(); tone != model::ctcssTones.rend(); ++tone) {
-        tones += base::fixedText(base::readDouble(base::numberText(*tone)).value(), 1) + " ";
+    for (const auto tone : model::ctcssTones | std::views::reverse) {
+        tones += base::fixedText(base::readDouble(base::numberText(tone)).value(), 1) + " ";
     }
     EXPECT_EQ(tones,
               "67.0 69.3 71.9 74.4 77.0 79.7 82.5 85.4 88.5 91.5 94.8 97.4 100.0 103.5 107.2 110.9 114.8 118.8 123.0 "

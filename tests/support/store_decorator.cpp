@@ -6,8 +6,8 @@ using Kind = StoreCall::Kind;
 
 std::string describe(const StoreCall& call) {
     const auto index = "(" + std::to_string(call.index) + ")";
-    const auto record = "ChannelTable" + index + "." + std::string(model::infoOf(call.key).name);
-    const auto member = std::string(model::infoOf(call.member).name);
+    auto record = "ChannelTable" + index + "." + std::string(model::infoOf(call.key).name);
+    auto member = std::string(model::infoOf(call.member).name);
     switch (call.kind) {
     case Kind::ReadChannel:
         return record;
