@@ -1,0 +1,130 @@
+// The peer of a drop-down list, with or without a text that can be typed.
+#include "ui/combo_box.h"
+
+#include <algorithm>
+
+#include "win32/control_peer.h"
+#include "win32/convert.h"
+#include "win32/peers.h"
+
+namespace telvar::win32 {
+
+namespace {
+
+constexpr int droppedItems = 12;
+
+class ComboBoxPeer final : public ControlPeer {
+public:
+    ComboBoxPeer(ui::ComboBox& box, PeerHost& host) noexcept : ControlPeer(box, host) {}
+
+    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
+        const bool moves = event.code >= ui::key::pageUp && event.code <= ui::key::down;
+        const bool types = event.code >= '0' && event.code <= 'Z' && (event.shift & ui::shift::control) == 0;
+        const bool closes = (event.code == ui::key::enter || event.code == ui::key::escape) &&
+                            SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+        return moves || closes || event.code == VK_F4 ||
+               ((event.shift & ui::shift::alt) == 0 && (types || event.code == ui::key::space));
+    }
+
+    [[nodiscard]] HBRUSH background(HDC dc) const override {
+        static_cast<void>(ControlPeer::background(dc));
+        SetBkColor(dc, GetSysColor(COLOR_WINDOW));
+        return GetSysColorBrush(COLOR_WINDOW);
+    }
+
+protected:
+    [[nodiscard]] Control control() const noexcept override {
+        const bool typed = box()->style() == ui::ComboBox::Style::DropDown;
+        return {.className = L"COMBOBOX",
+                .style = WS_TABSTOP | WS_VSCROLL | CBS_AUTOHSCROLL |
+                         static_cast<DWORD>(typed ? CBS_DROPDOWN : CBS_DROPDOWNLIST)};
+    }
+    [[nodiscard]] bool showsCaption() const noexcept override { return false; }
+
+    // The window of a combo box includes its list.
+    [[nodiscard]] RECT windowBounds() const noexcept override {
+        RECT at = rectOf(box()->bounds());
+        const auto item = static_cast<int>(SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0));
+        at.bottom += droppedItems * std::max(item, 1) + 2;
+        return at;
+    }
+
+    void showAspect(ui::Aspect changed) override {
+        using ui::Aspect;
+        const bool everything = changed == Aspect::Everything;
+        if (everything || changed == Aspect::Items) {
+            fill();
+        }
+        if (everything || changed == Aspect::Items || changed == Aspect::Value) {
+            SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(box()->listIndex()), 0);
+            if (box()->listIndex() < 0 && box()->style() == ui::ComboBox::Style::DropDown) {
+                setWindowText(box()->text());
+            }
+        }
+        if (everything || changed == Aspect::Bounds) {
+            fitField();
+        }
+    }
+
+    void userDid(unsigned code) override {
+        switch (code) {
+        case CBN_SELCHANGE:
+            if (settled()) {
+                box()->userSelected(static_cast<int>(SendMessageW(window(), CB_GETCURSEL, 0, 0)));
+            }
+            break;
+        case CBN_EDITCHANGE:
+            box()->userTyped(windowText(window()));
+            break;
+        // The focus is in the field inside the combo box, which does not tell its own messages.
+        case CBN_SETFOCUS:
+            host().focusGained(*this);
+            break;
+        case CBN_KILLFOCUS:
+            host().focusLost(*this, GetFocus());
+            break;
+        default:
+            break;
+        }
+    }
+
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
+            return original(message, wParam, lParam);
+        }
+        return ControlPeer::message(message, wParam, lParam);
+    }
+
+private:
+    [[nodiscard]] ui::ComboBox* box() const noexcept { return static_cast<ui::ComboBox*>(widget()); }
+
+    // Adds what is missing; a list that was cleared or changed is filled anew.
+    void fill() {
+        const auto& items = box()->items();
+        auto shown = static_cast<std::size_t>(std::max<LRESULT>(SendMessageW(window(), CB_GETCOUNT, 0, 0), 0));
+        if (shown >= items.size()) {
+            SendMessageW(window(), CB_RESETCONTENT, 0, 0);
+            shown = 0;
+        }
+        for (; shown < items.size(); ++shown) {
+            SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(widened(items[shown]).c_str()));
+        }
+    }
+
+    // The field takes its height from its item, not from the window.
+    void fitField() const {
+        constexpr int frame = 6;
+        const int height = box()->bounds().height() - frame;
+        if (height > 0) {
+            SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+        }
+    }
+};
+
+}  // namespace
+
+std::shared_ptr<ControlPeer> makeComboBoxPeer(ui::ComboBox& box, PeerHost& host) {
+    return std::make_shared<ComboBoxPeer>(box, host);
+}
+
+}  // namespace telvar::win32

@@ -1,0 +1,191 @@
+#include "win32/control_peer.h"
+
+#include "base/failure.h"
+#include "win32/convert.h"
+#include "win32/fonts.h"
+#include "win32/module.h"
+
+namespace telvar::win32 {
+
+ControlPeer::~ControlPeer() {
+    detach();
+    if (window_ != nullptr) {
+        SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
+        DestroyWindow(window_);
+    }
+}
+
+void ControlPeer::open(HWND parent) {
+    const Control made = control();
+    window_ = CreateWindowExW(made.extendedStyle, made.className, L"", made.style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0,
+                              0, parent, nullptr, moduleHandle(), nullptr);
+    if (window_ == nullptr) {
+        throw base::Failure("A window could not be created");
+    }
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    original_ =
+        reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)));
+    opened();
+    widget_->attach(*this);
+}
+
+void ControlPeer::detach() noexcept {
+    if (widget_ != nullptr) {
+        widget_->detach();
+        widget_ = nullptr;
+    }
+}
+
+void ControlPeer::widgetEnds() noexcept {
+    widget_ = nullptr;
+    if (window_ != nullptr) {
+        ShowWindow(window_, SW_HIDE);
+    }
+}
+
+void ControlPeer::setFont(const std::shared_ptr<const FormFont>& font) {
+    ++showing_;
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font->get()), TRUE);
+    --showing_;
+}
+
+void ControlPeer::show(ui::Aspect changed) noexcept {
+    if (widget_ == nullptr || window_ == nullptr) {
+        return;
+    }
+    ++showing_;
+    try {
+        showAny(changed);
+    } catch (const std::exception&) {
+        // Out of memory for a text: the window goes on showing the last one.
+        InvalidateRect(window_, nullptr, FALSE);
+    }
+    --showing_;
+}
+
+void ControlPeer::showAny(ui::Aspect changed) {
+    using ui::Aspect;
+    const bool everything = changed == Aspect::Everything;
+    if (everything || changed == Aspect::Enabled) {
+        EnableWindow(window_, widget_->enabled());
+    }
+    if (everything || changed == Aspect::Bounds) {
+        const RECT at = windowBounds();
+        SetWindowPos(window_, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+    }
+    if (showsCaption() && (everything || changed == Aspect::Text)) {
+        setWindowText(widget_->caption());
+    }
+    showAspect(changed);
+    if (changed == Aspect::Colours) {
+        InvalidateRect(window_, nullptr, TRUE);
+    }
+    if (everything || changed == Aspect::Visible) {
+        ShowWindow(window_, widget_->visible() ? SW_SHOWNA : SW_HIDE);
+    }
+}
+
+RECT ControlPeer::windowBounds() const noexcept { return rectOf(widget_->bounds()); }
+
+void ControlPeer::setWindowText(const std::string& text) const { SetWindowTextW(window_, widened(text).c_str()); }
+
+void ControlPeer::takeFocus() noexcept { SetFocus(window_); }
+
+void ControlPeer::accessKey() { SetFocus(window_); }
+
+bool ControlPeer::takesKey(const ui::KeyEvent& event) const noexcept {
+    return event.code == ui::key::space && (event.shift & ui::shift::alt) == 0;
+}
+
+void ControlPeer::keyPassedOn(const MSG& message) { static_cast<void>(message); }
+
+HBRUSH ControlPeer::background(HDC dc) const {
+    SetTextColor(dc, widget_ != nullptr ? colourOf(widget_->foreColor()) : GetSysColor(COLOR_WINDOWTEXT));
+    SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
+    return GetSysColorBrush(COLOR_BTNFACE);
+}
+
+void ControlPeer::notified(unsigned code) {
+    if (showing_ == 0 && widget_ != nullptr) {
+        const auto alive = shared_from_this();
+        userDid(code);
+    }
+}
+
+LRESULT ControlPeer::original(UINT message, WPARAM wParam, LPARAM lParam) const noexcept {
+    return CallWindowProcW(original_, window_, message, wParam, lParam);
+}
+
+bool ControlPeer::settled() const {
+    if (widget_ != nullptr) {
+        host_->settleFocus();
+    }
+    return widget_ != nullptr;
+}
+
+bool ControlPeer::raiseKeyDown(WPARAM code) {
+    if (!settled()) {
+        return false;
+    }
+    ui::KeyEvent event{.code = static_cast<int>(code), .shift = shiftState()};
+    widget_->KeyDown(event);
+    return event.code != 0 && window_ != nullptr;
+}
+
+WPARAM ControlPeer::raiseKeyPress(WPARAM code) {
+    if (widget_ == nullptr) {
+        return 0;
+    }
+    ui::KeyPressEvent event{.code = static_cast<int>(code)};
+    widget_->KeyPress(event);
+    return window_ != nullptr ? static_cast<WPARAM>(event.code) : 0;
+}
+
+LRESULT ControlPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (widget_ == nullptr) {
+        return original(message, wParam, lParam);
+    }
+    switch (message) {
+    case WM_SETFOCUS:
+        host_->focusGained(*this);
+        return original(message, wParam, lParam);
+    case WM_KILLFOCUS: {
+        const LRESULT result = original(message, wParam, lParam);
+        if (widget_ != nullptr) {
+            host_->focusLost(*this, reinterpret_cast<HWND>(wParam));
+        }
+        return result;
+    }
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+        return raiseKeyDown(wParam) ? original(message, wParam, lParam) : 0;
+    case WM_CHAR: {
+        const WPARAM character = raiseKeyPress(wParam);
+        return character != 0 ? original(message, character, lParam) : 0;
+    }
+    default:
+        return original(message, wParam, lParam);
+    }
+}
+
+LRESULT CALLBACK ControlPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    auto* const peer = reinterpret_cast<ControlPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    const auto alive = peer != nullptr ? peer->weak_from_this().lock() : nullptr;
+    if (!alive) {
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+    try {
+        const auto held = alive->widget_ != nullptr ? alive->host_->hold() : nullptr;
+        const LRESULT result = alive->message(message, wParam, lParam);
+        if (message == WM_NCDESTROY) {
+            alive->window_ = nullptr;
+        }
+        return result;
+    } catch (...) {
+        return 0;
+    }
+}
+
+}  // namespace telvar::win32

@@ -1,0 +1,96 @@
+#include "win32/dispatcher_window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/failure.h"
+#include "ui/timer.h"
+
+namespace telvar::win32 {
+
+void DispatcherWindow::open() { create(WindowKind::Messages, 0, 0, RECT{}, HWND_MESSAGE); }
+
+void DispatcherWindow::post(std::function<void()> work) {
+    const std::scoped_lock held(lock_);
+    if (handle() == nullptr) {
+        return;
+    }
+    queue_.push_back(std::move(work));
+    // One message at a time: a thread's message queue is of limited length.
+    if (!announced_) {
+        announced_ = PostMessageW(handle(), workPosted, 0, 0) != FALSE;
+    }
+}
+
+void DispatcherWindow::runNext() {
+    std::function<void()> work;
+    {
+        const std::scoped_lock held(lock_);
+        announced_ = false;
+        if (queue_.empty()) {
+            return;
+        }
+        work = std::move(queue_.front());
+        queue_.pop_front();
+        // Announced before the work runs, which may pump messages itself.
+        if (!queue_.empty()) {
+            announced_ = PostMessageW(handle(), workPosted, 0, 0) != FALSE;
+        }
+    }
+    work();
+}
+
+void DispatcherWindow::start(ui::Timer& timer, std::chrono::milliseconds interval) {
+    stop(timer);
+    const auto id = ++lastTimer_;
+    const auto period = std::clamp<long long>(interval.count(), USER_TIMER_MINIMUM, USER_TIMER_MAXIMUM);
+    if (handle() == nullptr || SetTimer(handle(), id, static_cast<UINT>(period), nullptr) == 0) {
+        throw base::Failure("A timer could not be started");
+    }
+    timers_.try_emplace(id, &timer);
+}
+
+void DispatcherWindow::stop(const ui::Timer& timer) noexcept {
+    const auto found =
+        std::ranges::find_if(timers_, [&timer](const auto& entry) { return entry.second.timer == &timer; });
+    if (found != timers_.end()) {
+        KillTimer(handle(), found->first);
+        timers_.erase(found);
+    }
+}
+
+void DispatcherWindow::tick(UINT_PTR id) const {
+    // A tick that was under way when its timer was stopped finds nothing.
+    if (const auto found = timers_.find(id); found != timers_.end()) {
+        found->second.timer->Tick();
+    }
+}
+
+void DispatcherWindow::close() noexcept {
+    for (const auto& [id, running] : timers_) {
+        KillTimer(handle(), id);
+    }
+    timers_.clear();
+    std::deque<std::function<void()>> dropped;
+    {
+        // A worker that posts meanwhile finds either the window or none.
+        const std::scoped_lock held(lock_);
+        dropped.swap(queue_);
+        destroy();
+    }
+}
+
+LRESULT DispatcherWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case workPosted:
+        runNext();
+        return 0;
+    case WM_TIMER:
+        tick(wParam);
+        return 0;
+    default:
+        return defaultMessage(message, wParam, lParam);
+    }
+}
+
+}  // namespace telvar::win32

@@ -1,0 +1,53 @@
+// The window without a face that belongs to a desktop: runs work posted from any thread, and ticks timers.
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <map>
+#include <mutex>
+
+#include "base/dispatcher.h"
+#include "win32/module.h"
+#include "win32/window.h"
+
+namespace telvar::ui {
+class Timer;
+}
+
+namespace telvar::win32 {
+
+class DispatcherWindow final : public Window, public base::Dispatcher {
+public:
+    void open();
+
+    void post(std::function<void()> work) override;
+
+    void start(ui::Timer& timer, std::chrono::milliseconds interval);
+    void stop(const ui::Timer& timer) noexcept;
+
+    // Drops the queued work and ends the timers and the window.
+    void close() noexcept;
+
+protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    static constexpr UINT workPosted = WM_APP;
+
+    struct Running {
+        ui::Timer* timer;
+        Use use;
+    };
+
+    void runNext();
+    void tick(UINT_PTR id) const;
+
+    std::mutex lock_;
+    std::deque<std::function<void()>> queue_;
+    bool announced_ = false;
+    std::map<UINT_PTR, Running> timers_;
+    UINT_PTR lastTimer_ = 0;
+};
+
+}  // namespace telvar::win32

@@ -1,0 +1,51 @@
+#include "win32/fonts.h"
+
+#include <algorithm>
+
+#include "win32/dpi.h"
+
+namespace telvar::win32 {
+
+LOGFONTW messageFont(int dpi) noexcept {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    LOGFONTW font{};
+    if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0) != FALSE) {
+        font = metrics.lfMessageFont;
+        font.lfHeight = MulDiv(font.lfHeight, dpi, screenDpi());
+    } else {
+        constexpr int points = 8;
+        font.lfHeight = -MulDiv(points, dpi, 72);
+        font.lfWeight = FW_NORMAL;
+        constexpr std::wstring_view face = L"MS Shell Dlg 2";
+        std::ranges::copy(face, std::begin(font.lfFaceName));
+    }
+    font.lfWidth = 0;
+    return font;
+}
+
+FormFont::FormFont(int dpi) : dpi_(dpi) {
+    const LOGFONTW description = messageFont(dpi);
+    font_ = Font(CreateFontIndirectW(&description));
+    const MemoryContext dc;
+    const Selected selected(dc.get(), font_.get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.get(), &metrics);
+    height_ = static_cast<int>(metrics.tmHeight);
+    GetCharWidth32W(dc.get(), 0, static_cast<UINT>(widths_.size() - 1), widths_.data());
+}
+
+int FormFont::widthOf(HDC dc, std::wstring_view text) const noexcept {
+    int width = 0;
+    for (const wchar_t character : text) {
+        if (character >= widths_.size()) {
+            SIZE size{};
+            GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
+            return static_cast<int>(size.cx);
+        }
+        width += widths_[character];
+    }
+    return width;
+}
+
+}  // namespace telvar::win32

@@ -1,0 +1,33 @@
+// The font of forms and of the grid: the one that the user chose for messages, at a given number of dots per inch.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <string_view>
+
+#include "win32/gdi.h"
+
+namespace telvar::win32 {
+
+// The face and style of the user's message font with a height for that many dots per inch.
+[[nodiscard]] LOGFONTW messageFont(int dpi) noexcept;
+
+class FormFont {
+public:
+    explicit FormFont(int dpi);
+
+    [[nodiscard]] HFONT get() const noexcept { return font_.get(); }
+    [[nodiscard]] int dpi() const noexcept { return dpi_; }
+    [[nodiscard]] int height() const noexcept { return height_; }
+    // Pixels that a text takes in one line. Cheap for ASCII, which is what nearly every cell holds.
+    [[nodiscard]] int widthOf(HDC dc, std::wstring_view text) const noexcept;
+
+private:
+    int dpi_;
+    int height_ = 0;
+    std::array<INT, 128> widths_{};
+    Font font_;
+};
+
+}  // namespace telvar::win32

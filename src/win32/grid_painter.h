@@ -1,0 +1,52 @@
+// Paints a grid: cells, headers, selection and the empty space around. Used by the grid window and for pictures without
+// a window; knows nothing of either. The blinking frame is the window's.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/grid.h"
+#include "ui/grid_layout.h"
+#include "win32/fonts.h"
+
+namespace telvar::win32 {
+
+struct GridColours;
+
+class GridPainter {
+public:
+    explicit GridPainter(std::shared_ptr<const FormFont> font) noexcept : font_(std::move(font)) {}
+
+    // Heights that the font needs.
+    [[nodiscard]] ui::GridMetrics metrics() const noexcept;
+
+    // Covers every pixel of `damage` inside the layout's view, and touches cells that lie in it only. `active` is the
+    // look of a grid that has the keyboard focus.
+    void paint(HDC dc, const ui::Grid& grid, const ui::GridLayout& layout, const RECT& damage, bool active) const;
+
+private:
+    struct Line {
+        int index;
+        int from;
+        int to;
+    };
+    struct Pass;
+
+    void paintBody(const Pass& pass, const std::vector<Line>& rows, const std::vector<Line>& columns) const;
+    void paintFixed(const Pass& pass, const std::vector<Line>& rows, const std::vector<Line>& columns) const;
+    void paintCell(const Pass& pass, ui::Cell cell, const RECT& rect) const;
+    void paintHeader(const Pass& pass, ui::Cell cell, const RECT& rect) const;
+    void drawText(HDC dc, const RECT& rect, std::wstring_view text, ui::Alignment alignment, int top,
+                  UINT options) const;
+    // Shortened with dots when it is too wide.
+    [[nodiscard]] std::wstring_view fitted(HDC dc, std::wstring_view text, int width, std::wstring& shortened) const;
+    [[nodiscard]] int padding() const noexcept { return MulDiv(3, font_->dpi(), ui::standardDpi); }
+
+    std::shared_ptr<const FormFont> font_;
+};
+
+}  // namespace telvar::win32

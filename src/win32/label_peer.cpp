@@ -1,0 +1,50 @@
+// The peers of what is only looked at: labels and frames.
+#include "ui/label.h"
+
+#include "win32/control_peer.h"
+#include "win32/peers.h"
+
+namespace telvar::win32 {
+
+namespace {
+
+class StillPeer final : public ControlPeer {
+public:
+    StillPeer(ui::Widget& widget, PeerHost& host, const Control& control) noexcept
+        : ControlPeer(widget, host), control_(control) {}
+
+    [[nodiscard]] bool takesFocus() const noexcept override { return false; }
+    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
+        static_cast<void>(event);
+        return false;
+    }
+
+    static Control labelControl() noexcept { return {.className = L"STATIC", .style = SS_LEFT}; }
+    // Lies behind the widgets that it surrounds.
+    static Control frameControl() noexcept { return {.className = L"BUTTON", .style = BS_GROUPBOX}; }
+
+protected:
+    [[nodiscard]] Control control() const noexcept override { return control_; }
+    void opened() override {
+        if ((control_.style & BS_GROUPBOX) == BS_GROUPBOX) {
+            SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        }
+    }
+    void showAspect(ui::Aspect changed) override { static_cast<void>(changed); }
+    void userDid(unsigned code) override { static_cast<void>(code); }
+
+private:
+    Control control_;
+};
+
+}  // namespace
+
+std::shared_ptr<ControlPeer> makeLabelPeer(ui::Label& label, PeerHost& host) {
+    return std::make_shared<StillPeer>(label, host, StillPeer::labelControl());
+}
+
+std::shared_ptr<ControlPeer> makeFramePeer(ui::Frame& frame, PeerHost& host) {
+    return std::make_shared<StillPeer>(frame, host, StillPeer::frameControl());
+}
+
+}  // namespace telvar::win32

@@ -1,0 +1,112 @@
+// The peer of a text box: the system's edit control.
+#include "ui/text_box.h"
+
+#include "win32/control_peer.h"
+#include "win32/convert.h"
+#include "win32/peers.h"
+
+namespace telvar::win32 {
+
+namespace {
+
+bool editingShortcut(int code) noexcept {
+    return code == 'A' || code == 'C' || code == 'V' || code == 'X' || code == 'Z';
+}
+
+class TextBoxPeer final : public ControlPeer {
+public:
+    TextBoxPeer(ui::TextBox& box, PeerHost& host) noexcept : ControlPeer(box, host) {}
+
+    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
+        using namespace ui;
+        if ((event.shift & shift::alt) != 0) {
+            return false;
+        }
+        const bool moves = event.code >= key::end && event.code <= key::down;
+        if (moves || event.code == key::backspace || event.code == key::deleteKey) {
+            return true;
+        }
+        if ((event.shift & shift::control) != 0) {
+            return editingShortcut(event.code);
+        }
+        constexpr int firstNumpad = VK_NUMPAD0;
+        constexpr int lastNumpad = VK_DIVIDE;
+        constexpr int firstPunctuation = VK_OEM_1;
+        constexpr int lastPunctuation = VK_OEM_102;
+        return event.code == key::space || (event.code >= '0' && event.code <= 'Z') ||
+               (event.code >= firstNumpad && event.code <= lastNumpad) ||
+               (event.code >= firstPunctuation && event.code <= lastPunctuation);
+    }
+
+    [[nodiscard]] HBRUSH background(HDC dc) const override {
+        static_cast<void>(ControlPeer::background(dc));
+        const bool edits = box() != nullptr && box()->enabled() && !box()->readOnly();
+        const int colour = edits ? COLOR_WINDOW : COLOR_BTNFACE;
+        SetBkColor(dc, GetSysColor(colour));
+        return GetSysColorBrush(colour);
+    }
+
+    void accessKey() override {
+        ControlPeer::accessKey();
+        SendMessageW(window(), EM_SETSEL, 0, -1);
+        readSelection();
+    }
+
+protected:
+    [[nodiscard]] Control control() const noexcept override {
+        return {.className = L"EDIT", .style = WS_TABSTOP | ES_AUTOHSCROLL, .extendedStyle = WS_EX_CLIENTEDGE};
+    }
+    [[nodiscard]] bool showsCaption() const noexcept override { return false; }
+
+    void showAspect(ui::Aspect changed) override {
+        using ui::Aspect;
+        const bool everything = changed == Aspect::Everything;
+        if (everything || changed == Aspect::Enabled) {
+            SendMessageW(window(), EM_SETREADONLY, box()->readOnly() ? TRUE : FALSE, 0);
+        }
+        // The caption is not shown, so only a new text is worth the flicker.
+        if ((everything || changed == Aspect::Text) && windowText(window()) != box()->text()) {
+            setWindowText(box()->text());
+        }
+        if (everything || changed == Aspect::TextSelection) {
+            const int start = box()->selStart();
+            SendMessageW(window(), EM_SETSEL, static_cast<WPARAM>(start), start + box()->selLength());
+        }
+    }
+
+    void userDid(unsigned code) override {
+        if (code == EN_CHANGE) {
+            readSelection();
+            box()->userTyped(windowText(window()));
+        }
+    }
+
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        const LRESULT result = ControlPeer::message(message, wParam, lParam);
+        // The control does not tell when the user moves the selection.
+        if (message == WM_KEYDOWN || message == WM_LBUTTONUP) {
+            readSelection();
+        }
+        return result;
+    }
+
+private:
+    [[nodiscard]] ui::TextBox* box() const noexcept { return static_cast<ui::TextBox*>(widget()); }
+
+    void readSelection() const noexcept {
+        DWORD start = 0;
+        DWORD end = 0;
+        SendMessageW(window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+        if (box() != nullptr) {
+            box()->userSelected(static_cast<int>(start), static_cast<int>(end - start));
+        }
+    }
+};
+
+}  // namespace
+
+std::shared_ptr<ControlPeer> makeTextBoxPeer(ui::TextBox& box, PeerHost& host) {
+    return std::make_shared<TextBoxPeer>(box, host);
+}
+
+}  // namespace telvar::win32

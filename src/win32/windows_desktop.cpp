@@ -1,0 +1,216 @@
+#include "win32/windows_desktop.h"
+
+#include <utility>
+#include <vector>
+
+#include "base/failure.h"
+#include "ui/menu.h"
+#include "ui/timer.h"
+#include "win32/clipboard.h"
+#include "win32/convert.h"
+#include "win32/gdi.h"
+#include "win32/module.h"
+
+namespace telvar::win32 {
+
+namespace {
+
+UINT styleOf(const ui::MessageBox& box) noexcept {
+    UINT style = MB_OK;
+    switch (box.buttons) {
+    case ui::Buttons::Ok:
+        break;
+    case ui::Buttons::OkCancel:
+        style = MB_OKCANCEL;
+        break;
+    case ui::Buttons::YesNo:
+        style = MB_YESNO;
+        break;
+    }
+    switch (box.icon) {
+    case ui::Icon::None:
+        break;
+    case ui::Icon::Information:
+        style |= MB_ICONINFORMATION;
+        break;
+    case ui::Icon::Exclamation:
+        style |= MB_ICONEXCLAMATION;
+        break;
+    }
+    return style;
+}
+
+// The site's modeless windows are disabled for this guard's lifetime. Holds a copy: the site may change inside.
+class ModalTime {
+public:
+    explicit ModalTime(std::function<void(bool)> enableModeless) : enableModeless_(std::move(enableModeless)) {
+        if (enableModeless_) {
+            enableModeless_(false);
+        }
+    }
+    ModalTime(const ModalTime&) = delete;
+    ModalTime& operator=(const ModalTime&) = delete;
+    ModalTime(ModalTime&&) = delete;
+    ModalTime& operator=(ModalTime&&) = delete;
+    ~ModalTime() {
+        if (enableModeless_) {
+            enableModeless_(true);
+        }
+    }
+
+private:
+    std::function<void(bool)> enableModeless_;
+};
+
+// False when the message loop is quitting; the quit message is posted again for the loop outside.
+bool handle(const MSG& message) {
+    if (message.message == WM_QUIT) {
+        PostQuitMessage(static_cast<int>(message.wParam));
+        return false;
+    }
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+    return true;
+}
+
+UINT track(const PopupMenu& popup, HWND owner, POINT at) {
+    return static_cast<UINT>(TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_LEFTALIGN,
+                                            static_cast<int>(at.x), static_cast<int>(at.y), 0, owner, nullptr));
+}
+
+}  // namespace
+
+WindowsDesktop::WindowsDesktop() : messages_(std::make_shared<DispatcherWindow>()) { messages_->open(); }
+
+WindowsDesktop::~WindowsDesktop() {
+    messages_->close();
+    unregisterWindowClasses();
+}
+
+ui::Answer WindowsDesktop::show(const ui::MessageBox& box) {
+    const HWND owner = site_.owner ? site_.owner() : nullptr;
+    const HWND focus = GetFocus();
+    const UINT modality = owner == nullptr ? MB_TASKMODAL : MB_APPLMODAL;
+    int answer = 0;
+    {
+        const ModalTime modal(site_.enableModeless);
+        answer = MessageBoxW(owner, widened(box.text).c_str(), widened(box.title).c_str(), styleOf(box) | modality);
+    }
+    // A host's frame seldom gives the focus back to the window inside it that had it.
+    if (focus != nullptr && IsWindow(focus) != FALSE && GetAncestor(focus, GA_ROOT) == GetActiveWindow()) {
+        SetFocus(focus);
+    }
+    switch (answer) {
+    case IDCANCEL:
+        return ui::Answer::Cancel;
+    case IDYES:
+        return ui::Answer::Yes;
+    case IDNO:
+        return ui::Answer::No;
+    case IDOK:
+        return ui::Answer::Ok;
+    default:
+        throw base::Failure("A message box could not be shown");
+    }
+}
+
+void WindowsDesktop::popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) {
+    const auto found = windows_.find(&widget);
+    if (found == windows_.end()) {
+        return;
+    }
+    const std::vector<ui::MenuItem*> items = menu.items();
+    const PopupMenu popup;
+    for (std::size_t index = 0; index < items.size(); ++index) {
+        const ui::MenuItem& item = *items[index];
+        const UINT kind = item.caption() == "-" ? MF_SEPARATOR : MF_STRING;
+        const UINT state = item.enabled() ? MF_ENABLED : MF_GRAYED;
+        AppendMenuW(popup.get(), kind | state, index + 1, widened(item.caption()).c_str());
+    }
+    POINT screen{at.x, at.y};
+    ClientToScreen(found->second, &screen);
+    const UINT chosen = track(popup, found->second, screen);
+    if (chosen > 0 && chosen <= items.size()) {
+        items[chosen - 1]->userChoose();
+    }
+}
+
+void WindowsDesktop::setPointer(ui::Pointer pointer) {
+    pointer_ = pointer;
+    SetCursor(LoadCursorW(nullptr, pointer == ui::Pointer::Hourglass ? IDC_WAIT : IDC_ARROW));
+}
+
+bool WindowsDesktop::showPointer() const noexcept {
+    if (pointer_ == ui::Pointer::Default) {
+        return false;
+    }
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    return true;
+}
+
+std::optional<std::string> WindowsDesktop::clipboardText() { return readClipboardText(messages_->handle()); }
+
+void WindowsDesktop::setClipboardText(const std::string& text) { writeClipboardText(messages_->handle(), text); }
+
+// Neither of the two pumps touches the desktop after a message: it may be gone by then.
+void WindowsDesktop::doEvents() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && handle(message)) {
+    }
+}
+
+bool WindowsDesktop::pumpUntil(const std::function<bool()>& done) {
+    // A foreign object may change its state without any message, so even an idle wait looks again now and then.
+    constexpr DWORD longestSleep = 50;
+    while (!done()) {
+        MSG message{};
+        if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
+            MsgWaitForMultipleObjectsEx(0, nullptr, longestSleep, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        } else if (!handle(message)) {
+            return done();
+        }
+    }
+    return true;
+}
+
+ui::Size WindowsDesktop::screenSize() { return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
+
+std::shared_ptr<const FormFont> WindowsDesktop::font(int dpi) {
+    auto& font = fonts_[dpi];
+    if (!font) {
+        font = std::make_shared<const FormFont>(dpi);
+    }
+    return font;
+}
+
+ui::Size WindowsDesktop::measure(const std::string& text, int dpi) {
+    const auto used = font(dpi);
+    const MemoryContext dc;
+    const Selected selected(dc.get(), used->get());
+    RECT extent{};
+    const std::wstring wide = widened(text);
+    DrawTextW(dc.get(), wide.c_str(), static_cast<int>(wide.size()), &extent, DT_CALCRECT | DT_SINGLELINE);
+    return {static_cast<int>(extent.right), used->height()};
+}
+
+base::Dispatcher& WindowsDesktop::dispatcher() { return *messages_; }
+
+void WindowsDesktop::startTimer(ui::Timer& timer, std::chrono::milliseconds interval) {
+    messages_->start(timer, interval);
+}
+
+void WindowsDesktop::stopTimer(ui::Timer& timer) noexcept { messages_->stop(timer); }
+
+void WindowsDesktop::showModal(ui::Form& form) {
+    static_cast<void>(form);
+    throw base::Failure("Forms have no window yet");
+}
+
+void WindowsDesktop::showModeless(ui::Form& form) {
+    static_cast<void>(form);
+    throw base::Failure("Forms have no window yet");
+}
+
+void WindowsDesktop::hide(ui::Form& form) { static_cast<void>(form); }
+
+}  // namespace telvar::win32

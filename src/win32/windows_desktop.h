@@ -1,0 +1,68 @@
+// The desktop of a control in a Windows process: message boxes over the host's window, menus, pointer, clipboard,
+// waiting, timers and work from other threads. Lives on the user-interface thread; only the dispatcher may be used from
+// others.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "ui/desktop.h"
+#include "win32/dispatcher_window.h"
+#include "win32/fonts.h"
+
+namespace telvar::win32 {
+
+class WindowsDesktop final : public ui::Desktop {
+public:
+    // What a control without a site leaves empty.
+    struct Site {
+        // The window that message boxes and forms belong to; null for none.
+        std::function<HWND()> owner;
+        // False before something modal is shown, True after it.
+        std::function<void(bool enable)> enableModeless;
+    };
+
+    WindowsDesktop();
+    ~WindowsDesktop() override;
+    void setSite(Site site) { site_ = std::move(site); }
+
+    ui::Answer show(const ui::MessageBox& box) override;
+    void showModal(ui::Form& form) override;
+    void showModeless(ui::Form& form) override;
+    void hide(ui::Form& form) override;
+    void popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) override;
+    void setPointer(ui::Pointer pointer) override;
+    [[nodiscard]] std::optional<std::string> clipboardText() override;
+    void setClipboardText(const std::string& text) override;
+    void doEvents() override;
+    bool pumpUntil(const std::function<bool()>& done) override;
+    [[nodiscard]] ui::Size screenSize() override;
+    [[nodiscard]] ui::Size measure(const std::string& text, int dpi) override;
+    [[nodiscard]] base::Dispatcher& dispatcher() override;
+    void startTimer(ui::Timer& timer, std::chrono::milliseconds interval) override;
+    void stopTimer(ui::Timer& timer) noexcept override;
+
+    // ---- for windows of this folder
+    // Made once for each number of dots per inch, and again after the user's settings changed.
+    [[nodiscard]] std::shared_ptr<const FormFont> font(int dpi);
+    void forgetFonts() noexcept { fonts_.clear(); }
+    // Answers a window's WM_SETCURSOR; False leaves the pointer to the window.
+    [[nodiscard]] bool showPointer() const noexcept;
+    void widgetShown(const ui::Widget& widget, HWND window) { windows_[&widget] = window; }
+    void windowGone(HWND window) noexcept {
+        std::erase_if(windows_, [window](const auto& entry) { return entry.second == window; });
+    }
+
+private:
+    Site site_;
+    std::shared_ptr<DispatcherWindow> messages_;
+    std::map<int, std::shared_ptr<const FormFont>> fonts_;
+    std::map<const ui::Widget*, HWND> windows_;
+    ui::Pointer pointer_ = ui::Pointer::Default;
+};
+
+}  // namespace telvar::win32
