@@ -163,9 +163,6 @@ private:
     void Timer1_Timer();
     void cmdChannelSelect_Click();
     void optLockMode_Click(std::int16_t Index);
-    void optLockMode0_Click();
-    void optLockMode1_Click();
-    void optLockMode2_Click();
     void frmCE_DataChanged();
     void frmCE_EditClosed();
     void frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo);
@@ -175,46 +172,63 @@ private:
     void frmMsgBox_Unloaded(bool blnYesClicked, bool blnIgnoreWarning);
 
     // A routine of the control: nothing when it is closed, told under its name when it fails, ended quietly when the
-    // control is closed inside.
+    // control is closed inside. Answers whether it ran to its end.
     template <class Body>
-    void routine(std::string_view name, Body&& body) {
+    bool routine(std::string_view name, Body&& body) {
         if (closed_) {
-            return;
+            return false;
         }
         try {
-            ui::trapped(desktop_, name, body);
+            body();
+            return true;
         } catch (const Ended&) {
-            return;
+            return false;
+        } catch (const std::exception&) {
+            if (!closed_) {
+                ui::tellFailureOf(desktop_, name);
+            }
+            return false;
         }
     }
     template <class... Arguments, class... Given>
     void raise(base::Event<Arguments...>& event, Given&&... arguments) {
         event(std::forward<Given>(arguments)...);
-        if (closed_) {
-            throw Ended{};
-        }
+        endIfClosed();
     }
+    ui::Answer show(const ui::MessageBox& box);
+    void endIfClosed() const;
+
+    // Fail where there is none.
+    [[nodiscard]] model::DataStorePointer store() const;
+    [[nodiscard]] model::RadioLinkPointer link() const;
+    static void checkChannel(std::int16_t channel);
 
     void fillPanel();
     void wire();
+    void setUpLockModes();
     [[nodiscard]] model::DataStorePointer makeTable() const;
-    // Fails where there is none.
-    [[nodiscard]] model::DataStorePointer store() const;
+    void forgetUndo() noexcept;
 
     void setUpGrid();
     void renderChannel(std::int16_t channel);
-    void paintRow(ui::Colour colour);
-    void refreshAll();
+    void renderAllChannels();
+    void paintRow(std::int16_t row, ui::Colour colour);
 
     void highlight(std::int16_t channel);
     void followSelectedChannel();
     void setBlinking(bool blinking);
 
-    void applyAccess(std::int16_t level);
-    void markLockedColumns(std::int16_t mode);
-
-    [[nodiscard]] std::int16_t typedChannel() const;
+    [[nodiscard]] double typedNumber() const;
     void stepChannel(std::int16_t wrapAt, std::int16_t wrapTo, std::int16_t step);
+    void selectOnRadio(std::int16_t channel);
+    void leaveChannelForLast();
+    [[nodiscard]] bool waitForQuietLink();
+    void scrollToChannel(std::int16_t channel);
+    void refuseTypedChannel();
+    void endChannelSelect();
+
+    void showColumnsOf(std::int16_t level);
+    void markHeaders(std::int16_t mode);
 
     ui::Desktop& desktop_;
     std::function<model::DataStorePointer()> makeTable_;
@@ -229,6 +243,8 @@ private:
     std::int16_t accessLevel_ = 0;
     std::int16_t messageBoxAnswer_ = 0;
     bool ignoreWarning_ = false;
+    std::int16_t channelToSend_ = 0;  // meanwhile typed, while selecting_
+    bool selecting_ = false;          // inside the channel-select button's wait
     bool blinking_ = false;
     bool blinkPhase_ = false;
     bool closed_ = false;

@@ -1,0 +1,217 @@
+// Start-up, end, links, and the answers to what the forms tell. The other concerns have files of their own: grid_view,
+// selection, access, services, strip_layout, and commands for what starts a longer job.
+#include "control/channel_information.h"
+
+#include <chrono>
+#include <utility>
+
+#include "base/failure.h"
+#include "editing/columns.h"
+#include "model/memory_data_store.h"
+#include "model/subtones.h"
+
+namespace telvar::control {
+
+namespace {
+
+constexpr auto blinkInterval = std::chrono::milliseconds(200);
+
+// Codes of the platform's message boxes.
+constexpr auto answeredYes = static_cast<std::int16_t>(ui::Answer::Yes);
+constexpr auto answeredNo = static_cast<std::int16_t>(ui::Answer::No);
+
+}  // namespace
+
+ChannelInformation::ChannelInformation(Surroundings surroundings)
+    : fgdDatabase("fgdDatabase", model::channelCount + 1, static_cast<int>(editing::columnCount)),
+      Timer1(surroundings.desktop),
+      desktop_(surroundings.desktop),
+      makeTable_(std::move(surroundings.makeTable)),
+      numberFormat_(surroundings.numberFormat),
+      logPath_(std::move(surroundings.logPath)) {
+    UserControl_Initialize();
+}
+
+ChannelInformation::~ChannelInformation() { close(); }
+
+// frmCE exists already; it is a member.
+void ChannelInformation::UserControl_Initialize() {
+    frmCE.setGrid(&fgdDatabase);
+    for (const auto code : model::dcsCodes) {
+        pcmbDCSCodes.addItem(std::string(code));
+    }
+    pcmbDCSCodes.setVisible(false);
+    setUpLockModes();
+    undoTable_ = makeTable();
+    redoTable_ = makeTable();
+    Timer1.setInterval(blinkInterval);
+    fillPanel();
+    wire();
+    panel_.setSize({ui::pixelsOf(defaultWidth, ui::standardDpi), ui::pixelsOf(defaultHeight, ui::standardDpi)},
+                   ui::standardDpi);
+}
+
+void ChannelInformation::fillPanel() {
+    lblSoftwareChannelSelect.setCaption("Software Channel Select");
+    txtChannelSelect.setCaption("Software Channel Select");
+    cmdChannelSelect.setCaption("Select");
+    frLockMode.setCaption("Lock Mode");
+    ckLockData.setCaption("Lock Data");
+    fgdDatabase.setCaption("Channel Information");
+    panel_.setCaption("Channel Information");
+    for (ui::Widget* child : std::initializer_list<ui::Widget*>{
+             &fgdDatabase, &lblSoftwareChannelSelect, &txtChannelSelect, &cmdChannelSelect, &frLockMode,
+             &optLockMode[0], &optLockMode[1], &optLockMode[2], &ckLockData}) {
+        panel_.add(*child);
+    }
+}
+
+void ChannelInformation::wire() {
+    ui::on(panel_.Resize, this, &ChannelInformation::UserControl_Resize);
+    ui::on(cmdChannelSelect.Click, this, &ChannelInformation::cmdChannelSelect_Click);
+    for (std::int16_t index = 0; index < static_cast<std::int16_t>(optLockMode.size()); ++index) {
+        optLockMode[static_cast<std::size_t>(index)].Click.connect([this, index] { optLockMode_Click(index); });
+    }
+    ui::on(Timer1.Tick, this, &ChannelInformation::Timer1_Timer);
+    ui::on(frmCE.DataChanged, this, &ChannelInformation::frmCE_DataChanged);
+    ui::on(frmCE.EditClosed, this, &ChannelInformation::frmCE_EditClosed);
+    ui::on(frmCE.OpenLoginWithChannelEdit, this, &ChannelInformation::frmCE_OpenLoginWithChannelEdit);
+    ui::on(frmCE.PauseDiagnosticsIfRunning, this, &ChannelInformation::frmCE_PauseDiagnosticsIfRunning);
+    ui::on(frmCE.PopUpMenuClick, this, &ChannelInformation::frmCE_PopUpMenuClick);
+    ui::on(frmCE.NeedToUpdateFlexGrid, this, &ChannelInformation::frmCE_NeedToUpdateFlexGrid);
+    ui::on(frmMsgBox.Unloaded, this, &ChannelInformation::frmMsgBox_Unloaded);
+}
+
+model::DataStorePointer ChannelInformation::makeTable() const {
+    model::DataStorePointer table;
+    ui::resumed([&] { table = makeTable_ ? makeTable_() : nullptr; });
+    return table ? table : std::make_shared<model::MemoryDataStore>();
+}
+
+void ChannelInformation::close() noexcept {
+    if (!std::exchange(closed_, true)) {
+        UserControl_Terminate();
+    }
+}
+
+// What a released object does in its end may come back here, so each is let go when nothing of the control points to
+// it.
+void ChannelInformation::UserControl_Terminate() {
+    Timer1.setEnabled(false);
+    setBlinking(false);
+    frmCE.setCentralDataStore(nullptr);
+    frmCE.setRadioComms(nullptr);
+    if (frmFill_) {
+        frmFill_->setCentralDataStore(nullptr);
+    }
+    static_cast<void>(std::exchange(undoTable_, nullptr));
+    static_cast<void>(std::exchange(redoTable_, nullptr));
+    static_cast<void>(std::exchange(pCentralDataStore_, nullptr));
+    static_cast<void>(std::exchange(plibRadioComms_, nullptr));
+}
+
+void ChannelInformation::setCentralDataStore(model::DataStorePointer store) {
+    if (closed_) {
+        return;
+    }
+    if (store != pCentralDataStore_) {
+        forgetUndo();
+    }
+    const auto former = std::exchange(pCentralDataStore_, std::move(store));
+}
+
+void ChannelInformation::setRadioComms(model::RadioLinkPointer link) {
+    if (!closed_) {
+        const auto former = std::exchange(plibRadioComms_, std::move(link));
+    }
+}
+
+void ChannelInformation::endIfClosed() const {
+    if (closed_) {
+        throw Ended{};
+    }
+}
+
+ui::Answer ChannelInformation::show(const ui::MessageBox& box) {
+    const auto answer = desktop_.show(box);
+    endIfClosed();
+    return answer;
+}
+
+model::DataStorePointer ChannelInformation::store() const {
+    endIfClosed();
+    if (!pCentralDataStore_) {
+        throw base::Failure("There is no data store");
+    }
+    return pCentralDataStore_;
+}
+
+model::RadioLinkPointer ChannelInformation::link() const {
+    endIfClosed();
+    if (!plibRadioComms_) {
+        throw base::Failure("There is no radio link");
+    }
+    return plibRadioComms_;
+}
+
+editing::frmFill& ChannelInformation::frmFill() {
+    if (!frmFill_) {
+        frmFill_ = std::make_unique<editing::frmFill>();
+        frmFill_->setCentralDataStore(pCentralDataStore_);
+    }
+    return *frmFill_;
+}
+
+// No table's backup may land in another table.
+void ChannelInformation::forgetUndo() noexcept {
+    frmCE.mnuPopUpMenuUndo.setEnabled(false);
+    frmCE.mnuPopUpMenuRedo.setEnabled(false);
+}
+
+void ChannelInformation::DistributeDataStoreLink() {
+    routine("DistributeDataStoreLink", [&] {
+        frmCE.setCentralDataStore(pCentralDataStore_);
+        frmFill().setCentralDataStore(pCentralDataStore_);
+    });
+}
+
+void ChannelInformation::DistributeRadioCommsLink() {
+    routine("DistributeRadioCommsLink", [&] { frmCE.setRadioComms(plibRadioComms_); });
+}
+
+void ChannelInformation::HideAdvancedButton() {}
+
+void ChannelInformation::frmCE_DataChanged() {
+    routine("frmCE_DataChanged", [&] {
+        store()->put(model::StoreMember::DataModified, true);
+        store()->put(model::StoreMember::ChannelDataModified, true);
+    });
+}
+
+void ChannelInformation::frmCE_EditClosed() {
+    routine("frmCE_EditClosed", [&] { raise(EditWindowClosed); });
+}
+
+void ChannelInformation::frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo) { UpdateRowData(intRowNo); }
+
+void ChannelInformation::frmCE_OpenLoginWithChannelEdit() {
+    routine("frmCE_OpenLoginWithChannelEdit", [&] { raise(OpenLoginWithChannelEdit); });
+}
+
+void ChannelInformation::frmCE_PauseDiagnosticsIfRunning() {
+    routine("frmCE_PauseDiagnosticsIfRunning", [&] { raise(PauseDiagnostics); });
+}
+
+void ChannelInformation::frmCE_PopUpMenuClick(std::int16_t& intButton) {
+    constexpr auto last = static_cast<std::int16_t>(GridCommand::Redo);
+    if (intButton >= 0 && intButton <= last) {
+        run(static_cast<GridCommand>(intButton));
+    }
+}
+
+void ChannelInformation::frmMsgBox_Unloaded(bool blnYesClicked, bool blnIgnoreWarning) {
+    messageBoxAnswer_ = blnYesClicked ? answeredYes : answeredNo;
+    ignoreWarning_ = blnIgnoreWarning;
+}
+
+}  // namespace telvar::control

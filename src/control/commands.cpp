@@ -1,0 +1,38 @@
+// The commands that edit, fill, check and transfer the table. Selecting everything works; the others are not built and
+// do nothing.
+#include "control/channel_information.h"
+
+namespace telvar::control {
+
+bool ChannelInformation::commandEnabled(GridCommand command) const noexcept {
+    switch (command) {
+    case GridCommand::Undo:
+        return frmCE.mnuPopUpMenuUndo.enabled();
+    case GridCommand::Redo:
+        return frmCE.mnuPopUpMenuRedo.enabled();
+    case GridCommand::Copy:
+    case GridCommand::Paste:
+    case GridCommand::Delete:
+        break;
+    }
+    return false;
+}
+
+void ChannelInformation::run(GridCommand command) { static_cast<void>(command); }
+
+void ChannelInformation::selectAll() {
+    routine("selectAll", [&] { fgdDatabase.select({1, 1}, {fgdDatabase.rows() - 1, fgdDatabase.columns() - 1}); });
+}
+
+void ChannelInformation::DisplayFill() {}
+void ChannelInformation::ChannelFillDown() {}
+void ChannelInformation::ChannelFillSeries() {}
+bool ChannelInformation::check_Frequencies() { return false; }
+std::string ChannelInformation::CheckTotalNoOfChannelScan() { return {}; }
+void ChannelInformation::LoadFromTelvar() {}
+void ChannelInformation::SendToTelvar() {}
+void ChannelInformation::LoadChannelInfoFromTelvar() {}
+void ChannelInformation::SendChannelInfoToTelvar() {}
+void ChannelInformation::RefreshEditForm() {}
+
+}  // namespace telvar::control

@@ -1,0 +1,192 @@
+// Which channel the grid shows as selected, its blinking frame, and the switching of the radio to the typed channel.
+#include "base/checked.h"
+#include "base/conversion.h"
+#include "base/failure.h"
+#include "base/rounding.h"
+#include "control/channel_information.h"
+
+namespace telvar::control {
+
+using model::StoreMember;
+
+namespace {
+
+// The rule for scrolling to a channel counts with this many rows, whatever the grid's height.
+constexpr int pageRows = 25;
+constexpr int scrollStep = 5;
+
+[[nodiscard]] constexpr bool isChannel(double number) noexcept { return number >= 1 && number <= model::channelCount; }
+
+// A flag that is set for as long as this lives.
+class Raised {
+public:
+    explicit Raised(bool& flag) noexcept : flag_(flag) { flag_ = true; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    Raised(Raised&&) = delete;
+    Raised& operator=(Raised&&) = delete;
+    ~Raised() { flag_ = false; }
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
+void ChannelInformation::checkChannel(std::int16_t channel) {
+    if (!isChannel(channel)) {
+        throw base::SubscriptFailure();
+    }
+}
+
+void ChannelInformation::HighLightChannel(std::int16_t nChannelNum) {
+    routine("HighLightChannel", [&] {
+        checkChannel(nChannelNum);
+        highlight(nChannelNum);
+    });
+}
+
+void ChannelInformation::highlight(std::int16_t channel) {
+    fgdDatabase.select({channel, 1}, {channel, fgdDatabase.columns() - 1});
+    for (int column = 1; column < fgdDatabase.columns(); ++column) {
+        fgdDatabase.setCellBackColor(channel, column, 0);
+    }
+    setBlinking(true);
+}
+
+void ChannelInformation::UpdateChannelSelection() {
+    routine("UpdateChannelSelection", [&] { followSelectedChannel(); });
+}
+
+void ChannelInformation::followSelectedChannel() {
+    fgdDatabase.setDisplay({});
+    const auto selected = base::toInt16(store()->get(StoreMember::SelectedChannel));
+    if (selected >= 1 && selected <= model::channelCount) {
+        highlight(selected);
+        txtChannelSelect.loadText(std::to_string(selected));
+    } else {
+        txtChannelSelect.loadText("");
+        setBlinking(false);
+    }
+}
+
+void ChannelInformation::setBlinking(bool blinking) {
+    blinking_ = blinking;
+    if (!blinking) {
+        fgdDatabase.setHighlightShown(false);
+    }
+}
+
+void ChannelInformation::Timer1_Timer() {
+    routine("Timer1_Timer", [&] {
+        if (blinking_) {
+            blinkPhase_ = !blinkPhase_;
+            fgdDatabase.setHighlightShown(blinkPhase_);
+        }
+    });
+}
+
+// The number that the text begins with, rounded half to even; possibly far outside 16 bits.
+double ChannelInformation::typedNumber() const {
+    return base::roundHalfEven(base::readLeadingNumber(txtChannelSelect.text(), numberFormat_));
+}
+
+void ChannelInformation::ChannelKeyUp() {
+    routine("ChannelKeyUp", [&] { stepChannel(1, model::channelCount, -1); });
+}
+
+void ChannelInformation::ChannelKeyDown() {
+    routine("ChannelKeyDown", [&] { stepChannel(model::channelCount, 1, 1); });
+}
+
+void ChannelInformation::stepChannel(std::int16_t wrapAt, std::int16_t wrapTo, std::int16_t step) {
+    const auto present = base::toInt16(base::Value{typedNumber()});
+    const auto next = present == wrapAt ? wrapTo : base::checkedAdd(present, step);
+    txtChannelSelect.setText(std::to_string(next));
+    txtChannelSelect.selectAll();
+    if (store()->AutomaticSelect(2)) {
+        cmdChannelSelect_Click();
+    }
+}
+
+void ChannelInformation::cmdChannelSelect_Click() {
+    if (selecting_) {
+        leaveChannelForLast();
+        return;
+    }
+    const bool ran = routine("cmdChannelSelect_Click", [&] {
+        cmdChannelSelect.setEnabled(false);
+        raise(HourglassOverWindow);
+        const auto busy = store()->get(StoreMember::CommsBusy);
+        const double number = typedNumber();
+        if (isChannel(number)) {
+            selectOnRadio(static_cast<std::int16_t>(number));
+        } else {
+            store()->put(StoreMember::CommsBusy, busy);
+            refuseTypedChannel();
+        }
+    });
+    if (!ran && !closed_) {
+        // No exchange was begun, so no end of one will enable the button.
+        endChannelSelect();
+    }
+}
+
+// Steps that arrive during the wait: the radio is switched once, to the last of them.
+void ChannelInformation::leaveChannelForLast() {
+    const double number = typedNumber();
+    if (isChannel(number)) {
+        channelToSend_ = static_cast<std::int16_t>(number);
+    }
+}
+
+void ChannelInformation::selectOnRadio(std::int16_t channel) {
+    scrollToChannel(channel);
+    channelToSend_ = channel;
+    if (!waitForQuietLink()) {
+        return;
+    }
+    if (!base::isTrue(store()->get(StoreMember::ChannelChangeAllowed))) {
+        return;
+    }
+    store()->EnterChannelSelect();
+    std::string text = std::to_string(channelToSend_);
+    link()->SelectChannel(text);
+}
+
+// False when the message loop is quitting.
+bool ChannelInformation::waitForQuietLink() {
+    const Raised waiting(selecting_);
+    raise(PauseDiagnostics);
+    const bool quiet =
+        desktop_.pumpUntil([&] { return closed_ || !base::isTrue(store()->get(StoreMember::CommsBusy)); });
+    endIfClosed();
+    return quiet;
+}
+
+void ChannelInformation::scrollToChannel(std::int16_t channel) {
+    const int top = fgdDatabase.topRow();
+    if (channel >= top + pageRows) {
+        fgdDatabase.setTopRow(channel - scrollStep);
+    } else if (channel < top) {
+        // One step only, even where the channel stays out of view.
+        fgdDatabase.setTopRow(top < scrollStep + 1 ? 1 : top - scrollStep);
+    }
+}
+
+void ChannelInformation::refuseTypedChannel() {
+    const auto title = base::toText(store()->get(StoreMember::MessageTitle), numberFormat_);
+    show({.text = "Channel Not configured correctly or Invalid channel selection.\r\nPlease configure the channel "
+                  "(1-255) by clicking on its respective row on the grid.",
+          .title = title + ": Invalid Channel Selection"});
+    txtChannelSelect.setFocus();
+    txtChannelSelect.selectAll();
+    endChannelSelect();
+}
+
+void ChannelInformation::endChannelSelect() {
+    cmdChannelSelect.setEnabled(true);
+    ui::resumed([this] { DefaultOverWindow(); });
+}
+
+}  // namespace telvar::control
