@@ -11,7 +11,7 @@ namespace telvar::com {
 // Calls one member. Each argument is brought to the parameter's type in a variable of the bridge; what the method
 // changed is converted back into the caller's variable. Arguments passed by value are never written to. Named arguments
 // are put into their places first.
-[[nodiscard]] HRESULT invokeThroughTypeInfo(ITypeInfo* info, void* instance, DISPID member, WORD flags,
+[[nodiscard]] HRESULT invokeThroughTypeInfo(ITypeInfo* info, void* instance, DISPID member, LCID locale, WORD flags,
                                             DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                                             UINT* wrongArgument) noexcept;
 
@@ -47,22 +47,22 @@ public:
                                DISPID* ids) noexcept override {
         return guarded([&] { return module::typeInfo(__uuidof(Interface))->GetIDsOfNames(names, count, ids); });
     }
-    STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID /*locale*/, WORD flags, DISPPARAMS* arguments,
-                        VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) noexcept override {
-        return invokeMember(member, reserved, flags, arguments, result, exception, wrongArgument);
+    STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                        EXCEPINFO* exception, UINT* wrongArgument) noexcept override {
+        return invokeMember(member, reserved, locale, flags, arguments, result, exception, wrongArgument);
     }
 
 protected:
     ~Dual() = default;
 
-    [[nodiscard]] HRESULT invokeMember(DISPID member, REFIID reserved, WORD flags, DISPPARAMS* arguments,
+    [[nodiscard]] HRESULT invokeMember(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments,
                                        VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) noexcept {
         return guarded([&] {
             if (!IsEqualIID(reserved, IID_NULL)) {
                 return DISP_E_UNKNOWNINTERFACE;
             }
             Interface* const instance = this;
-            return invokeThroughTypeInfo(module::typeInfo(__uuidof(Interface)).get(), instance, member, flags,
+            return invokeThroughTypeInfo(module::typeInfo(__uuidof(Interface)).get(), instance, member, locale, flags,
                                          arguments, result, exception, wrongArgument);
         });
     }

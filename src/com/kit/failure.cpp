@@ -141,6 +141,7 @@ HRESULT answerForException() noexcept {
         setErrorInfo(failure.what());
         return codeOf(failure);
     } catch (const std::bad_alloc&) {
+        SetErrorInfo(0, nullptr);
         return E_OUTOFMEMORY;
     } catch (const std::exception& exception) {
         setErrorInfo(exception.what());

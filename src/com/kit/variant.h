@@ -80,6 +80,12 @@ public:
         check(VariantCopy(&result.variant_, const_cast<VARIANT*>(&source)));
         return result;
     }
+    // The value that the source refers to, where it is a reference.
+    [[nodiscard]] static Variant copyBehind(const VARIANT& source) {
+        Variant result;
+        check(VariantCopyInd(&result.variant_, const_cast<VARIANT*>(&dereferenced(source))));
+        return result;
+    }
     [[nodiscard]] static Variant adopt(const VARIANT& owned) noexcept {
         Variant result;
         result.variant_ = owned;
@@ -114,8 +120,10 @@ public:
         return result;
     }
     [[nodiscard]] VARTYPE type() const noexcept { return V_VT(&variant_); }
-    // Another type of the same value, by the rules of automation and of one locale for all.
-    void convertTo(VARTYPE type) { check(VariantChangeTypeEx(&variant_, &variant_, LOCALE_INVARIANT, 0, type)); }
+    // Another type of the same value, by the rules of automation and of that locale.
+    void convertTo(VARTYPE type, LCID locale = LOCALE_INVARIANT) {
+        check(VariantChangeTypeEx(&variant_, &variant_, locale, 0, type));
+    }
 
     void swap(Variant& other) noexcept { std::swap(variant_, other.variant_); }
 
