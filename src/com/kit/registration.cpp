@@ -36,10 +36,6 @@ constexpr const wchar_t* platformKey = L"win32";
     return text.data();
 }
 
-[[nodiscard]] std::wstring operator+(const std::wstring& left, std::wstring_view right) {
-    return std::wstring(left).append(right);
-}
-
 [[nodiscard]] RegistryKey classesOf(RegisterFor whom) {
     const auto root = RegistryKey::root(whom == RegisterFor::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE);
     return root.create(LR"(Software\Classes)");
