@@ -4,6 +4,7 @@
 #include <ranges>
 #include <utility>
 
+#include "ui/label.h"
 #include "win32/access_keys.h"
 #include "win32/dpi.h"
 #include "win32/peers.h"
@@ -40,6 +41,12 @@ void ContainerWindow::makePeers() {
         if (auto peer = makePeer(*child, *this, handle(), font_)) {
             desktop_->widgetShown(*child, peer->window());
             peers_.push_back(std::move(peer));
+        }
+    }
+    // A frame lies behind the widgets that it surrounds, wherever it comes in tab order.
+    for (const PeerPointer& peer : peers_) {
+        if (dynamic_cast<const ui::Frame*>(peer->widget()) != nullptr) {
+            SetWindowPos(peer->window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         }
     }
 }

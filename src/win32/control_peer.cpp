@@ -26,7 +26,6 @@ void ControlPeer::open(HWND parent) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     original_ =
         reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)));
-    opened();
     widget_->attach(*this);
 }
 

@@ -41,8 +41,6 @@ protected:
         DWORD extendedStyle = 0;
     };
     [[nodiscard]] virtual Control control() const noexcept = 0;
-    // Once the window stands and before anything is shown.
-    virtual void opened() {}
     // Everything but caption, enabled, visible and bounds.
     virtual void showAspect(ui::Aspect changed) = 0;
     // A notification that the user caused. Must do nothing after it has raised an event: the peer may have lost its

@@ -11,6 +11,9 @@ namespace telvar::win32 {
 
 namespace {
 
+// Narrow, since the published column widths leave little room for the headers; they are centred anyway.
+constexpr int headerPadding = 1;
+
 // `share` of `over`, in hundredths, the rest of `under`.
 COLORREF mixed(COLORREF under, COLORREF over, int share) noexcept {
     const auto part = [share](int low, int high) { return static_cast<BYTE>(low + (((high - low) * share) / 100)); };
@@ -22,6 +25,19 @@ COLORREF mixed(COLORREF under, COLORREF over, int share) noexcept {
 COLORREF readableOn(COLORREF back) noexcept {
     const int brightness = ((GetRValue(back) * 299) + (GetGValue(back) * 587) + (GetBValue(back) * 114)) / 1000;
     return brightness >= 128 ? RGB(0, 0, 0) : RGB(255, 255, 255);
+}
+
+// The last place before `end` where a header may go on in the next line: at a blank, or where a new word begins with a
+// capital letter. 0 for none.
+std::size_t breakBefore(std::wstring_view text, std::size_t end) noexcept {
+    const auto small = [](wchar_t letter) { return letter >= L'a' && letter <= L'z'; };
+    const auto capital = [](wchar_t letter) { return letter >= L'A' && letter <= L'Z'; };
+    for (std::size_t at = end - 1; at > 0; --at) {
+        if (text[at] == L' ' || (small(text[at - 1]) && capital(text[at]))) {
+            return at;
+        }
+    }
+    return 0;
 }
 
 void fill(HDC dc, const RECT& rect, COLORREF colour) noexcept {
@@ -114,21 +130,33 @@ void GridPainter::paint(HDC dc, const ui::Grid& grid, const ui::GridLayout& layo
         addRow(row);
     }
     fill(dc, damage, pass.colours.face);
+    // Lines are what the cells leave uncovered.
+    fill(dc, blockOf(rows, columns, false), pass.colours.edge);
     paintBody(pass, rows, columns);
     paintFixed(pass, rows, columns);
+}
+
+// What the lines cover together, or only their scrolled part; both are in order and without gaps.
+RECT GridPainter::blockOf(const std::vector<Line>& rows, const std::vector<Line>& columns, bool scrolledOnly) {
+    if (rows.empty() || columns.empty()) {
+        return {};
+    }
+    const auto first = [scrolledOnly](const std::vector<Line>& lines) {
+        return scrolledOnly && lines.front().index == 0 ? lines.front().to : lines.front().from;
+    };
+    return {first(columns), first(rows), columns.back().to, rows.back().to};
 }
 
 void GridPainter::paintBody(const Pass& pass, const std::vector<Line>& rows, const std::vector<Line>& columns) const {
     const bool lines = pass.grid.display().gridLines;
     const int gap = lines ? 1 : 0;
+    if (lines) {
+        fill(pass.dc, blockOf(rows, columns, true), pass.colours.line);
+    }
     for (const Line& row : rows) {
         for (const Line& column : columns) {
             if (row.index > 0 && column.index > 0) {
-                const RECT rect{column.from, row.from, column.to, row.to};
-                if (lines) {
-                    fill(pass.dc, rect, pass.colours.line);
-                }
-                paintCell(pass, {row.index, column.index}, {rect.left, rect.top, rect.right - gap, rect.bottom - gap});
+                paintCell(pass, {row.index, column.index}, {column.from, row.from, column.to - gap, row.to - gap});
             }
         }
     }
@@ -138,9 +166,7 @@ void GridPainter::paintFixed(const Pass& pass, const std::vector<Line>& rows, co
     for (const Line& row : rows) {
         for (const Line& column : columns) {
             if (row.index == 0 || column.index == 0) {
-                const RECT rect{column.from, row.from, column.to, row.to};
-                fill(pass.dc, rect, pass.colours.edge);
-                paintHeader(pass, {row.index, column.index}, {rect.left, rect.top, rect.right - 1, rect.bottom - 1});
+                paintHeader(pass, {row.index, column.index}, {column.from, row.from, column.to - 1, row.to - 1});
             }
         }
     }
@@ -166,7 +192,7 @@ void GridPainter::paintCell(const Pass& pass, ui::Cell cell, const RECT& rect) c
     SetTextColor(pass.dc, text);
     widen(pass.grid.text(cell.row, cell.column), *pass.text);
     const int top = static_cast<int>(rect.top) + ((static_cast<int>(rect.bottom - rect.top) - font_->height()) / 2);
-    drawText(pass.dc, rect, *pass.text, pass.grid.cellAlignment(cell.row, cell.column), top, ETO_OPAQUE);
+    drawText(pass.dc, rect, *pass.text, pass.grid.cellAlignment(cell.row, cell.column), top, ETO_OPAQUE, padding());
     if (current && pass.active) {
         // Drawn by exclusive-or with these two colours.
         SetTextColor(pass.dc, RGB(0, 0, 0));
@@ -186,20 +212,22 @@ void GridPainter::paintHeader(const Pass& pass, ui::Cell cell, const RECT& rect)
     const int top = static_cast<int>(rect.top);
     if (cell.row > 0) {
         drawText(pass.dc, rect, text, pass.grid.cellAlignment(cell.row, cell.column),
-                 top + ((height - font_->height()) / 2), ETO_OPAQUE);
+                 top + ((height - font_->height()) / 2), ETO_OPAQUE, padding());
         return;
     }
-    const int width = static_cast<int>(rect.right - rect.left) - (2 * padding());
+    const int width = static_cast<int>(rect.right - rect.left) - (2 * headerPadding);
     std::size_t end = text.size();
-    while (end != std::wstring_view::npos && font_->widthOf(pass.dc, text.substr(0, end)) > width) {
-        end = end == 0 ? std::wstring_view::npos : text.rfind(L' ', end - 1);
+    while (end > 0 && font_->widthOf(pass.dc, text.substr(0, end)) > width) {
+        end = breakBefore(text, end);
     }
-    const bool wraps = end != std::wstring_view::npos && end < text.size();
+    const bool wraps = end > 0 && end < text.size();
     const int lines = wraps ? 2 : 1;
     const int first = top + ((height - (lines * font_->height())) / 2);
-    drawText(pass.dc, rect, wraps ? text.substr(0, end) : text, ui::Alignment::Centre, first, ETO_OPAQUE);
+    drawText(pass.dc, rect, wraps ? text.substr(0, end) : text, ui::Alignment::Centre, first, ETO_OPAQUE,
+             headerPadding);
     if (wraps) {
-        drawText(pass.dc, rect, text.substr(end + 1), ui::Alignment::Centre, first + font_->height(), 0);
+        drawText(pass.dc, rect, text.substr(text[end] == L' ' ? end + 1 : end), ui::Alignment::Centre,
+                 first + font_->height(), 0, headerPadding);
     }
 }
 
@@ -218,11 +246,11 @@ std::wstring_view GridPainter::fitted(HDC dc, std::wstring_view text, int width,
 }
 
 void GridPainter::drawText(HDC dc, const RECT& rect, std::wstring_view text, ui::Alignment alignment, int top,
-                           UINT options) const {
-    const int width = static_cast<int>(rect.right - rect.left) - (2 * padding());
+                           UINT options, int padding) const {
+    const int width = static_cast<int>(rect.right - rect.left) - (2 * padding);
     std::wstring shortened;
     const std::wstring_view shown = fitted(dc, text, width, shortened);
-    int left = static_cast<int>(rect.left) + padding();
+    int left = static_cast<int>(rect.left) + padding;
     if (alignment != ui::Alignment::LeftCentre) {
         const int rest = width - font_->widthOf(dc, shown);
         left += alignment == ui::Alignment::Centre ? rest / 2 : rest;

@@ -36,12 +36,14 @@ private:
     };
     struct Pass;
 
+    [[nodiscard]] static RECT blockOf(const std::vector<Line>& rows, const std::vector<Line>& columns,
+                                      bool scrolledOnly);
     void paintBody(const Pass& pass, const std::vector<Line>& rows, const std::vector<Line>& columns) const;
     void paintFixed(const Pass& pass, const std::vector<Line>& rows, const std::vector<Line>& columns) const;
     void paintCell(const Pass& pass, ui::Cell cell, const RECT& rect) const;
     void paintHeader(const Pass& pass, ui::Cell cell, const RECT& rect) const;
-    void drawText(HDC dc, const RECT& rect, std::wstring_view text, ui::Alignment alignment, int top,
-                  UINT options) const;
+    void drawText(HDC dc, const RECT& rect, std::wstring_view text, ui::Alignment alignment, int top, UINT options,
+                  int padding) const;
     // Shortened with dots when it is too wide.
     [[nodiscard]] std::wstring_view fitted(HDC dc, std::wstring_view text, int width, std::wstring& shortened) const;
     [[nodiscard]] int padding() const noexcept { return MulDiv(3, font_->dpi(), ui::standardDpi); }

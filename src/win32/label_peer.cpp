@@ -20,16 +20,10 @@ public:
     }
 
     static Control labelControl() noexcept { return {.className = L"STATIC", .style = SS_LEFT}; }
-    // Lies behind the widgets that it surrounds.
     static Control frameControl() noexcept { return {.className = L"BUTTON", .style = BS_GROUPBOX}; }
 
 protected:
     [[nodiscard]] Control control() const noexcept override { return control_; }
-    void opened() override {
-        if ((control_.style & BS_GROUPBOX) == BS_GROUPBOX) {
-            SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        }
-    }
     void showAspect(ui::Aspect changed) override { static_cast<void>(changed); }
     void userDid(unsigned code) override { static_cast<void>(code); }
 
