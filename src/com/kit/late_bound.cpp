@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 #include <dispex.h>
 
@@ -14,15 +15,42 @@ namespace {
 // More kinds than this are asked each time: a caller meets a store, its records and little else.
 constexpr std::size_t mostKinds = 8;
 
-[[nodiscard]] HRESULT invokeRaw(IDispatch& object, MemberId member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
-                                EXCEPINFO& exception) {
+// Borrowed copies of the arguments in reverse order: the callee owns none of them.
+[[nodiscard]] HRESULT invokeRaw(IDispatch& object, MemberId member, WORD flags, std::span<const Variant> arguments,
+                                Variant& result, EXCEPINFO& exception) {
+    constexpr std::size_t most = 8;
+    std::array<VARIANT, most> reversed;  // NOLINT: filled as far as it is used
+    if (arguments.size() > most) {
+        return DISP_E_BADPARAMCOUNT;
+    }
+    std::transform(arguments.rbegin(), arguments.rend(), reversed.begin(),
+                   [](const Variant& argument) { return argument.get(); });
+    const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    DISPID putName = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{reversed.data(), isPut ? &putName : nullptr, static_cast<UINT>(arguments.size()),
+                          isPut ? 1U : 0U};
+    VARIANT* const answer = isPut ? nullptr : result.put();
     if (!member.extended) {
-        return object.Invoke(member.id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result, &exception, nullptr);
+        return object.Invoke(member.id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, answer, &exception, nullptr);
     }
     const auto extended = ComPointer<IDispatchEx>::from(&object);
     return extended
-               ? extended->InvokeEx(member.id, LOCALE_USER_DEFAULT, flags, &parameters, result, &exception, nullptr)
+               ? extended->InvokeEx(member.id, LOCALE_USER_DEFAULT, flags, &parameters, answer, &exception, nullptr)
                : E_NOINTERFACE;
+}
+
+// The ways in which objects say that they have no such member; any other failure is one of asking.
+void checkAbsent(HRESULT answer) {
+    if (answer != DISP_E_UNKNOWNNAME && answer != DISP_E_MEMBERNOTFOUND && answer != TYPE_E_ELEMENTNOTFOUND &&
+        answer != E_NOTIMPL) {
+        throw ComFailure(answer);
+    }
+}
+
+[[nodiscard]] bool saysSame(ITypeInfo& info, const std::wstring& name, DISPID id) {
+    auto* changeable = const_cast<LPOLESTR>(name.c_str());
+    MEMBERID own = MEMBERID_NIL;
+    return SUCCEEDED(info.GetIDsOfNames(&changeable, 1, &own)) && own == id;
 }
 
 }  // namespace
@@ -31,14 +59,18 @@ MemberId memberOf(IDispatch& object, const wchar_t* name) {
     MemberId member;
     // The interface takes names that it may write to, and does not.
     auto* changeable = const_cast<LPOLESTR>(name);
-    if (SUCCEEDED(object.GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member.id))) {
+    const HRESULT plain = object.GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member.id);
+    if (SUCCEEDED(plain)) {
         return member;
     }
+    checkAbsent(plain);
     member.id = DISPID_UNKNOWN;
     if (const auto extended = ComPointer<IDispatchEx>::from(&object)) {
         const Bstr text{std::wstring_view(name)};
         member.extended = true;
-        if (FAILED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &member.id))) {
+        const HRESULT answer = extended->GetDispID(text.get(), fdexNameCaseInsensitive, &member.id);
+        if (FAILED(answer)) {
+            checkAbsent(answer);
             member.id = DISPID_UNKNOWN;
         }
     }
@@ -46,28 +78,25 @@ MemberId memberOf(IDispatch& object, const wchar_t* name) {
 }
 
 Variant invoke(IDispatch& object, MemberId member, WORD flags, std::span<const Variant> arguments) {
-    // Borrowed copies: the callee owns none of its arguments.
-    constexpr std::size_t most = 8;
-    std::array<VARIANT, most> reversed;  // NOLINT: filled as far as it is used
-    if (arguments.size() > most) {
-        throw ComFailure(DISP_E_BADPARAMCOUNT);
-    }
-    std::transform(arguments.rbegin(), arguments.rend(), reversed.begin(),
-                   [](const Variant& argument) { return argument.get(); });
-    const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    DISPID putName = DISPID_PROPERTYPUT;
-    DISPPARAMS parameters{reversed.data(), isPut ? &putName : nullptr, static_cast<UINT>(arguments.size()),
-                          isPut ? 1U : 0U};
     EXCEPINFO exception{};
     Variant result;
-    const HRESULT answer = invokeRaw(object, member, flags, parameters, isPut ? nullptr : result.put(), exception);
+    // What an earlier failure left is not this one's.
+    SetErrorInfo(0, nullptr);
+    const HRESULT answer = invokeRaw(object, member, flags, arguments, result, exception);
     if (FAILED(answer)) {
-        if (answer != DISP_E_EXCEPTION && ComPointer<ISupportErrorInfo>::from(&object)) {
-            throwErrorInfo(answer);
-        }
-        throwException(answer, exception);
+        const bool hasErrorInfo = bool{ComPointer<ISupportErrorInfo>::from(&object)};
+        throwException(answer, exception, hasErrorInfo);
     }
     return result;
+}
+
+HRESULT tryInvoke(IDispatch& object, MemberId member, WORD flags, std::span<const Variant> arguments, Variant& result) {
+    EXCEPINFO exception{};
+    const HRESULT answer = invokeRaw(object, member, flags, arguments, result, exception);
+    const Bstr source = Bstr::adopt(exception.bstrSource);
+    const Bstr description = Bstr::adopt(exception.bstrDescription);
+    const Bstr helpFile = Bstr::adopt(exception.bstrHelpFile);
+    return answer;
 }
 
 void putProperty(IDispatch& object, MemberId member, const Variant& value) {
@@ -81,6 +110,8 @@ void putProperty(IDispatch& object, MemberId member, const Variant& value) {
     }
     (void)invoke(object, member, DISPATCH_PROPERTYPUT, {&value, 1});
 }
+
+KnownMembers::KnownMembers(std::vector<std::wstring> names) : names_(std::move(names)) { kinds_.reserve(mostKinds); }
 
 KnownMembers::Kind* KnownMembers::kindOf(IDispatch& object) {
     ComPointer<ITypeInfo> info;
@@ -107,18 +138,23 @@ KnownMembers::Kind* KnownMembers::kindOf(IDispatch& object) {
     if (kinds_.size() >= mostKinds) {
         return nullptr;
     }
-    kinds_.push_back({std::move(info), id, std::vector<std::optional<MemberId>>(names_.size())});
+    kinds_.push_back({std::move(info), id, std::vector<DISPID>(names_.size(), DISPID_UNKNOWN)});
     return &kinds_.back();
 }
 
+void KnownMembers::remember(IDispatch& object, std::size_t name, DISPID id) {
+    if (Kind* const kind = kindOf(object); kind != nullptr && saysSame(*kind->info, names_[name], id)) {
+        kind->members[name] = id;
+    }
+}
+
 MemberId KnownMembers::find(IDispatch& object, std::size_t name) {
-    if (const Kind* const kind = kindOf(object); kind != nullptr && kind->members[name]) {
-        return *kind->members[name];
+    if (const Kind* const kind = kindOf(object); kind != nullptr && kind->members[name] != DISPID_UNKNOWN) {
+        return {kind->members[name], false};
     }
     const MemberId member = memberOf(object, names_[name].c_str());
-    // Looked up anew: the object may have called back and changed what is remembered.
-    if (Kind* const kind = kindOf(object)) {
-        kind->members[name] = member;
+    if (member.known() && !member.extended) {
+        remember(object, name, member.id);
     }
     return member;
 }

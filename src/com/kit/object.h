@@ -74,12 +74,17 @@ public:
             // The destructor may hand the object out once more and have it released again.
             references_ = 1;
             delete this;
+        } else {
+            referenceLost(left);
         }
         return left;
     }
 
 protected:
     virtual ~Object() = default;
+
+    // After each release that was not the last one; for objects that end their work when only they hold themselves.
+    virtual void referenceLost(ULONG /*left*/) noexcept {}
 
 private:
     std::atomic<ULONG> references_ = 1;
