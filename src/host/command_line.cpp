@@ -1,0 +1,79 @@
+#include "host/command_line.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+
+namespace telvar::host {
+
+namespace {
+
+struct FreeLocal {
+    void operator()(LPWSTR* list) const noexcept { LocalFree(static_cast<HLOCAL>(list)); }
+};
+
+std::unexpected<std::wstring> missing(const wchar_t* option, const wchar_t* what) {
+    return std::unexpected(std::wstring(L"The option ") + option + L" needs " + what + L".");
+}
+
+// A file may begin with dashes after "--".
+bool isOption(const std::wstring& argument) { return argument.starts_with(L"--"); }
+
+}  // namespace
+
+std::expected<CommandLine, std::wstring> readCommandLine(const std::vector<std::wstring>& arguments) {
+    CommandLine result;
+    bool optionsEnded = false;
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        const bool last = argument + 1 == arguments.end();
+        if (optionsEnded || !isOption(*argument)) {
+            if (!result.file.empty()) {
+                return std::unexpected(L"Only one channel table can be opened at a time.");
+            }
+            result.file = absolutePath(*argument);
+        } else if (*argument == L"--") {
+            optionsEnded = true;
+        } else if (*argument == L"--walk") {
+            if (last) {
+                return missing(L"--walk", L"a folder");
+            }
+            result.walkFolder = absolutePath(*++argument);
+        } else if (*argument == L"--settings") {
+            if (last) {
+                return missing(L"--settings", L"a registry key");
+            }
+            result.settingsKey = *++argument;
+        } else {
+            return std::unexpected(L"The option " + *argument + L" is not known.");
+        }
+    }
+    if (result.walks() && result.file.empty()) {
+        return missing(L"--walk", L"a channel table to open");
+    }
+    return result;
+}
+
+std::vector<std::wstring> processArguments() {
+    int count = 0;
+    const std::unique_ptr<LPWSTR[], FreeLocal> list(CommandLineToArgvW(GetCommandLineW(), &count));
+    std::vector<std::wstring> result;
+    for (int index = 1; list != nullptr && index < count; ++index) {
+        result.emplace_back(list[static_cast<std::size_t>(index)]);
+    }
+    return result;
+}
+
+std::wstring absolutePath(const std::wstring& path) {
+    const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    std::wstring result(size, L'\0');
+    const DWORD length = GetFullPathNameW(path.c_str(), size, result.data(), nullptr);
+    if (length == 0 || length >= size) {
+        return path;
+    }
+    result.resize(length);
+    return result;
+}
+
+}  // namespace telvar::host

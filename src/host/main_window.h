@@ -1,0 +1,147 @@
+// The program's window: menu, status bar and the channel-table control between them. It owns the open table's life
+// (new, open, save, the question about unsaved changes) and answers the control's and the link's events. What the
+// system sends it is in main_window.cpp, the start and the end in main_window_life.cpp, the commands in
+// main_window_commands.cpp, the control's side in main_window_events.cpp.
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Tesslin.h"
+#include "VexloRadioLink.h"
+#include "com/kit/pointer.h"
+#include "host/control_events.h"
+#include "host/document.h"
+#include "host/embedded_control.h"
+#include "host/link_events.h"
+#include "host/recent_files.h"
+#include "host/settings.h"
+#include "host/site_owner.h"
+#include "host/status_bar.h"
+
+namespace telvar::host {
+
+class MainWindow final : public SiteOwner, public ControlListener, public LinkListener {
+public:
+    static constexpr wchar_t className[] = L"TelvarHostWindow";
+
+    explicit MainWindow(const std::wstring& settingsKey);
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+    MainWindow(MainWindow&&) = delete;
+    MainWindow& operator=(MainWindow&&) = delete;
+    ~MainWindow();
+
+    // Makes the window with the control in it, joins control, store and link, and opens `file`, or a new table when it
+    // is empty or unusable. Throws com::ComFailure where the store or the control cannot be created.
+    void open(const std::wstring& file);
+    void show(int command);
+
+    // A message of the queue: whether the control or an accelerator used it up.
+    [[nodiscard]] bool translate(MSG& message);
+    // Shows what has changed since; for whenever the queue has run empty.
+    void refreshState();
+    // The whole table afresh from the store.
+    void refreshTable();
+
+    [[nodiscard]] HWND window() const noexcept { return window_; }
+    [[nodiscard]] const Document& document() const noexcept { return *document_; }
+    [[nodiscard]] IUnknown* channels() const noexcept { return channels_.get(); }
+
+private:
+    // Something modal of ours: the control's own windows are told, commands wait, and the focus comes back.
+    class Modal;
+    // A call of the control, which may raise events and pump messages before it returns.
+    class ControlCall;
+
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
+    LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
+    bool handleFocus(UINT message, WPARAM wparam);
+    void layout();
+    void saveFocus();
+    void restoreFocus();
+    void moveToDpi(const RECT& suggested);
+    void showMenu(HMENU menu);
+    void showRecentFiles(HMENU menu);
+    void showTitle(bool modified);
+
+    void createWindow();
+    void createComponents();
+    void joinComponents();
+    void closeComponents() noexcept;
+
+    void run(int command);
+    void newTable();
+    void openTable();
+    void openRecent(std::size_t index);
+    void openPath(const std::wstring& path);
+    void openDropped(HDROP files);
+    bool save();
+    bool saveAs();
+    // Whether the open table may go: nothing to save, saved now, or not wanted.
+    [[nodiscard]] bool mayDiscard();
+    void toggleStatusBar();
+    void showTable();
+    // Runs an action of the store; a failure is told to the user.
+    bool attempt(const std::function<void()>& action);
+    void tell(const std::wstring& sentence);
+    [[nodiscard]] bool mayAct() const noexcept {
+        return commandsEnabled_ && windowEnabled_ && modal_ == 0 && calls_ == 0;
+    }
+
+    // SiteOwner
+    [[nodiscard]] HWND siteWindow() const override { return window_; }
+    [[nodiscard]] RECT sitePlace() const override;
+    [[nodiscard]] HACCEL accelerators() const override { return accelerators_; }
+    void showStatus(const std::wstring& text) override;
+    void enableWindow(bool enabled) override;
+
+    // ControlListener
+    void RestoreButtons() override;
+    void DisableCommands() override;
+    void EnableCommands(const std::wstring& commands) override;
+    void PauseDiagnostics() override;
+    void OpenLoginWithChannelFill() override;
+    void OpenLoginWithChannelEdit() override;
+    void DefaultOverWindow() override;
+    void HourglassOverWindow() override;
+    void NewWindowCaption(const std::wstring& caption) override;
+    void PrintChannelData() override;
+    void EditWindowClosed() override;
+    void IncrementProgressBar() override;
+    void applyAccess();
+
+    // LinkListener
+    void linkProgressed(long percent) override;
+    void exchangeEnded(bool succeeded, const std::wstring& message) override;
+
+    Settings settings_;
+    RecentFiles recent_;
+    HWND window_ = nullptr;
+    HACCEL accelerators_ = nullptr;
+    StatusBar statusBar_;
+    std::optional<Document> document_;
+    com::ComPointer<_ChannelInformation> channels_;
+    com::ComPointer<IRadioLink> link_;
+    std::unique_ptr<EmbeddedControl> control_;
+    EventConnection controlEvents_;
+    EventConnection linkEvents_;
+
+    HWND focused_ = nullptr;
+    std::wstring caption_;
+    std::optional<long> shownRevision_;
+    int modal_ = 0;
+    int calls_ = 0;
+    bool windowEnabled_ = true;
+    bool commandsEnabled_ = true;
+    bool hourglass_ = false;
+    bool placedMaximised_ = false;
+};
+
+}  // namespace telvar::host

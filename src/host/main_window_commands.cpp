@@ -1,0 +1,179 @@
+// The commands of the menu, and the life of the open table: new, open, save, and what becomes of unsaved changes.
+#include <array>
+
+#include "com/kit/failure.h"
+#include "host/command_line.h"
+#include "host/dialogs.h"
+#include "host/main_window.h"
+#include "host/main_window_scopes.h"
+#include "host/resource.h"
+#include "host/sentences.h"
+
+namespace telvar::host {
+
+void MainWindow::run(int command) {
+    if (command == COMMAND_EXIT) {
+        SendMessageW(window_, WM_CLOSE, 0, 0);
+        return;
+    }
+    if (!mayAct()) {
+        return;
+    }
+    switch (command) {
+    case COMMAND_NEW:
+        newTable();
+        break;
+    case COMMAND_OPEN:
+        openTable();
+        break;
+    case COMMAND_SAVE:
+        save();
+        break;
+    case COMMAND_SAVE_AS:
+        saveAs();
+        break;
+    case COMMAND_REFRESH:
+        refreshTable();
+        break;
+    case COMMAND_STATUS_BAR:
+        toggleStatusBar();
+        break;
+    case COMMAND_FOCUS_TABLE:
+        control_->takeFocus();
+        break;
+    case COMMAND_ABOUT: {
+        const Modal modal(*this);
+        showAbout(window_);
+        break;
+    }
+    default:
+        if (command >= COMMAND_RECENT_FIRST && command <= COMMAND_RECENT_LAST) {
+            openRecent(static_cast<std::size_t>(command - COMMAND_RECENT_FIRST));
+        }
+        break;
+    }
+}
+
+void MainWindow::newTable() {
+    if (mayDiscard() && attempt([this] { document_->create(); })) {
+        showTable();
+    }
+}
+
+void MainWindow::openTable() {
+    if (!mayDiscard()) {
+        return;
+    }
+    std::optional<std::wstring> path;
+    {
+        const Modal modal(*this);
+        path = askOpenPath(window_, document_->path());
+    }
+    if (path) {
+        openPath(*path);
+    }
+}
+
+void MainWindow::openRecent(std::size_t index) {
+    const std::vector<std::wstring> paths = recent_.paths();
+    if (index < paths.size() && mayDiscard()) {
+        openPath(paths[index]);
+    }
+}
+
+void MainWindow::openPath(const std::wstring& path) {
+    if (attempt([&] { document_->open(path); })) {
+        recent_.add(document_->path());
+        showTable();
+    } else if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        recent_.remove(path);
+    }
+}
+
+void MainWindow::openDropped(HDROP files) {
+    std::wstring path(DragQueryFileW(files, 0, nullptr, 0), L'\0');
+    DragQueryFileW(files, 0, path.data(), static_cast<UINT>(path.size() + 1));
+    DragFinish(files);
+    if (!path.empty() && mayAct() && mayDiscard()) {
+        openPath(path);
+    }
+}
+
+bool MainWindow::save() {
+    if (document_->path().empty()) {
+        return saveAs();
+    }
+    return attempt([this] { document_->save(); });
+}
+
+bool MainWindow::saveAs() {
+    std::optional<std::wstring> path;
+    {
+        const Modal modal(*this);
+        path = askSavePath(window_, document_->path());
+    }
+    if (!path || !attempt([&] { document_->saveAs(*path); })) {
+        return false;
+    }
+    recent_.add(document_->path());
+    showStatus(document_->path());
+    return true;
+}
+
+bool MainWindow::mayDiscard() {
+    if (!document_ || !document_->modified()) {
+        return true;
+    }
+    SaveAnswer answer = SaveAnswer::Cancel;
+    {
+        const Modal modal(*this);
+        answer = askSave(window_, document_->name());
+    }
+    switch (answer) {
+    case SaveAnswer::Save:
+        return save();
+    case SaveAnswer::DontSave:
+        return true;
+    case SaveAnswer::Cancel:
+        break;
+    }
+    return false;
+}
+
+void MainWindow::showTable() {
+    refreshTable();
+    const std::wstring path = document_->path();
+    showStatus(path.empty() ? L"New channel table" : path);
+}
+
+void MainWindow::refreshTable() {
+    attempt([this] {
+        const ControlCall call(*this);
+        com::checkCall(channels_->UpdateControlsFromMemory());
+    });
+    statusBar_.endProgress();
+    refreshState();
+}
+
+void MainWindow::toggleStatusBar() {
+    statusBar_.setVisible(!statusBar_.visible());
+    settings_.setNumber(L"StatusBar", statusBar_.visible() ? 1 : 0);
+    layout();
+}
+
+bool MainWindow::attempt(const std::function<void()>& action) {
+    try {
+        action();
+        return true;
+    } catch (const std::exception& failure) {
+        tell(sentenceFor(failure));
+        return false;
+    }
+}
+
+void MainWindow::tell(const std::wstring& sentence) {
+    const Modal modal(*this);
+    tellFailure(window_, sentence);
+}
+
+}  // namespace telvar::host

@@ -1,0 +1,123 @@
+// What the control and the radio link tell the program, and what the program shows of the store's state.
+#include "com/kit/bstr.h"
+#include "com/kit/failure.h"
+#include "host/main_window.h"
+#include "host/main_window_scopes.h"
+
+namespace telvar::host {
+
+namespace {
+
+// Of somebody who has not logged in.
+constexpr short accessLevel = 0;
+
+// Steps of one full refresh: one for each channel.
+constexpr int refreshSteps = 255;
+
+std::wstring channelsText(int channels) {
+    return std::to_wstring(channels) + (channels == 1 ? L" channel" : L" channels");
+}
+
+}  // namespace
+
+void MainWindow::refreshState() {
+    if (window_ == nullptr || !document_) {
+        return;
+    }
+    try {
+        const long revision = document_->revision();
+        if (shownRevision_ != revision) {
+            statusBar_.setChannels(channelsText(document_->configuredChannels()));
+            shownRevision_ = revision;
+        }
+        const bool modified = document_->modified();
+        statusBar_.setModified(modified);
+        showTitle(modified);
+    } catch (const com::ComFailure&) {
+        // A store that does not answer leaves what was shown last; whoever needs its answer reports the failure.
+    }
+}
+
+void MainWindow::showTitle(bool modified) {
+    const std::wstring title = (modified ? L"*" : L"") + caption_;
+    std::wstring shown(static_cast<std::size_t>(GetWindowTextLengthW(window_)) + 1, L'\0');
+    shown.resize(static_cast<std::size_t>(GetWindowTextW(window_, shown.data(), static_cast<int>(shown.size()))));
+    if (shown != title) {
+        SetWindowTextW(window_, title.c_str());
+    }
+}
+
+void MainWindow::showStatus(const std::wstring& text) { statusBar_.setMessage(text); }
+
+void MainWindow::enableWindow(bool enabled) { windowEnabled_ = enabled; }
+
+void MainWindow::applyAccess() {
+    short level = accessLevel;
+    com::checkCall(channels_->UpdateAccess(&level));
+}
+
+void MainWindow::RestoreButtons() { commandsEnabled_ = true; }
+
+void MainWindow::DisableCommands() { commandsEnabled_ = false; }
+
+void MainWindow::EnableCommands(const std::wstring&) { commandsEnabled_ = true; }
+
+// Nothing polls the radio yet.
+void MainWindow::PauseDiagnostics() {}
+
+void MainWindow::OpenLoginWithChannelFill() { applyAccess(); }
+
+void MainWindow::OpenLoginWithChannelEdit() { applyAccess(); }
+
+void MainWindow::DefaultOverWindow() {
+    hourglass_ = false;
+    SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+}
+
+void MainWindow::HourglassOverWindow() {
+    hourglass_ = true;
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+}
+
+void MainWindow::NewWindowCaption(const std::wstring& caption) {
+    caption_ = caption;
+    refreshState();
+}
+
+void MainWindow::PrintChannelData() { showStatus(L"Printing is not available."); }
+
+void MainWindow::EditWindowClosed() {
+    if (control_) {
+        control_->takeFocus();
+    }
+}
+
+// The control also refreshes itself, after a load for instance.
+void MainWindow::IncrementProgressBar() {
+    if (!statusBar_.showsProgress()) {
+        statusBar_.startProgress(refreshSteps);
+    }
+    statusBar_.stepProgress();
+    if (statusBar_.progressComplete()) {
+        statusBar_.endProgress();
+    }
+}
+
+void MainWindow::linkProgressed(long percent) {
+    showStatus(L"Exchange with the radio: " + std::to_wstring(percent) + L" %");
+}
+
+// Whatever the outcome, the control waits for its button and the user for the commands.
+void MainWindow::exchangeEnded(bool succeeded, const std::wstring& message) {
+    commandsEnabled_ = true;
+    DefaultOverWindow();
+    com::Bstr commands(std::wstring_view(L"RS232"));
+    com::checkCall(channels_->EnableMyCommands(commands.address()));
+    if (!message.empty()) {
+        showStatus(message);
+    } else if (succeeded) {
+        showStatus(L"The exchange with the radio is complete.");
+    }
+}
+
+}  // namespace telvar::host

@@ -1,0 +1,88 @@
+#include "host/program.h"
+
+#include <windows.h>
+
+#include <ole2.h>
+
+#include <exception>
+#include <memory>
+
+#include "host/command_line.h"
+#include "host/dialogs.h"
+#include "host/main_window.h"
+#include "host/sentences.h"
+
+namespace telvar::host {
+
+namespace {
+
+class Ole {
+public:
+    Ole() noexcept : started_(SUCCEEDED(OleInitialize(nullptr))) {}
+    Ole(const Ole&) = delete;
+    Ole& operator=(const Ole&) = delete;
+    Ole(Ole&&) = delete;
+    Ole& operator=(Ole&&) = delete;
+    ~Ole() {
+        if (started_) {
+            CoFreeUnusedLibraries();
+            OleUninitialize();
+        }
+    }
+
+private:
+    bool started_;
+};
+
+// Until the window is gone.
+void pumpMessages(MainWindow& window) {
+    for (;;) {
+        MSG message{};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT) {
+                return;
+            }
+            if (!window.translate(message)) {
+                TranslateMessage(&message);
+                DispatchMessageW(&message);
+            }
+        }
+        window.refreshState();
+        WaitMessage();
+    }
+}
+
+ExitStatus runNormally(const CommandLine& options, int command) {
+    MainWindow window(options.settingsKey);
+    try {
+        window.open(options.file);
+    } catch (const std::exception& failure) {
+        tellFailure(window.window(), sentenceFor(failure));
+        return ExitStatus::CannotStart;
+    }
+    window.show(command);
+    pumpMessages(window);
+    return ExitStatus::Fine;
+}
+
+ExitStatus run(int command) {
+    const auto options = readCommandLine(processArguments());
+    if (!options) {
+        tellFailure(nullptr, options.error());
+        return ExitStatus::BadArguments;
+    }
+    const Ole ole;
+    return runNormally(*options, command);
+}
+
+}  // namespace
+
+int runProgram(int command) noexcept {
+    try {
+        return static_cast<int>(run(command));
+    } catch (const std::exception&) {
+        return static_cast<int>(ExitStatus::CannotStart);
+    }
+}
+
+}  // namespace telvar::host

@@ -1,0 +1,23 @@
+// Numbers that the resource script and the program share. 1 and 2 stay free: the dialog manager sends them as commands
+// for Enter and Esc.
+#pragma once
+
+#define RESOURCE_MAIN 100
+#define RESOURCE_ABOUT 101
+
+#define COMMAND_NEW 200
+#define COMMAND_OPEN 201
+#define COMMAND_SAVE 202
+#define COMMAND_SAVE_AS 203
+#define COMMAND_EXIT 204
+#define COMMAND_REFRESH 210
+#define COMMAND_STATUS_BAR 211
+#define COMMAND_FOCUS_TABLE 212
+#define COMMAND_ABOUT 220
+// One for each of the nine recent files.
+#define COMMAND_RECENT_FIRST 300
+#define COMMAND_RECENT_LAST 308
+
+#define CHILD_STATUS_BAR 400
+#define CHILD_PROGRESS 401
+#define ABOUT_VERSION 410

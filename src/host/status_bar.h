@@ -1,0 +1,46 @@
+// The line at the window's foot: a message, the progress of a refresh, the number of configured channels, and whether
+// the table has unsaved changes.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace telvar::host {
+
+class StatusBar {
+public:
+    // Fails silently to no status bar at all; everything else then does nothing.
+    void create(HWND parent, bool visible);
+
+    // Follows the parent's new client size or DPI.
+    void layout();
+    // In pixels; 0 while hidden.
+    [[nodiscard]] int height() const;
+
+    [[nodiscard]] bool visible() const noexcept { return visible_; }
+    void setVisible(bool visible);
+
+    void setMessage(const std::wstring& text) { setText(0, text); }
+    void setChannels(const std::wstring& text) { setText(2, text); }
+    void setModified(bool modified) { setText(3, modified ? L"Modified" : L""); }
+
+    // Shows the bar, empty; it is complete after that many steps.
+    void startProgress(int steps);
+    void stepProgress();
+    void endProgress();
+    [[nodiscard]] bool showsProgress() const noexcept { return steps_ > 0; }
+    [[nodiscard]] bool progressComplete() const noexcept { return done_ >= steps_; }
+
+private:
+    void setText(int part, const std::wstring& text);
+    void placeProgress();
+
+    HWND bar_ = nullptr;
+    HWND progress_ = nullptr;
+    bool visible_ = true;
+    int steps_ = 0;
+    int done_ = 0;
+};
+
+}  // namespace telvar::host

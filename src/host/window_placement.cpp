@@ -1,0 +1,87 @@
+#include "host/window_placement.h"
+
+#include <algorithm>
+
+namespace telvar::host {
+
+namespace {
+
+LONG widthOf(const RECT& rectangle) noexcept { return rectangle.right - rectangle.left; }
+
+LONG heightOf(const RECT& rectangle) noexcept { return rectangle.bottom - rectangle.top; }
+
+long long commonArea(const RECT& one, const RECT& other) noexcept {
+    const long long width = std::min(one.right, other.right) - std::max(one.left, other.left);
+    const long long height = std::min(one.bottom, other.bottom) - std::max(one.top, other.top);
+    return width > 0 && height > 0 ? width * height : 0;
+}
+
+BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM data) noexcept {
+    MONITORINFO information{};
+    information.cbSize = sizeof information;
+    if (GetMonitorInfoW(monitor, &information)) {
+        auto& areas = *reinterpret_cast<std::vector<RECT>*>(data);
+        const bool first = (information.dwFlags & MONITORINFOF_PRIMARY) != 0;
+        areas.insert(first ? areas.begin() : areas.end(), information.rcWork);
+    }
+    return TRUE;
+}
+
+}  // namespace
+
+RECT fitted(RECT wanted, std::span<const RECT> workAreas) noexcept {
+    const auto best = std::max_element(workAreas.begin(), workAreas.end(), [&](const RECT& one, const RECT& other) {
+        return commonArea(wanted, one) < commonArea(wanted, other);
+    });
+    const LONG width = std::min(widthOf(wanted), widthOf(*best));
+    const LONG height = std::min(heightOf(wanted), heightOf(*best));
+    const LONG left = std::clamp(wanted.left, best->left, best->right - width);
+    const LONG top = std::clamp(wanted.top, best->top, best->bottom - height);
+    return {left, top, left + width, top + height};
+}
+
+std::optional<Placement> loadPlacement(const Settings& settings) {
+    const auto left = settings.number(L"Left");
+    const auto top = settings.number(L"Top");
+    const auto width = settings.number(L"Width");
+    const auto height = settings.number(L"Height");
+    // Values beyond any screen would overflow the arithmetic.
+    const auto sensible = [](std::int32_t value) { return value > -100'000 && value < 100'000; };
+    if (!left || !top || !width || !height || *width <= 0 || *height <= 0 || !sensible(*left) || !sensible(*top) ||
+        !sensible(*width) || !sensible(*height)) {
+        return std::nullopt;
+    }
+    return Placement{.rectangle = fitted({*left, *top, *left + *width, *top + *height}, workAreas()),
+                     .maximised = settings.number(L"Maximised").value_or(0) != 0};
+}
+
+void savePlacement(Settings& settings, HWND window) {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (!GetWindowPlacement(window, &placement)) {
+        return;
+    }
+    const bool maximised = placement.showCmd == SW_SHOWMAXIMIZED ||
+                           (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
+    // The normal position is relative to the main monitor's work area.
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromPoint({0, 0}, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const RECT& normal = placement.rcNormalPosition;
+    settings.setNumber(L"Left", normal.left + monitor.rcWork.left - monitor.rcMonitor.left);
+    settings.setNumber(L"Top", normal.top + monitor.rcWork.top - monitor.rcMonitor.top);
+    settings.setNumber(L"Width", widthOf(normal));
+    settings.setNumber(L"Height", heightOf(normal));
+    settings.setNumber(L"Maximised", maximised ? 1 : 0);
+}
+
+std::vector<RECT> workAreas() {
+    std::vector<RECT> areas;
+    EnumDisplayMonitors(nullptr, nullptr, addWorkArea, reinterpret_cast<LPARAM>(&areas));
+    if (areas.empty()) {
+        areas.push_back({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+    }
+    return areas;
+}
+
+}  // namespace telvar::host
