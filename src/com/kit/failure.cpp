@@ -98,19 +98,20 @@ void throwErrorInfo(HRESULT code) {
     throw ComFailure(code);
 }
 
-void throwException(HRESULT code, EXCEPINFO& info) {
+void throwException(HRESULT code, EXCEPINFO& info, bool hasErrorInfo) {
     if (info.pfnDeferredFillIn != nullptr) {
         info.pfnDeferredFillIn(&info);
     }
     const Bstr source = Bstr::adopt(info.bstrSource);
     const Bstr description = Bstr::adopt(info.bstrDescription);
     const Bstr helpFile = Bstr::adopt(info.bstrHelpFile);
-    if (code != DISP_E_EXCEPTION) {
-        throw ComFailure(code);
-    }
-    const HRESULT own = FAILED(info.scode) ? info.scode : code;
-    if (!description.view().empty()) {
+    const bool isException = code == DISP_E_EXCEPTION;
+    const HRESULT own = isException && FAILED(info.scode) ? info.scode : code;
+    if (isException && !description.view().empty()) {
         throw ComFailure(own, withoutFinalStop(description.text()));
+    }
+    if (hasErrorInfo) {
+        throwErrorInfo(own);
     }
     throw ComFailure(own);
 }

@@ -38,8 +38,9 @@ inline void checkCall(HRESULT code) {
     }
 }
 
-// Fills `info` in, completes it and throws it; for answers of IDispatch::Invoke, which own their texts.
-[[noreturn]] void throwException(HRESULT code, EXCEPINFO& info);
+// Fills `info` in, completes it and throws it; for answers of IDispatch::Invoke, which own their texts. Where it holds
+// no description, the thread's error information serves if the object is known to set one.
+[[noreturn]] void throwException(HRESULT code, EXCEPINFO& info, bool hasErrorInfo = false);
 
 // The code by which the outside learns of the exception that is being handled, with its description as error
 // information of this thread. Only inside a catch block.

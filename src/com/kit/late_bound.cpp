@@ -53,12 +53,10 @@ void checkAbsent(HRESULT answer) {
     return SUCCEEDED(info.GetIDsOfNames(&changeable, 1, &own)) && own == id;
 }
 
-}  // namespace
-
-MemberId memberOf(IDispatch& object, const wchar_t* name) {
+// The interface takes names that it may write to, and does not.
+[[nodiscard]] MemberId lookUp(IDispatch& object, const std::wstring& name) {
     MemberId member;
-    // The interface takes names that it may write to, and does not.
-    auto* changeable = const_cast<LPOLESTR>(name);
+    auto* changeable = const_cast<LPOLESTR>(name.c_str());
     const HRESULT plain = object.GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member.id);
     if (SUCCEEDED(plain)) {
         return member;
@@ -77,6 +75,10 @@ MemberId memberOf(IDispatch& object, const wchar_t* name) {
     return member;
 }
 
+}  // namespace
+
+MemberId memberOf(IDispatch& object, std::string_view name) { return lookUp(object, wide(name)); }
+
 Variant invoke(IDispatch& object, MemberId member, WORD flags, std::span<const Variant> arguments) {
     EXCEPINFO exception{};
     Variant result;
@@ -84,7 +86,8 @@ Variant invoke(IDispatch& object, MemberId member, WORD flags, std::span<const V
     SetErrorInfo(0, nullptr);
     const HRESULT answer = invokeRaw(object, member, flags, arguments, result, exception);
     if (FAILED(answer)) {
-        const bool hasErrorInfo = bool{ComPointer<ISupportErrorInfo>::from(&object)};
+        const bool hasErrorInfo =
+            answer == DISP_E_EXCEPTION || static_cast<bool>(ComPointer<ISupportErrorInfo>::from(&object));
         throwException(answer, exception, hasErrorInfo);
     }
     return result;
@@ -152,7 +155,7 @@ MemberId KnownMembers::find(IDispatch& object, std::size_t name) {
     if (const Kind* const kind = kindOf(object); kind != nullptr && kind->members[name] != DISPID_UNKNOWN) {
         return {kind->members[name], false};
     }
-    const MemberId member = memberOf(object, names_[name].c_str());
+    const MemberId member = lookUp(object, names_[name]);
     if (member.known() && !member.extended) {
         remember(object, name, member.id);
     }
