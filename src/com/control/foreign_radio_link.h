@@ -1,4 +1,5 @@
-// Any automation object as a radio link. Texts and flags are passed by reference, as the published operations have them.
+// Any automation object as a radio link. Texts and flags are passed by reference, as the published operations have
+// them.
 #pragma once
 
 #include "com/kit/automation.h"

@@ -1,0 +1,171 @@
+#include "com/control/foreign_data_store.h"
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/conversion.h"
+#include "base/failure.h"
+#include "com/control/foreign_element.h"
+#include "com/control/foreign_reference.h"
+#include "com/kit/late_bound.h"
+#include "com/kit/text.h"
+#include "com/kit/value.h"
+
+namespace telvar::com {
+
+namespace {
+
+// What a store has besides its radio-wide members, counted on from those.
+enum Further : std::size_t {
+    ChannelTable = model::storeMemberCount,
+    ConfigRecords,
+    SetPotValue,
+    EnterChannelSelect,
+    AutomaticSelect,
+    CheckKey,
+    CtcssTone,
+    SendPermitted,
+};
+
+// The one member of a configuration record, counted on from the keys of a channel record.
+constexpr std::size_t scalingKey = model::channelKeyCount;
+
+[[nodiscard]] std::vector<std::wstring> storeNames() {
+    std::vector<std::wstring> names;
+    for (const auto& info : model::storeMembers) {
+        names.push_back(wide(info.name));
+    }
+    for (const auto* further : {L"ChannelTable", L"ConfigRecords", L"SetPotValue", L"EnterChannelSelect",
+                                L"AutomaticSelect", L"CheckKey", L"CtcssTone", L"SendPermitted"}) {
+        names.emplace_back(further);
+    }
+    return names;
+}
+
+[[nodiscard]] std::vector<std::wstring> recordNames() {
+    std::vector<std::wstring> names;
+    for (const auto& info : model::channelKeys) {
+        names.push_back(wide(info.name));
+    }
+    names.emplace_back(L"sm");
+    return names;
+}
+
+// How a call without arguments is refused by a property that needs one; the last two are a script engine's own.
+[[nodiscard]] bool saysArgumentNeeded(HRESULT code) noexcept {
+    constexpr HRESULT argumentNotOptional = static_cast<HRESULT>(0x800A01C1);
+    constexpr HRESULT wrongNumberOfArguments = static_cast<HRESULT>(0x800A01C2);
+    return code == DISP_E_BADPARAMCOUNT || code == DISP_E_PARAMNOTOPTIONAL || code == DISP_E_PARAMNOTFOUND ||
+           code == argumentNotOptional || code == wrongNumberOfArguments;
+}
+
+// Any call may let the host run, which may call back, change the table or drop the store: every operation keeps the
+// adapter itself alive to its end, and each record is counted while it is asked.
+class ForeignDataStore final : public model::DataStore, public std::enable_shared_from_this<ForeignDataStore> {
+public:
+    explicit ForeignDataStore(IDispatch& store) : store_(&store) {}
+
+    [[nodiscard]] base::Value readChannel(std::int16_t index, model::ChannelKey key) override {
+        const auto alive = shared_from_this();
+        return getFrom(*channelRecord(index), static_cast<std::size_t>(key));
+    }
+
+    void writeChannel(std::int16_t index, model::ChannelKey key, const base::Value& value) override {
+        const auto alive = shared_from_this();
+        const auto record = channelRecord(index);
+        putProperty(*record, recordMembers_.require(*record, static_cast<std::size_t>(key)), variantOf(value));
+    }
+
+    [[nodiscard]] base::Value get(model::StoreMember member) override {
+        const auto alive = shared_from_this();
+        return valueOf(invoke(*store_, require(static_cast<std::size_t>(member)), getFlags));
+    }
+
+    void put(model::StoreMember member, const base::Value& value) override {
+        const auto alive = shared_from_this();
+        putProperty(*store_, require(static_cast<std::size_t>(member)), variantOf(value));
+    }
+
+    [[nodiscard]] base::Value referenceDividerScaling() override {
+        const auto alive = shared_from_this();
+        return getFrom(*element(Further::ConfigRecords, 0), scalingKey);
+    }
+
+    void SetPotValue(std::int16_t index, std::uint8_t level) override {
+        const auto alive = shared_from_this();
+        std::array references{ReferenceArgument(base::Value{index})};
+        const std::array values{Variant(level)};
+        (void)invokeWithReferences(*store_, require(Further::SetPotValue), DISPATCH_METHOD, references, values);
+    }
+
+    void EnterChannelSelect() override {
+        const auto alive = shared_from_this();
+        (void)invoke(*store_, require(Further::EnterChannelSelect), DISPATCH_METHOD);
+    }
+
+    [[nodiscard]] bool AutomaticSelect(std::int16_t query) override {
+        const auto alive = shared_from_this();
+        std::array references{ReferenceArgument(base::Value{query})};
+        return base::isTrue(
+            valueOf(invokeWithReferences(*store_, require(Further::AutomaticSelect), getFlags, references)));
+    }
+
+    [[nodiscard]] bool CheckKey(std::int16_t code) override { return base::isTrue(ask(Further::CheckKey, code)); }
+    [[nodiscard]] float CtcssTone(std::int16_t index) override {
+        return base::toSingle(ask(Further::CtcssTone, index));
+    }
+
+    [[nodiscard]] bool SendPermitted() override {
+        const auto alive = shared_from_this();
+        const MemberId member = storeMembers_.find(*store_, Further::SendPermitted);
+        return !member.known() || base::isTrue(valueOf(invoke(*store_, member, getFlags)));
+    }
+
+private:
+    [[nodiscard]] MemberId require(std::size_t name) { return storeMembers_.require(*store_, name); }
+
+    [[nodiscard]] base::Value ask(Further question, std::int16_t argument) {
+        const auto alive = shared_from_this();
+        const std::array arguments{Variant(argument)};
+        return valueOf(invoke(*store_, require(question), getFlags, arguments));
+    }
+
+    [[nodiscard]] base::Value getFrom(IDispatch& record, std::size_t key) {
+        return valueOf(invoke(record, recordMembers_.require(record, key), getFlags));
+    }
+
+    [[nodiscard]] ComPointer<IDispatch> channelRecord(std::int16_t index) {
+        if (index < 0 || index >= model::channelCount) {
+            throw base::SubscriptFailure();
+        }
+        return element(Further::ChannelTable, index);
+    }
+
+    [[nodiscard]] ComPointer<IDispatch> element(Further table, std::int16_t index) {
+        const MemberId member = require(table);
+        try {
+            return elementOf(invoke(*store_, member, getFlags).get(), index);
+        } catch (const ComFailure& failure) {
+            if (!saysArgumentNeeded(failure.code())) {
+                throw;
+            }
+        }
+        const std::array arguments{Variant(index)};
+        return objectIn(invoke(*store_, member, getFlags, arguments).get());
+    }
+
+    ComPointer<IDispatch> store_;
+    KnownMembers storeMembers_{storeNames()};
+    KnownMembers recordMembers_{recordNames()};
+};
+
+}  // namespace
+
+model::DataStorePointer adaptDataStore(IDispatch* store) {
+    return store == nullptr ? nullptr : std::make_shared<ForeignDataStore>(*store);
+}
+
+}  // namespace telvar::com

@@ -1,0 +1,60 @@
+#include "com/control/foreign_radio_link.h"
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <span>
+
+#include "base/conversion.h"
+#include "com/control/foreign_reference.h"
+#include "com/kit/late_bound.h"
+
+namespace telvar::com {
+
+namespace {
+
+enum Operation : std::size_t { SendChannelTable, LoadChannelTable, AbortTransfer, SendPotValues, SelectChannel };
+
+// A call may let the host run, which may drop the link: every operation keeps the adapter itself alive to its end.
+class ForeignRadioLink final : public model::RadioLink, public std::enable_shared_from_this<ForeignRadioLink> {
+public:
+    explicit ForeignRadioLink(IDispatch& link) : link_(&link) {}
+
+    void SendChannelTable() override { call(Operation::SendChannelTable, {}); }
+
+    void LoadChannelTable(std::string& text, bool& flag) override {
+        std::array references{ReferenceArgument(base::Value{text}), ReferenceArgument(base::Value{flag})};
+        call(Operation::LoadChannelTable, references);
+        text = base::toText(references[0].value());
+        flag = base::isTrue(references[1].value());
+    }
+
+    void AbortTransfer() override { call(Operation::AbortTransfer, {}); }
+    void SendPotValues(std::string& text) override { callWithText(Operation::SendPotValues, text); }
+    void SelectChannel(std::string& channel) override { callWithText(Operation::SelectChannel, channel); }
+
+private:
+    void callWithText(Operation operation, std::string& text) {
+        std::array references{ReferenceArgument(base::Value{text})};
+        call(operation, references);
+        text = base::toText(references[0].value());
+    }
+
+    void call(Operation operation, std::span<ReferenceArgument> references) {
+        const auto alive = shared_from_this();
+        const MemberId member = members_.require(*link_, operation);
+        (void)invokeWithReferences(*link_, member, DISPATCH_METHOD, references);
+    }
+
+    ComPointer<IDispatch> link_;
+    KnownMembers members_{
+        {L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues", L"SelectChannel"}};
+};
+
+}  // namespace
+
+model::RadioLinkPointer adaptRadioLink(IDispatch* link) {
+    return link == nullptr ? nullptr : std::make_shared<ForeignRadioLink>(*link);
+}
+
+}  // namespace telvar::com
