@@ -1,7 +1,7 @@
 # tests/<folder>/*.cpp become test_<folder>: natively for portable folders, under Wine for those that are built for Windows
 # only; a folder with two implementations is tested on both, together with tests/<folder>/posix or windows.
-# tests/windows/<area>/*.cpp become test_windows_<area>. tests/support/*.cpp are what they share, tests/support/server the
-# helper COM server TestHelper.dll. One executable is one test of ctest; the single tests inside it are counted from the
+# tests/windows/<area>/*.cpp become test_windows_<area>. tests/support/*.cpp are what they share, with tests/support/windows
+# under Wine; tests/support/server is the helper COM server TestHelper.dll. One executable is one test of ctest; the single tests inside it are counted from the
 # report that it writes into <build>/results.
 option(TELVAR_TESTS "Build the tests" ON)
 if(NOT TELVAR_TESTS)
@@ -19,7 +19,7 @@ set(tests ${CMAKE_CURRENT_SOURCE_DIR}/tests)
 set(results ${CMAKE_CURRENT_BINARY_DIR}/results)
 file(MAKE_DIRECTORY ${results})
 
-file(GLOB support CONFIGURE_DEPENDS ${tests}/support/*.cpp)
+file(GLOB support CONFIGURE_DEPENDS ${tests}/support/*.cpp ${tests}/support/${platform}/*.cpp)
 if(support)
     add_library(telvar_test_support STATIC ${support})
     set(scope PUBLIC)
