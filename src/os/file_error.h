@@ -10,7 +10,10 @@ struct FileError {
     std::string what;  // without a final full stop
 
     // One sentence: "marine.telvar: No such file or directory."
-    [[nodiscard]] std::string sentence() const { return path + ": " + what + (what.ends_with('.') ? "" : "."); }
+    [[nodiscard]] std::string sentence() const {
+        const bool ended = what.ends_with('.') || what.ends_with('?');
+        return path + ": " + what + (ended ? "" : ".");
+    }
 };
 
 }  // namespace telvar::os

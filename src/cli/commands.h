@@ -1,0 +1,15 @@
+// Every command, each in a file of its own.
+#pragma once
+
+#include <memory>
+
+#include "cli/command.h"
+
+namespace telvar::cli {
+
+[[nodiscard]] std::unique_ptr<Command> newCommand();
+[[nodiscard]] std::unique_ptr<Command> showCommand();
+[[nodiscard]] std::unique_ptr<Command> setCommand();
+[[nodiscard]] std::unique_ptr<Command> convertCommand();
+
+}  // namespace telvar::cli
