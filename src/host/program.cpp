@@ -11,10 +11,17 @@
 #include "host/dialogs.h"
 #include "host/main_window.h"
 #include "host/sentences.h"
+#include "host/transcript.h"
+#include "host/walk.h"
+#include "host/walk_steps.h"
+#include "host/watchdog.h"
 
 namespace telvar::host {
 
 namespace {
+
+constexpr wchar_t walkSettings[] = L"Software\\Telvar\\HostWalk";
+constexpr DWORD longestWalk = 180'000;  // milliseconds
 
 class Ole {
 public:
@@ -65,6 +72,28 @@ ExitStatus runNormally(const CommandLine& options, int command) {
     return ExitStatus::Fine;
 }
 
+// With settings of its own, which begin empty each time.
+ExitStatus runWalk(const CommandLine& options) {
+    CreateDirectoryW(options.walkFolder.c_str(), nullptr);
+    Transcript transcript(options.walkFolder + L"\\transcript.txt");
+    const Watchdog watchdog(longestWalk, static_cast<UINT>(ExitStatus::WalkHung),
+                            [&] { transcript.line(L"FAIL  the program hangs"); });
+    RegDeleteTreeW(HKEY_CURRENT_USER, walkSettings);
+    MainWindow window(walkSettings);
+    Walk walk(window, transcript, options.walkFolder);
+    // Before the window opens, so that a message box on the way there is noticed.
+    walk.start(mainJob(window, options.file, options.walkFolder));
+    try {
+        window.open({});
+    } catch (const std::exception& failure) {
+        transcript.line(L"FAIL  " + sentenceFor(failure));
+        return ExitStatus::CannotStart;
+    }
+    window.show(SW_SHOWNORMAL);
+    pumpMessages(window);
+    return walk.conclude() ? ExitStatus::Fine : ExitStatus::WalkDiffered;
+}
+
 ExitStatus run(int command) {
     const auto options = readCommandLine(processArguments());
     if (!options) {
@@ -72,7 +101,7 @@ ExitStatus run(int command) {
         return ExitStatus::BadArguments;
     }
     const Ole ole;
-    return runNormally(*options, command);
+    return options->walks() ? runWalk(*options) : runNormally(*options, command);
 }
 
 }  // namespace
