@@ -1,9 +1,9 @@
 #include "os/locale.h"
 
 #include <langinfo.h>
-#include <locale.h>
 
 #include <algorithm>
+#include <clocale>
 
 namespace telvar::os {
 
