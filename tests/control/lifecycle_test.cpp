@@ -2,7 +2,6 @@
 
 #include "control_world.h"
 #include "model/memory_data_store.h"
-#include "support/answering_store.h"
 #include "support/failing_store.h"
 
 namespace telvar::tests {
