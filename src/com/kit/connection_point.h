@@ -75,4 +75,12 @@ private:
     ConnectionPoint point_;
 };
 
+// The same for a class, which is then made without arguments.
+template <class Events>
+class SourceOf : public EventSource {
+protected:
+    SourceOf() noexcept : EventSource(__uuidof(Events)) {}
+    ~SourceOf() = default;
+};
+
 }  // namespace telvar::com
