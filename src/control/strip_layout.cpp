@@ -13,7 +13,7 @@ constexpr int stripHeight = 880;
 // Measures of one layout, in pixels.
 struct Measures {
     ui::Desktop& desktop;
-    int dpi;
+    int dpi = ui::standardDpi;
     int line = desktop.measure("Software Channel Select", dpi).height;
     int gap = line / 2;
     int boxHeight = line + line / 2 + 2;
