@@ -1,5 +1,5 @@
-// The one door to windows, clipboard, pointer and message loop. The portable control asks for everything here; tests have a
-// desktop that answers by script and records what was asked.
+// The one door to windows, clipboard, pointer and message loop. The portable control asks for everything here; tests
+// have a desktop that answers by script and records what was asked.
 #pragma once
 
 #include <chrono>
@@ -51,7 +51,8 @@ public:
     virtual void showModeless(Form& form) = 0;
     virtual void hide(Form& form) = 0;
 
-    // At a point of `widget`, in pixels; returns when the menu has closed, the chosen item has raised its Click by then.
+    // At a point of `widget`, in pixels; returns when the menu has closed, the chosen item has raised its Click by
+    // then.
     virtual void popUp(Menu& menu, Widget& widget, Point at) = 0;
 
     virtual void setPointer(Pointer pointer) = 0;

@@ -1,4 +1,5 @@
-// The two ways in which a routine meets a failure: tell the user under the routine's name, or go on with the next statement.
+// The two ways in which a routine meets a failure: tell the user under the routine's name, or go on with the next
+// statement.
 #pragma once
 
 #include <exception>

@@ -1,5 +1,6 @@
-// What every widget has: name, state, bounds, focus, and the link to the peer that shows it. A widget lives happily without
-// a peer; a peer may be attached and detached any number of times and shows the present state when it is attached.
+// What every widget has: name, state, bounds, focus, and the link to the peer that shows it. A widget lives happily
+// without a peer; a peer may be attached and detached any number of times and shows the present state when it is
+// attached.
 //
 // Setting a value by program raises the same event as the user's action when the value changes; the `load...` setters
 // show a value and raise nothing.
@@ -17,7 +18,8 @@ namespace telvar::ui {
 
 enum class Aspect : std::uint8_t { Everything, Text, Value, Items, TextSelection, Enabled, Visible, Colours, Bounds };
 
-// Shows one widget. Reads what it shows from the widget at any time; a peer must ignore the notifications that it caused.
+// Shows one widget. Reads what it shows from the widget at any time; a peer must ignore the notifications that it
+// caused.
 class WidgetPeer {
 public:
     WidgetPeer() = default;
@@ -49,7 +51,8 @@ public:
     // The programmer's name, e.g. "txtChannelSelect".
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
 
-    // "&" stands before the access key; "&&" is an ampersand. Widgets without a visible caption use it as accessible name.
+    // "&" stands before the access key; "&&" is an ampersand. Widgets without a visible caption use it as accessible
+    // name.
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption) { change(caption_, std::move(caption), Aspect::Text); }
 
