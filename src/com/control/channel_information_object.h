@@ -7,8 +7,6 @@
 #include <span>
 #include <string>
 
-#include <objsafe.h>
-
 #include "Tesslin.h"
 #include "com/control/in_place.h"
 #include "com/control/saved_state.h"
@@ -17,6 +15,7 @@
 #include "com/kit/connection_point.h"
 #include "com/kit/dispatch.h"
 #include "com/kit/object.h"
+#include "com/kit/object_safety.h"
 #include "control/channel_information.h"
 #include "win32/windows_desktop.h"
 
