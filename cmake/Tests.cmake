@@ -67,7 +67,7 @@ function(telvar_test folder)
     target_link_libraries(${name} PRIVATE telvar_test_support gmock_main)
     target_include_directories(${name} PRIVATE ${tests}/${folder})
     # Tests of whole programs and servers run those of the same build.
-    if(NOT "${TELVAR_KIND_${folder}}" STREQUAL "LIBRARY" AND TELVAR_PRODUCTS)
+    if(NOT "${TELVAR_KIND_${folder}}" STREQUAL "LIBRARY" AND NOT folder STREQUAL "tools" AND TELVAR_PRODUCTS)
         add_dependencies(${name} ${TELVAR_PRODUCTS})
     endif()
     set_property(GLOBAL APPEND_STRING PROPERTY TELVAR_TEST_LIST "${name} $<TARGET_FILE:${name}>\n")
