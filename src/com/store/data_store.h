@@ -89,6 +89,9 @@ private:
     [[nodiscard]] ConfigRecords& configRecords();
     void refuseToTheDistrusted() const;
 
+    // For late-bound callers that ask for a property and nothing else: among them is a script engine that does not take
+    // references. Those that ask for a property or a method, as most do, get the reference.
+    [[nodiscard]] HRESULT copyOfTable(VARIANT* table) noexcept;
     [[nodiscard]] HRESULT element(const VARIANT& index, VARIANT* record, UINT* wrongArgument) noexcept;
     [[nodiscard]] HRESULT get(model::StoreMember member, VARIANT* value) noexcept;
     [[nodiscard]] HRESULT put(model::StoreMember member, const VARIANT& value) noexcept;

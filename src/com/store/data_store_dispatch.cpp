@@ -39,7 +39,7 @@ STDMETHODIMP DataStore::Invoke(DISPID member, REFIID reserved, LCID locale, WORD
                                VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) noexcept {
     if (member == channelTableId) {
         if (isPlainGet(reserved, flags, arguments, result)) {
-            return get_ChannelTable(result);
+            return (flags & DISPATCH_METHOD) != 0 ? get_ChannelTable(result) : copyOfTable(result);
         }
         if (isIndexedGet(reserved, flags, arguments, result)) {
             return element(arguments->rgvarg[0], result, wrongArgument);
@@ -67,6 +67,10 @@ STDMETHODIMP DataStore::Invoke(DISPID member, REFIID reserved, LCID locale, WORD
 
 STDMETHODIMP DataStore::get_ChannelTable(VARIANT* table) noexcept {
     return guarded([&] { records().answer(deref(table)); });
+}
+
+HRESULT DataStore::copyOfTable(VARIANT* table) noexcept {
+    return guarded([&] { *table = records().copy().detach(); });
 }
 
 STDMETHODIMP DataStore::get_ConfigRecords(IConfigRecords** records) noexcept {

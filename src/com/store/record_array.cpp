@@ -31,4 +31,11 @@ void RecordArray::answer(VARIANT& target) noexcept {
     V_ARRAYREF(&target) = &array_;
 }
 
+Variant RecordArray::copy() const {
+    VARIANT copy;
+    V_VT(&copy) = VT_ARRAY | VT_VARIANT;
+    check(SafeArrayCopy(array_, &V_ARRAY(&copy)));
+    return Variant::adopt(copy);
+}
+
 }  // namespace telvar::com

@@ -2,7 +2,7 @@
 // nobody who is given a reference to it can empty or resize it; scripts copy it.
 #pragma once
 
-#include "com/kit/pointer.h"
+#include "com/kit/variant.h"
 #include "com/store/shared_table.h"
 
 namespace telvar::com {
@@ -18,6 +18,8 @@ public:
 
     // VT_BYREF | VT_ARRAY | VT_VARIANT, good for as long as this object lives.
     void answer(VARIANT& target) noexcept;
+    // VT_ARRAY | VT_VARIANT, the caller's own.
+    [[nodiscard]] Variant copy() const;
 
 private:
     SAFEARRAY* array_;
