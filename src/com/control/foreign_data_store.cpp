@@ -54,12 +54,13 @@ constexpr std::size_t scalingKey = model::channelKeyCount;
     return names;
 }
 
-// How a call without arguments is refused by a property that needs one; the last two are a script engine's own.
-[[nodiscard]] bool saysArgumentNeeded(HRESULT code) noexcept {
+// How a call without arguments is refused by a property that needs one. A script engine has numbers of its own for
+// that, or says nothing but that it failed.
+[[nodiscard]] bool saysArgumentNeeded(HRESULT code, bool isScript) noexcept {
     constexpr HRESULT argumentNotOptional = static_cast<HRESULT>(0x800A01C1);
     constexpr HRESULT wrongNumberOfArguments = static_cast<HRESULT>(0x800A01C2);
     return code == DISP_E_BADPARAMCOUNT || code == DISP_E_PARAMNOTOPTIONAL || code == DISP_E_PARAMNOTFOUND ||
-           code == argumentNotOptional || code == wrongNumberOfArguments;
+           code == argumentNotOptional || code == wrongNumberOfArguments || (isScript && code == E_FAIL);
 }
 
 // Any call may let the host run, which may call back, change the table or drop the store: every operation keeps the
@@ -149,7 +150,7 @@ private:
         try {
             return elementOf(invoke(*store_, member, getFlags).get(), index);
         } catch (const ComFailure& failure) {
-            if (!saysArgumentNeeded(failure.code())) {
+            if (!saysArgumentNeeded(failure.code(), member.extended)) {
                 throw;
             }
         }
