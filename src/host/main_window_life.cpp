@@ -15,7 +15,7 @@ namespace telvar::host {
 namespace {
 
 // In pixels at 96 dpi: the table's visible columns without a horizontal scroll bar.
-constexpr int firstWidth = 760;
+constexpr int firstWidth = 690;
 constexpr int firstHeight = 680;
 
 // The state is also looked at while somebody else's message loop runs; in milliseconds.

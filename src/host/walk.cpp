@@ -17,16 +17,29 @@ constexpr ULONGLONG longestWait = 20'000;  // for one step, in milliseconds
 constexpr ULONGLONG settlingTime = 300;
 constexpr std::size_t longestList = 20;
 
+// Names that the system itself gives to its window classes.
 constexpr wchar_t dialogClass[] = L"#32770";
+constexpr wchar_t menuClass[] = L"#32768";
 
-BOOL CALLBACK findDialog(HWND window, LPARAM found) noexcept {
+struct Search {
+    std::wstring_view className;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK findVisible(HWND window, LPARAM data) noexcept {
+    auto& search = *reinterpret_cast<Search*>(data);
     std::array<wchar_t, 16> name{};
     GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    if (IsWindowVisible(window) && std::wstring_view(name.data()) == dialogClass) {
-        *reinterpret_cast<HWND*>(found) = window;
-        return FALSE;
+    if (IsWindowVisible(window) && search.className == name.data()) {
+        search.found = window;
     }
-    return TRUE;
+    return search.found == nullptr;
+}
+
+HWND topmost(std::wstring_view className) noexcept {
+    Search search{className};
+    EnumThreadWindows(GetCurrentThreadId(), findVisible, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
 
 BOOL CALLBACK addText(HWND child, LPARAM collected) noexcept {
@@ -57,11 +70,9 @@ Walk::~Walk() {
     }
 }
 
-HWND Walk::dialog() noexcept {
-    HWND found = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), findDialog, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
+HWND Walk::dialog() noexcept { return topmost(dialogClass); }
+
+bool Walk::menuShows() noexcept { return topmost(menuClass) != nullptr; }
 
 void Walk::start(std::vector<WalkStep> steps) {
     steps_ = std::move(steps);
@@ -155,7 +166,8 @@ void Walk::fail(const std::wstring& why) {
     if (window_.window() != nullptr) {
         takePicture(L"failure");
     }
-    // Ends the loops of message boxes and menus as well.
+    // A menu's loop does not end with the program's.
+    EndMenu();
     PostQuitMessage(1);
 }
 

@@ -46,6 +46,8 @@ public:
 
     // The topmost message box or dialog of this thread, null when there is none.
     [[nodiscard]] static HWND dialog() noexcept;
+    // Whether a menu of this thread is open.
+    [[nodiscard]] static bool menuShows() noexcept;
 
 private:
     enum class Phase { Acting, Waiting, Settling };

@@ -177,7 +177,7 @@ WalkStep Job::startStep() {
                     wrong.insert(wrong.end(), cells.begin(), cells.end());
                     return wrong;
                 },
-            .picture = L"1-new"};
+            .picture = L"01-new"};
 }
 
 void Job::addOpening(std::vector<WalkStep>& steps) {
@@ -188,13 +188,13 @@ void Job::addOpening(std::vector<WalkStep>& steps) {
                              press({VK_CONTROL, 'O'});
                          },
                      .done = [] { return Walk::dialog() != nullptr; },
-                     .picture = L"2-open",
+                     .picture = L"02-open",
                      .dialog = true});
     steps.push_back({.text = L"the table is opened and every channel is shown: " + sample_,
                      .act = [this] { enterFileName(sample_); },
                      .done = [this] { return opened(sample_); },
                      .check = [this] { return checkOpened(); },
-                     .picture = L"3-table",
+                     .picture = L"03-table",
                      .dialog = true});
 }
 
@@ -207,11 +207,11 @@ void Job::addScrolling(std::vector<WalkStep>& steps) {
                              press({VK_NEXT});
                          },
                      .done = [this] { return currentRow() > 1 && topRow() > 1; },
-                     .picture = L"4-scrolled"});
+                     .picture = L"04-scrolled"});
     steps.push_back({.text = L"Ctrl+End goes to the last channel",
                      .act = [] { press({VK_CONTROL, VK_END}); },
                      .done = [this] { return currentRow() == TableCopy::channels; },
-                     .picture = L"5-end"});
+                     .picture = L"05-end"});
     steps.push_back({.text = L"Ctrl+Home goes back to the first",
                      .act = [] { press({VK_CONTROL, VK_HOME}); },
                      .done = [this] { return currentRow() == 1 && topRow() == 1; }});
@@ -228,11 +228,11 @@ void Job::addChange(std::vector<WalkStep>& steps) {
                      .check = [this] { return differences(expected_, copyTable(window_.document(), *grid())); }});
     steps.push_back({.text = L"the title marks the table as modified",
                      .done = [this] { return window_.document().modified() && title().starts_with(L'*'); },
-                     .picture = L"6-changed"});
+                     .picture = L"06-changed"});
     steps.push_back({.text = L"Ctrl+N asks whether to save the changes",
                      .act = [] { press({VK_CONTROL, 'N'}); },
                      .done = [] { return Walk::dialog() != nullptr; },
-                     .picture = L"7-question",
+                     .picture = L"07-question",
                      .dialog = true});
     steps.push_back({.text = L"Esc keeps the table as it is",
                      .act = [] { press({VK_ESCAPE}); },
@@ -258,7 +258,7 @@ void Job::addSaving(std::vector<WalkStep>& steps) {
                              }
                              return wrong;
                          },
-                     .picture = L"8-saved",
+                     .picture = L"08-saved",
                      .dialog = true});
 }
 
@@ -269,14 +269,8 @@ void Job::addReopening(std::vector<WalkStep>& steps) {
                      .check = [this] { return checkCells(); }});
     steps.push_back({.text = L"Alt+F shows the recent files",
                      .act = [] { press({VK_MENU, 'F'}); },
-                     .done =
-                         [] {
-                             GUITHREADINFO information{};
-                             information.cbSize = sizeof information;
-                             return GetGUIThreadInfo(GetCurrentThreadId(), &information) &&
-                                    (information.flags & GUI_POPUPMENUMODE) != 0;
-                         },
-                     .picture = L"9-recent"});
+                     .done = [] { return Walk::menuShows(); },
+                     .picture = L"09-recent"});
     steps.push_back({.text = L"the copy is reopened and holds what was saved",
                      .act = [] { press({'1'}); },
                      .done = [this] { return opened(copy_); },

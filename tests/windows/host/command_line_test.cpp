@@ -1,0 +1,58 @@
+#include "host/command_line.h"
+
+#include <gtest/gtest.h>
+
+namespace telvar::tests {
+
+using host::readCommandLine;
+
+TEST(CommandLine, NothingMeansANewTable) {
+    const auto options = readCommandLine({});
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->file, L"");
+    EXPECT_FALSE(options->walks());
+    EXPECT_EQ(options->settingsKey, L"Software\\Telvar\\Host");
+}
+
+TEST(CommandLine, AFileBecomesAbsolute) {
+    const auto options = readCommandLine({L"C:\\tables\\..\\Größe 1.telvar"});
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->file, L"C:\\Größe 1.telvar");
+}
+
+TEST(CommandLine, ARelativeFileIsTakenFromTheCurrentFolder) {
+    const auto options = readCommandLine({L"marine.telvar"});
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->file.substr(1, 2), L":\\");
+    EXPECT_TRUE(options->file.ends_with(L"\\marine.telvar"));
+}
+
+TEST(CommandLine, AWalkNeedsAFolderAndATable) {
+    const auto options = readCommandLine({L"--walk", L"C:\\out", L"C:\\a.telvar"});
+    ASSERT_TRUE(options);
+    EXPECT_TRUE(options->walks());
+    EXPECT_EQ(options->walkFolder, L"C:\\out");
+    EXPECT_EQ(options->file, L"C:\\a.telvar");
+    EXPECT_EQ(readCommandLine({L"--walk"}).error(), L"The option --walk needs a folder.");
+    EXPECT_EQ(readCommandLine({L"--walk", L"C:\\out"}).error(), L"The option --walk needs a channel table to open.");
+}
+
+TEST(CommandLine, TheSettingsKeyCanBeChosen) {
+    const auto options = readCommandLine({L"--settings", L"Software\\Other", L"C:\\a.telvar"});
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->settingsKey, L"Software\\Other");
+    EXPECT_EQ(readCommandLine({L"--settings"}).error(), L"The option --settings needs a registry key.");
+}
+
+TEST(CommandLine, AfterTwoDashesEverythingIsAFile) {
+    const auto options = readCommandLine({L"--", L"--odd.telvar"});
+    ASSERT_TRUE(options);
+    EXPECT_TRUE(options->file.ends_with(L"\\--odd.telvar"));
+}
+
+TEST(CommandLine, WhatIsNotUnderstoodIsRefusedInOneSentence) {
+    EXPECT_EQ(readCommandLine({L"--fast"}).error(), L"The option --fast is not known.");
+    EXPECT_EQ(readCommandLine({L"a.telvar", L"b.telvar"}).error(), L"Only one channel table can be opened at a time.");
+}
+
+}  // namespace telvar::tests
