@@ -117,6 +117,20 @@ void putProperty(IDispatch& object, MemberId member, const Variant& value) {
 KnownMembers::KnownMembers(std::vector<std::wstring> names) : names_(std::move(names)) { kinds_.reserve(mostKinds); }
 
 KnownMembers::Kind* KnownMembers::kindOf(IDispatch& object) {
+    if (last_.get() == &object) {
+        return lastKind_;
+    }
+    Kind* const kind = askKind(object);
+    if (kind != nullptr) {
+        // Released last: letting an object go may call back into here.
+        ComPointer<IDispatch> previous(&object);
+        previous.swap(last_);
+        lastKind_ = kind;
+    }
+    return kind;
+}
+
+KnownMembers::Kind* KnownMembers::askKind(IDispatch& object) {
     ComPointer<ITypeInfo> info;
     if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) || !info) {
         return nullptr;

@@ -57,10 +57,16 @@ private:
     };
 
     [[nodiscard]] Kind* kindOf(IDispatch& object);
+    [[nodiscard]] Kind* askKind(IDispatch& object);
     void remember(IDispatch& object, std::size_t name, DISPID id);
 
     std::vector<std::wstring> names_;
     std::vector<Kind> kinds_;  // never moves in memory: objects that are asked may call back into here
+
+    // A row of a table is many reads of one object, so the last one that has a kind is recognised by its address. It is
+    // held for that: an address alone could by now be another object's.
+    ComPointer<IDispatch> last_;
+    Kind* lastKind_ = nullptr;
 };
 
 }  // namespace telvar::com
