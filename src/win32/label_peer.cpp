@@ -20,7 +20,10 @@ public:
     }
 
     static Control labelControl() noexcept { return {.className = L"STATIC", .style = SS_LEFT}; }
-    static Control frameControl() noexcept { return {.className = L"BUTTON", .style = BS_GROUPBOX}; }
+    // Paints its border only; transparent, so that the window around it paints what lies inside.
+    static Control frameControl() noexcept {
+        return {.className = L"BUTTON", .style = BS_GROUPBOX, .extendedStyle = WS_EX_TRANSPARENT};
+    }
 
 protected:
     [[nodiscard]] Control control() const noexcept override { return control_; }
