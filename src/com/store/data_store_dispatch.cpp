@@ -25,6 +25,14 @@ namespace {
            arguments->cNamedArgs == 0 && result != nullptr && IsEqualIID(reserved, IID_NULL);
 }
 
+[[nodiscard]] std::int32_t numberOf(const VARIANT& index) {
+    const VARIANT& own = dereferenced(index);
+    if (V_VT(&own) == VT_I2) {
+        return V_I2(&own);
+    }
+    return V_VT(&own) == VT_I4 ? V_I4(&own) : base::toInt32(valueOf(own));
+}
+
 }  // namespace
 
 STDMETHODIMP DataStore::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) noexcept {
@@ -82,7 +90,7 @@ STDMETHODIMP DataStore::get_ConfigRecords(IConfigRecords** records) noexcept {
 
 HRESULT DataStore::element(const VARIANT& index, VARIANT* record, UINT* wrongArgument) noexcept {
     const HRESULT answer = guarded([&] {
-        const std::int32_t number = base::toInt32(valueOf(index));
+        const std::int32_t number = numberOf(index);
         if (number < 0 || number >= model::channelCount) {
             return DISP_E_BADINDEX;
         }
