@@ -98,6 +98,8 @@ if(WIN32)
             if(area STREQUAL "host" AND TARGET telvar_host)
                 # The program's pieces are tested beside the program itself.
                 target_link_libraries(test_windows_host PRIVATE telvar_host)
+                target_sources(test_windows_host PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/src/host/TelvarHost.rc)
+                target_include_directories(test_windows_host PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/src/host)
             endif()
             if(TELVAR_TRIPLE STREQUAL "x86_64-w64-mingw32")
                 # The system's own container for controls, which serves as the foreign one.
