@@ -1,0 +1,61 @@
+// The command line as a Windows program: wide arguments, bytes as they are, exit statuses.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/temporary_folder.h"
+#include "support/windows/command.h"
+
+namespace telvar::tests {
+namespace {
+
+class Program : public testing::Test {
+protected:
+    [[nodiscard]] static CommandOutcome telvar(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), TELVAR_BIN_DIR "/telvar.exe");
+        return runCommand(arguments);
+    }
+
+    TemporaryFolder folder;
+    std::string path = folder / "K\xc3\xbcste \xe6\xb5\xb7.telvar";
+};
+
+TEST_F(Program, TakesNamesAndTextsInAnyScript) {
+    ASSERT_EQ(telvar({"new", path, "--title", "K\xc3\xbcste \xe6\xb5\xb7"}).output, "");
+    ASSERT_EQ(telvar({"set", path, "TxFreq=145500000", "--channel", "2"}).output, "");
+    EXPECT_EQ(folder.entries(),
+              (std::vector<std::string>{"K\xc3\xbcste \xe6\xb5\xb7.telvar", "K\xc3\xbcste \xe6\xb5\xb7.telvar.bak"}));
+    const auto text = TemporaryFolder::read(path);
+    EXPECT_NE(text.find("\"title\": \"K\xc3\xbcste \xe6\xb5\xb7\""), std::string::npos) << text;
+    EXPECT_NE(text.find("{\"channel\": 2, \"TxFreq\": 145500000}"), std::string::npos) << text;
+    EXPECT_EQ(text.find('\r'), std::string::npos);
+}
+
+TEST_F(Program, WritesTheSamplesAgainByteByByte) {
+    for (const std::string name : {"maritime", "every-reading"}) {
+        const std::string sample = std::string(TELVAR_SOURCE_DIR "/samples/") + name + ".telvar";
+        const auto copy = folder / (name + ".telvar");
+        ASSERT_EQ(telvar({"convert", sample, copy}).output, "");
+        EXPECT_EQ(TemporaryFolder::read(copy), TemporaryFolder::read(sample)) << name;
+    }
+}
+
+TEST_F(Program, SaysWhatItRefuses) {
+    const auto missing = telvar({"show", path});
+    EXPECT_EQ(missing.exitCode, 2U);
+    EXPECT_TRUE(missing.output.starts_with(path + ": ")) << missing.output;
+    EXPECT_EQ(telvar({"/show"}).exitCode, 2U);
+}
+
+TEST_F(Program, ReadsBackslashesAsFolders) {
+    auto backslashes = path;
+    std::ranges::replace(backslashes, '/', '\\');
+    ASSERT_EQ(telvar({"new", backslashes}).output, "");
+    EXPECT_EQ(folder.entries().size(), 1U);
+    EXPECT_EQ(telvar({"new", backslashes}).exitCode, 2U);
+}
+
+}  // namespace
+}  // namespace telvar::tests
