@@ -37,6 +37,9 @@ class ChannelInformationObject final
 public:
     ChannelInformationObject();
 
+    // What is served.
+    [[nodiscard]] control::ChannelInformation& portable() noexcept { return control_; }
+
     // ---- _ChannelInformation, see channel_information_members.cpp
     STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO* exception, UINT* wrongArgument) noexcept override;

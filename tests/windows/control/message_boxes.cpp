@@ -1,0 +1,61 @@
+#include "message_boxes.h"
+
+#include <array>
+#include <string_view>
+
+#include "com/kit/text.h"
+
+namespace telvar::tests {
+
+namespace {
+
+MessageBoxes* active = nullptr;
+
+[[nodiscard]] std::string textOf(HWND window) {
+    std::array<wchar_t, 1024> text{};
+    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    return com::narrow({text.data(), static_cast<std::size_t>(length)});
+}
+
+[[nodiscard]] bool isDialog(HWND window) {
+    std::array<wchar_t, 16> name{};
+    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    return std::wstring_view(name.data()) == L"#32770";
+}
+
+}  // namespace
+
+MessageBoxes::MessageBoxes() : hook_(SetWindowsHookExW(WH_CBT, &hook, nullptr, GetCurrentThreadId())) { active = this; }
+
+MessageBoxes::~MessageBoxes() {
+    UnhookWindowsHookEx(hook_);
+    active = nullptr;
+}
+
+std::vector<std::string> MessageBoxes::texts() const {
+    std::vector<std::string> texts;
+    for (const auto& box : shown_) {
+        texts.push_back(box.text);
+    }
+    return texts;
+}
+
+LRESULT CALLBACK MessageBoxes::hook(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HCBT_ACTIVATE && active != nullptr) {
+        // NOLINTNEXTLINE: a handle travels as a number
+        const auto window = reinterpret_cast<HWND>(wParam);
+        if (isDialog(window)) {
+            active->answer(window);
+        }
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void MessageBoxes::answer(HWND box) {
+    constexpr int textControl = 0xFFFF;
+    shown_.push_back(
+        {.text = textOf(GetDlgItem(box, textControl)), .title = textOf(box), .owner = GetWindow(box, GW_OWNER)});
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+}
+
+}  // namespace telvar::tests

@@ -1,0 +1,39 @@
+// Answers every message box of this thread with its default button and keeps what it said, so that a test neither hangs
+// nor misses one.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+namespace telvar::tests {
+
+struct ShownBox {
+    std::string text;
+    std::string title;
+    HWND owner = nullptr;
+};
+
+class MessageBoxes {
+public:
+    MessageBoxes();
+    MessageBoxes(const MessageBoxes&) = delete;
+    MessageBoxes& operator=(const MessageBoxes&) = delete;
+    MessageBoxes(MessageBoxes&&) = delete;
+    MessageBoxes& operator=(MessageBoxes&&) = delete;
+    ~MessageBoxes();
+
+    [[nodiscard]] const std::vector<ShownBox>& shown() const noexcept { return shown_; }
+    [[nodiscard]] std::vector<std::string> texts() const;
+    void forget() noexcept { shown_.clear(); }
+
+private:
+    static LRESULT CALLBACK hook(int code, WPARAM wParam, LPARAM lParam);
+    void answer(HWND box);
+
+    std::vector<ShownBox> shown_;
+    HHOOK hook_;
+};
+
+}  // namespace telvar::tests

@@ -1,0 +1,88 @@
+' Every published member by its name: the methods without a crash, the properties written and read back.
+Option Explicit
+Dim store, link, control, calculator, failures, result
+failures = 0
+
+Sub Expect(what, found, expected)
+    If found <> expected Then
+        failures = failures + 1
+        WScript.Echo "FAILED " & what & ": " & found & " instead of " & expected
+    End If
+End Sub
+
+Set store = CreateObject("VexloDataStore.DataStore")
+Set link = CreateObject("VexloRadioLink.RadioLink")
+Set control = CreateObject("Tesslin.ChannelInformation")
+
+Set control.pCentralDataStore = store
+Set control.plibRadioComms = link
+control.DistributeDataStoreLink
+control.DistributeRadioCommsLink
+control.Prepare
+control.Prepare
+control.HideAdvancedButton
+control.DisplayFill
+control.ChannelFillDown
+control.ChannelFillSeries
+result = control.check_Frequencies
+Expect "type of check_Frequencies", TypeName(result), "Boolean"
+control.LoadFromTelvar
+control.SendToTelvar
+control.LoadChannelInfoFromTelvar
+control.SendChannelInfoToTelvar
+result = control.CheckTotalNoOfChannelScan
+Expect "type of CheckTotalNoOfChannelScan", TypeName(result), "String"
+control.UpdateControlsFromMemory
+control.SetRowBackColour 1, 255
+control.HighLightChannel 7
+control.UpdateChannelSelection
+control.UpdateRowData 255
+control.UpdateAccess 5
+control.DisableMyCommands "RS232"
+control.EnableMyCommands "RS232"
+store.TableOpen = True
+control.PrintInfo
+control.RefreshEditForm
+control.ChannelKeyUp
+control.ChannelKeyDown
+control.logMessage "by script"
+
+control.bHidden = True
+Expect "bHidden", control.bHidden, True
+control.bHidden = False
+Expect "bHidden", control.bHidden, False
+control.intPrevChannel = 42
+Expect "intPrevChannel", control.intPrevChannel, 42
+Expect "type of intPrevChannel", TypeName(control.intPrevChannel), "Integer"
+Expect "pCentralDataStore", control.pCentralDataStore Is store, True
+Expect "plibRadioComms", control.plibRadioComms Is link, True
+
+On Error Resume Next
+control.intPrevChannel = 40000
+Expect "too large a channel", Err.Number, 6
+Err.Clear
+control.intPrevChannel = "x"
+Expect "a channel that is no number", Err.Number, 13
+Err.Clear
+control.pCentralDataStore = 5
+Expect "a store that is no object", Err.Number, 13
+Err.Clear
+control.NoSuchMember
+Expect "a member that does not exist", Err.Number, 438
+Err.Clear
+On Error GoTo 0
+
+Set calculator = CreateObject("Tesslin.clsPLLSetting")
+Expect "Modulo", calculator.Modulo, 0
+Expect "VCOFreq", calculator.VCOFreq, 0
+Expect "FreqStepSize", calculator.FreqStepSize, 0
+Expect "IsValid", calculator.IsValid, True
+calculator.InitialiseSettings 450000000, 8, 12500, 12800000
+Expect "Modulo", calculator.Modulo, 8
+Expect "VCOFreq", calculator.VCOFreq, 450000000
+Expect "FreqStepSize", calculator.FreqStepSize, 12500
+calculator.InitialiseSettings 450000000, 8, 0, 12800000
+Expect "a step of 0", calculator.IsValid, False
+
+WScript.Echo "end of members.vbs, failures: " & failures
+WScript.Quit 40 + failures
