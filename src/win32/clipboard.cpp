@@ -91,13 +91,16 @@ std::optional<std::string> readClipboardText(HWND owner) {
     if (data == nullptr) {
         return std::nullopt;
     }
-    const LockedMemory locked(data);
+    return textOfClipboardBlock(data);
+}
+
+std::optional<std::string> textOfClipboardBlock(HGLOBAL block) {
+    const LockedMemory locked(block);
     if (locked.text() == nullptr) {
         return std::nullopt;
     }
-    // Some programs leave the final zero out, so the block's size is the other limit.
-    const std::wstring_view block(locked.text(), GlobalSize(data) / sizeof(wchar_t));
-    return narrowed(block.substr(0, block.find(L'\0')));
+    const std::wstring_view text(locked.text(), GlobalSize(block) / sizeof(wchar_t));
+    return narrowed(text.substr(0, text.find(L'\0')));
 }
 
 void writeClipboardText(HWND owner, const std::string& text) {

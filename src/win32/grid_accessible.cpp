@@ -127,7 +127,7 @@ public:
         if (object == nullptr) {
             return E_POINTER;
         }
-        const bool known = iid == IID_IUnknown || iid == IID_IDispatch || iid == IID_IAccessible;
+        const bool known = iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(IAccessible);
         *object = known ? static_cast<IAccessible*>(this) : nullptr;
         if (!known) {
             return E_NOINTERFACE;
@@ -410,9 +410,11 @@ private:
 
 }  // namespace
 
+// The identifier is the compiler's own: the import library of oleacc offers the name IID_IAccessible as if it were a
+// function.
 LRESULT accessibleAnswer(const std::shared_ptr<GridWindow>& window, WPARAM wParam) {
     auto* const object = new GridAccessible(window);
-    const LRESULT answer = LresultFromObject(IID_IAccessible, wParam, object);
+    const LRESULT answer = LresultFromObject(__uuidof(IAccessible), wParam, object);
     object->Release();
     return answer;
 }

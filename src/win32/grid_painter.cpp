@@ -95,7 +95,7 @@ void GridPainter::paint(HDC dc, const ui::Grid& grid, const ui::GridLayout& layo
     const SavedContext saved(dc);
     IntersectClipRect(dc, static_cast<int>(damage.left), static_cast<int>(damage.top), static_cast<int>(damage.right),
                       static_cast<int>(damage.bottom));
-    SelectObject(dc, font_->get());
+    const Selected selected(dc, font_->get());
     SetTextAlign(dc, TA_LEFT | TA_TOP);
 
     std::wstring text;
