@@ -83,6 +83,36 @@ TEST_F(DispatchNumbers, AKindIsNotMistakenForOneThatLayAtItsAddress) {
     EXPECT_EQ(store.read(1), FakeStore::frequencyOf(1));
 }
 
+TEST_F(DispatchNumbers, AnObjectIsNotMistakenForOneThatLayAtItsAddress) {
+    for (int at = 0; at < 50; ++at) {
+        GUID kind = oneKind;
+        kind.Data1 += static_cast<unsigned long>(at % 4);
+        const auto record = makeObject();
+        record->firstNumber = 100 + at % 4;
+        record->with(L"TxFreq", constant(Variant(static_cast<std::int16_t>(at))));
+        giveKind(*record, kind);
+        Array one = arrayOf(VT_DISPATCH, 0, {record});
+        store.table = [&one](const Call& call) { return call.answer(referenceToArray(one.get(), VT_DISPATCH)); };
+        // Nobody but the adapter may keep the record after this.
+        ASSERT_EQ(store.read(0), base::Value{static_cast<std::int16_t>(at)});
+    }
+}
+
+TEST_F(DispatchNumbers, TheLastRecordIsHeldAndNoOther) {
+    giveKind(first(), oneKind);
+    giveKind(second(), otherKind);
+    const ULONG before = first().references();
+    for (int round = 0; round < 3; ++round) {
+        (void)store.read(0);
+    }
+    EXPECT_EQ(first().references(), before + 1);
+    (void)store.read(1);
+    EXPECT_EQ(first().references(), before);
+    EXPECT_EQ(second().references(), before + 1);
+    store.adapter.reset();
+    EXPECT_EQ(second().references(), before);
+}
+
 TEST_F(DispatchNumbers, NumbersThatTheTypeInformationDoesNotKnowBelongToTheObject) {
     const auto info = makeTypeInfo(oneKind);
     first().typeInfo = ComPointer<ITypeInfo>(info.get());
