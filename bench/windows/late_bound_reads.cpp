@@ -1,7 +1,6 @@
 // What one value of our own data store costs through the adapter to foreign stores, against the bare calls with
-// remembered dispatch numbers, in the same run. Argument: the folder of VexloDataStore.dll (default: the build's).
+// remembered dispatch numbers, in the same run.
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -14,8 +13,8 @@
 #include "com/kit/failure.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/pointer.h"
-#include "com/kit/text.h"
 #include "com/kit/variant.h"
+#include "support/windows/loaded_server.h"
 
 namespace {
 
@@ -24,23 +23,6 @@ using com::ComPointer;
 
 constexpr int rounds = 15;
 constexpr int reads = 255 * 27;  // as many as a full refresh of plain cells
-
-ComPointer<IDispatch> makeStore(const std::string& folder) {
-    const HMODULE server = LoadLibraryW(com::wide(folder + "/VexloDataStore.dll").c_str());
-    const auto entry = server == nullptr ? nullptr : GetProcAddress(server, "DllGetClassObject");
-    if (entry == nullptr) {
-        throw base::Failure("VexloDataStore.dll cannot be loaded from " + folder);
-    }
-    HRESULT(STDAPICALLTYPE * getClassObject)(REFCLSID, REFIID, void**) = nullptr;
-    static_assert(sizeof getClassObject == sizeof entry);
-    std::copy_n(reinterpret_cast<const unsigned char*>(&entry), sizeof entry,
-                reinterpret_cast<unsigned char*>(&getClassObject));
-    ComPointer<IClassFactory> factory;
-    com::check(getClassObject(__uuidof(DataStore), __uuidof(IClassFactory), factory.putVoid()));
-    ComPointer<IDispatch> store;
-    com::check(factory->CreateInstance(nullptr, __uuidof(IDispatch), store.putVoid()));
-    return store;
-}
 
 DISPID numberOf(IDispatch& object, std::wstring name) {
     LPOLESTR text = name.data();
@@ -52,8 +34,8 @@ DISPID numberOf(IDispatch& object, std::wstring name) {
 void bareGet(IDispatch& object, DISPID id, com::Variant& answer) {
     DISPPARAMS none{};
     EXCEPINFO exception{};
-    com::check(object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, com::getFlags, &none, answer.put(), &exception,
-                             nullptr));
+    com::check(
+        object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, com::getFlags, &none, answer.put(), &exception, nullptr));
 }
 
 // Nanoseconds of one, by the median of the rounds.
@@ -71,8 +53,9 @@ double costOf(const std::function<void(int)>& read) {
     return costs[rounds / 2];
 }
 
-void measure(const std::string& folder) {
-    const auto store = makeStore(folder);
+void measure() {
+    const tests::LoadedServer server("VexloDataStore.dll");
+    const auto store = server.create<IDispatch>(__uuidof(DataStore));
     const auto adapter = com::adaptDataStore(store.get());
     for (int index = 0; index < 255; ++index) {
         adapter->writeChannel(static_cast<std::int16_t>(index), model::ChannelKey::TxFreq, std::int32_t{145'000'000});
@@ -108,10 +91,10 @@ void measure(const std::string& folder) {
 
 }  // namespace
 
-int main(int count, char** arguments) {
+int main() {
     try {
         com::check(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-        measure(count > 1 ? arguments[1] : TELVAR_BIN_DIR);
+        measure();
         return 0;
     } catch (const base::Failure& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
