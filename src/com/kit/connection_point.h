@@ -58,15 +58,16 @@ class EventSource : public IConnectionPointContainer {
 public:
     using ComInterface = IConnectionPointContainer;
 
+    EventSource(const EventSource&) = delete;
+    EventSource& operator=(const EventSource&) = delete;
+    EventSource(EventSource&&) = delete;
+    EventSource& operator=(EventSource&&) = delete;
+
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override;
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override;
 
 protected:
     explicit EventSource(REFIID events) noexcept : point_(*this, events) {}
-    EventSource(const EventSource&) = delete;
-    EventSource& operator=(const EventSource&) = delete;
-    EventSource(EventSource&&) = delete;
-    EventSource& operator=(EventSource&&) = delete;
     ~EventSource() = default;
 
     [[nodiscard]] ConnectionPoint& point() noexcept { return point_; }

@@ -17,13 +17,13 @@ struct ControlTraits {
 };
 
 struct ServerClass {
-    CLSID classId;
-    const wchar_t* progId;       // without a version number
-    int version;                 // of the ProgID that has one
-    const wchar_t* description;  // one phrase
+    CLSID classId{};
+    const wchar_t* progId = nullptr;       // without a version number
+    int version = 0;                       // of the ProgID that has one
+    const wchar_t* description = nullptr;  // one phrase
     ControlTraits traits;
     // A new object, as the interface that it was asked for.
-    HRESULT (*create)(REFIID iid, void** object) noexcept;
+    HRESULT (*create)(REFIID iid, void** object) noexcept = nullptr;
 };
 
 struct Server {

@@ -133,7 +133,7 @@ private:
         V_BSTR(&variant_) = text.detach();
     }
 
-    VARIANT variant_;
+    VARIANT variant_{};
 };
 
 }  // namespace telvar::com

@@ -28,6 +28,7 @@ public:
     STDMETHODIMP get_ChannelTable(VARIANT* table) noexcept override;
     STDMETHODIMP get_ConfigRecords(IConfigRecords** records) noexcept override;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a type cannot stand in parentheses
 #define TELVAR_MEMBER(name, type)                                                                                      \
     STDMETHODIMP get_##name(type* value) noexcept override { return get(model::StoreMember::name, value); }            \
     STDMETHODIMP put_##name(type value) noexcept override { return put(model::StoreMember::name, value); }
@@ -59,6 +60,7 @@ public:
     TELVAR_MEMBER(ChannelChangeAllowed, VARIANT_BOOL)
 
 #undef TELVAR_MEMBER
+    // NOLINTEND(bugprone-macro-parentheses)
 
     STDMETHODIMP SetPotValue(short* index, unsigned char level) noexcept override;
     STDMETHODIMP get_PotValue(short index, short* level) noexcept override;
