@@ -1,7 +1,9 @@
 #include "com/control/foreign_data_store.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,24 +35,11 @@ enum Further : std::size_t {
 // The one member of a configuration record, counted on from the keys of a channel record.
 constexpr std::size_t scalingKey = model::channelKeyCount;
 
-[[nodiscard]] std::vector<std::wstring> storeNames() {
-    std::vector<std::wstring> names;
-    for (const auto& info : model::storeMembers) {
-        names.push_back(wide(info.name));
-    }
-    for (const auto* further : {L"ChannelTable", L"ConfigRecords", L"SetPotValue", L"EnterChannelSelect",
-                                L"AutomaticSelect", L"CheckKey", L"CtcssTone", L"SendPermitted"}) {
-        names.emplace_back(further);
-    }
-    return names;
-}
-
-[[nodiscard]] std::vector<std::wstring> recordNames() {
-    std::vector<std::wstring> names;
-    for (const auto& info : model::channelKeys) {
-        names.push_back(wide(info.name));
-    }
-    names.emplace_back(L"sm");
+// The names of a table of the model, then the others.
+[[nodiscard]] std::vector<std::wstring> namesOf(const auto& table, std::initializer_list<const wchar_t*> others) {
+    std::vector<std::wstring> names(table.size());
+    std::ranges::transform(table, names.begin(), [](const auto& info) { return wide(info.name); });
+    names.insert(names.end(), others.begin(), others.end());
     return names;
 }
 
@@ -159,8 +148,10 @@ private:
     }
 
     ComPointer<IDispatch> store_;
-    KnownMembers storeMembers_{storeNames()};
-    KnownMembers recordMembers_{recordNames()};
+    KnownMembers storeMembers_{
+        namesOf(model::storeMembers, {L"ChannelTable", L"ConfigRecords", L"SetPotValue", L"EnterChannelSelect",
+                                      L"AutomaticSelect", L"CheckKey", L"CtcssTone", L"SendPermitted"})};
+    KnownMembers recordMembers_{namesOf(model::channelKeys, {L"sm"})};
 };
 
 }  // namespace

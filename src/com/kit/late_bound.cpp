@@ -104,11 +104,10 @@ HRESULT tryInvoke(IDispatch& object, MemberId member, WORD flags, std::span<cons
 
 void putProperty(IDispatch& object, MemberId member, const Variant& value) {
     if (value.type() == VT_DISPATCH) {
-        try {
-            (void)invoke(object, member, DISPATCH_PROPERTYPUTREF, {&value, 1});
+        // Some objects have the plain put only; its failure is the one to tell.
+        Variant nothing;
+        if (SUCCEEDED(tryInvoke(object, member, DISPATCH_PROPERTYPUTREF, {&value, 1}, nothing))) {
             return;
-        } catch (const ComFailure&) {
-            // Some objects have the plain put only; its failure is the one to tell.
         }
     }
     (void)invoke(object, member, DISPATCH_PROPERTYPUT, {&value, 1});
