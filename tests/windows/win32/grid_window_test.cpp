@@ -230,15 +230,15 @@ protected:
         widgets.grid.setHighlightShown(true);
         pump();
     }
-    // Whether the frame stands around a row, all of it.
+    // Whether the frame stands around a row, all of it and nothing else, on an otherwise clean picture.
     [[nodiscard]] bool framed(int row) {
+        constexpr int width = 2;
         const ui::Rect rect = layout().rangeRect({row, 0, row, 26});
+        const int pixels = (2 * width * rect.width()) + (2 * width * (rect.height() - (2 * width)));
         const Picture with(window);
-        widgets.grid.setHighlightShown(false);
-        const Picture without(window);
-        const bool whole = with.differing(without) == rect;
+        const Picture without = clean();
         widgets.grid.setHighlightShown(true);
-        return whole && with == Picture(window);
+        return with.differing(without) == rect && with.differences(without) == pixels;
     }
 };
 

@@ -31,7 +31,6 @@ void showOnce(const TopWindow& top) {
     widgets.grid.setHighlightShown(true);
     desktop.doEvents();
     widgets.grid.setTopRow(5);
-    static_cast<void>(desktop.measure("text", 120));
     desktop.doEvents();
 }
 
