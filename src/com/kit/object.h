@@ -35,7 +35,7 @@ template <class Interface>
 [[nodiscard]] bool answersTo(REFIID iid) noexcept {
     return IsEqualIID(iid, __uuidof(Interface)) ||
            answersAsParent<Interface, IUnknown, IDispatch, IPersist, IOleWindow, IViewObject, IProvideClassInfo,
-                           IParseDisplayName, IAdviseSink>(iid);
+                           IParseDisplayName, IAdviseSink, IOleInPlaceSite, IOleInPlaceUIWindow>(iid);
 }
 
 }  // namespace detail
