@@ -12,8 +12,11 @@ namespace telvar::os {
 
 namespace {
 
-// FNV-1a, 64 bits: the same on every platform and in every release. Two files that share a hash only wait for each
-// other.
+// A few files for all tables ever changed, instead of one left behind for each. Two tables that share one only wait for
+// each other, and nobody holds two.
+constexpr unsigned lockFileCount = 64;
+
+// FNV-1a, 64 bits: the same on every platform and in every release.
 [[nodiscard]] std::uint64_t hashOf(std::string_view text) noexcept {
     std::uint64_t hash = 0xcbf29ce484222325U;
     for (const char c : text) {
@@ -35,8 +38,8 @@ namespace {
 
 std::string lockFileFor(const std::string& path) {
     std::array<char, 32> name{};
-    std::snprintf(name.data(), name.size(), "/%016llx.lock",
-                  static_cast<unsigned long long>(hashOf(canonicalPath(path))));
+    std::snprintf(name.data(), name.size(), "/table%02u.lock",
+                  static_cast<unsigned>(hashOf(canonicalPath(path)) % lockFileCount));
     return lockFolder() + name.data();
 }
 

@@ -32,7 +32,8 @@ private:
 };
 
 // The lock file, in the user's state folder (the temporary one where there is none), that stands for changes of `path`
-// by this user's programs. The same file under another spelling of its path has the same lock, links included.
+// by this user's programs. The same file under another spelling of its path has the same lock, links included; other
+// files may share it, so hold one at a time.
 [[nodiscard]] std::string lockFileFor(const std::string& path);
 
 }  // namespace telvar::os

@@ -4,6 +4,8 @@
 
 #include <future>
 #include <optional>
+#include <set>
+#include <string>
 
 #include "os/folders.h"
 #include "support/temporary_folder.h"
@@ -66,7 +68,11 @@ TEST_F(Lock, InAMissingFolderIsAFailure) {
 TEST_F(Lock, IsTheSameForEverySpellingOfAPath) {
     const auto plain = lockFileFor(folder / "table.telvar");
     EXPECT_EQ(lockFileFor(folder / "./sub/../table.telvar"), plain);
-    EXPECT_NE(lockFileFor(folder / "other.telvar"), plain);
+    std::set<std::string> others;
+    for (int at = 0; at < 100; ++at) {
+        others.insert(lockFileFor(folder / (std::to_string(at) + ".telvar")));
+    }
+    EXPECT_GT(others.size(), 10U);
     EXPECT_TRUE(plain.starts_with(userStateFolder().value())) << plain;
     EXPECT_TRUE(FileLock::tryAcquire(plain));
 }
