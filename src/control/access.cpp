@@ -4,8 +4,8 @@
 
 #include "base/conversion.h"
 #include "control/channel_information.h"
-#include "control/redraw_off.h"
 #include "editing/columns.h"
+#include "ui/redraw_off.h"
 
 namespace telvar::control {
 
@@ -94,7 +94,7 @@ void ChannelInformation::optLockMode_Click(std::int16_t Index) {
 }
 
 void ChannelInformation::markHeaders(std::int16_t mode) {
-    const RedrawOff off(fgdDatabase);
+    const ui::RedrawOff off(fgdDatabase);
     const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
     const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
     const auto paint = [&](int column, ui::Colour colour) {

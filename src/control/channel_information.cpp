@@ -28,7 +28,10 @@ ChannelInformation::ChannelInformation(Surroundings surroundings)
       desktop_(surroundings.desktop),
       makeTable_(std::move(surroundings.makeTable)),
       numberFormat_(surroundings.numberFormat),
-      logPath_(std::move(surroundings.logPath)) {
+      logPath_(std::move(surroundings.logPath)),
+      gridSurroundings_(gridSurroundings()),
+      history_(gridSurroundings_, frmCE.mnuPopUpMenuUndo, frmCE.mnuPopUpMenuRedo),
+      clipboardEditing_(gridSurroundings_, history_) {
     UserControl_Initialize();
 }
 
@@ -42,8 +45,8 @@ void ChannelInformation::UserControl_Initialize() {
     }
     pcmbDCSCodes.setVisible(false);
     setUpLockModes();
-    undoTable_ = makeTable();
-    redoTable_ = makeTable();
+    auto backup = makeTable();
+    history_.setTables(std::move(backup), makeTable());
     Timer1.setInterval(blinkInterval);
     fillPanel();
     wire();
@@ -68,6 +71,9 @@ void ChannelInformation::fillPanel() {
 
 void ChannelInformation::wire() {
     ui::on(panel_.Resize, this, &ChannelInformation::UserControl_Resize);
+    ui::on(fgdDatabase.KeyDown, this, &ChannelInformation::fgdDatabase_KeyDown);
+    ui::on(fgdDatabase.KeyPress, this, &ChannelInformation::fgdDatabase_KeyPress);
+    ui::on(fgdDatabase.MouseDown, this, &ChannelInformation::fgdDatabase_MouseDown);
     ui::on(cmdChannelSelect.Click, this, &ChannelInformation::cmdChannelSelect_Click);
     for (std::int16_t index = 0; index < static_cast<std::int16_t>(optLockMode.size()); ++index) {
         optLockMode[static_cast<std::size_t>(index)].Click.connect([this, index] { optLockMode_Click(index); });
@@ -104,8 +110,7 @@ void ChannelInformation::UserControl_Terminate() {
     if (frmFill_) {
         frmFill_->setCentralDataStore(nullptr);
     }
-    static_cast<void>(std::exchange(undoTable_, nullptr));
-    static_cast<void>(std::exchange(redoTable_, nullptr));
+    history_.setTables(nullptr, nullptr);
     static_cast<void>(std::exchange(pCentralDataStore_, nullptr));
     static_cast<void>(std::exchange(plibRadioComms_, nullptr));
 }
@@ -114,8 +119,9 @@ void ChannelInformation::setCentralDataStore(model::DataStorePointer store) {
     if (closed_) {
         return;
     }
+    // No table's backup may land in another table.
     if (store != pCentralDataStore_) {
-        forgetUndo();
+        history_.forget();
     }
     const auto former = std::exchange(pCentralDataStore_, std::move(store));
 }
@@ -162,12 +168,6 @@ editing::frmFill& ChannelInformation::frmFill() {
     return *frmFill_;
 }
 
-// No table's backup may land in another table.
-void ChannelInformation::forgetUndo() noexcept {
-    frmCE.mnuPopUpMenuUndo.setEnabled(false);
-    frmCE.mnuPopUpMenuRedo.setEnabled(false);
-}
-
 void ChannelInformation::DistributeDataStoreLink() {
     routine("DistributeDataStoreLink", [&] {
         frmCE.setCentralDataStore(pCentralDataStore_);
@@ -182,10 +182,7 @@ void ChannelInformation::DistributeRadioCommsLink() {
 void ChannelInformation::HideAdvancedButton() {}
 
 void ChannelInformation::frmCE_DataChanged() {
-    routine("frmCE_DataChanged", [&] {
-        store()->put(model::StoreMember::DataModified, true);
-        store()->put(model::StoreMember::ChannelDataModified, true);
-    });
+    routine("frmCE_DataChanged", [&] { markTableChanged(); });
 }
 
 void ChannelInformation::frmCE_EditClosed() {

@@ -18,8 +18,11 @@
 #include "base/event.h"
 #include "base/number_text.h"
 #include "editform/frmChannelEdit.h"
+#include "editing/clipboard_editing.h"
 #include "editing/frmFill.h"
 #include "editing/frmMsgBox.h"
+#include "editing/grid_surroundings.h"
+#include "editing/undo.h"
 #include "model/data_store.h"
 #include "model/radio_link.h"
 #include "ui/button.h"
@@ -115,7 +118,8 @@ public:
     base::Event<> EditWindowClosed;
     base::Event<> IncrementProgressBar;
 
-    // For the host's command target. A command that is not enabled does nothing when it is run.
+    // For the host's command target. A command that is not enabled does nothing when it is run: undo and redo while
+    // their menu items are disabled, and whatever would change the table while such a command is under way.
     [[nodiscard]] bool commandEnabled(GridCommand command) const noexcept;
     void run(GridCommand command);
     // Every channel and every column, headers excluded.
@@ -150,8 +154,8 @@ public:
     [[nodiscard]] std::int16_t messageBoxAnswer() const noexcept { return messageBoxAnswer_; }
     [[nodiscard]] bool ignoreWarning() const noexcept { return ignoreWarning_; }
     // The backup tables; null once the control is closed.
-    [[nodiscard]] const model::DataStorePointer& undoTable() const noexcept { return undoTable_; }
-    [[nodiscard]] const model::DataStorePointer& redoTable() const noexcept { return redoTable_; }
+    [[nodiscard]] const model::DataStorePointer& undoTable() const noexcept { return history_.backupTable(); }
+    [[nodiscard]] const model::DataStorePointer& redoTable() const noexcept { return history_.redoTable(); }
 
 private:
     // Thrown after an event or a pump in which the control was closed; no std::exception, so that no trap tells it.
@@ -163,6 +167,9 @@ private:
     void Timer1_Timer();
     void cmdChannelSelect_Click();
     void optLockMode_Click(std::int16_t Index);
+    void fgdDatabase_KeyDown(ui::KeyEvent& event);
+    void fgdDatabase_KeyPress(ui::KeyPressEvent& event);
+    void fgdDatabase_MouseDown(const ui::MouseEvent& event);
     void frmCE_DataChanged();
     void frmCE_EditClosed();
     void frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo);
@@ -207,7 +214,13 @@ private:
     void wire();
     void setUpLockModes();
     [[nodiscard]] model::DataStorePointer makeTable() const;
-    void forgetUndo() noexcept;
+
+    [[nodiscard]] editing::GridSurroundings gridSurroundings();
+    void changeTable(GridCommand command);
+    [[nodiscard]] bool editTable(GridCommand command);
+    void markTableChanged();
+    // The default title where the store's cannot be read.
+    [[nodiscard]] std::string messageTitle() const;
 
     void setUpGrid();
     void renderChannel(std::int16_t channel);
@@ -238,13 +251,15 @@ private:
     std::unique_ptr<editing::frmFill> frmFill_;
     model::DataStorePointer pCentralDataStore_;
     model::RadioLinkPointer plibRadioComms_;
-    model::DataStorePointer undoTable_;
-    model::DataStorePointer redoTable_;
+    editing::GridSurroundings gridSurroundings_;
+    editing::UndoHistory history_;
+    editing::ClipboardEditing clipboardEditing_;
     std::int16_t accessLevel_ = 0;
     std::int16_t messageBoxAnswer_ = 0;
     bool ignoreWarning_ = false;
     std::int16_t channelToSend_ = 0;  // meanwhile typed, while selecting_
     bool selecting_ = false;          // inside the channel-select button's wait
+    bool editing_ = false;            // a command that changes the table is under way
     bool blinking_ = false;
     bool blinkPhase_ = false;
     bool closed_ = false;

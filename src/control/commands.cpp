@@ -1,24 +1,8 @@
-// The commands that edit, fill, check and transfer the table. Selecting everything works; the others are not built and
-// do nothing.
+// The commands that fill, check and transfer the table. Selecting everything works; the others are not built and do
+// nothing.
 #include "control/channel_information.h"
 
 namespace telvar::control {
-
-bool ChannelInformation::commandEnabled(GridCommand command) const noexcept {
-    switch (command) {
-    case GridCommand::Undo:
-        return frmCE.mnuPopUpMenuUndo.enabled();
-    case GridCommand::Redo:
-        return frmCE.mnuPopUpMenuRedo.enabled();
-    case GridCommand::Copy:
-    case GridCommand::Paste:
-    case GridCommand::Delete:
-        break;
-    }
-    return false;
-}
-
-void ChannelInformation::run(GridCommand command) { static_cast<void>(command); }
 
 void ChannelInformation::selectAll() {
     routine("selectAll", [&] { fgdDatabase.select({1, 1}, {fgdDatabase.rows() - 1, fgdDatabase.columns() - 1}); });

@@ -1,8 +1,8 @@
 // The grid as a view of the channel table: its set-up, the rendering of one row and of all, and the colour of a row.
 #include "base/conversion.h"
 #include "control/channel_information.h"
-#include "control/redraw_off.h"
 #include "editing/columns.h"
+#include "ui/redraw_off.h"
 
 namespace telvar::control {
 
@@ -13,7 +13,7 @@ void ChannelInformation::Prepare() {
 }
 
 void ChannelInformation::setUpGrid() {
-    const RedrawOff off(fgdDatabase);
+    const ui::RedrawOff off(fgdDatabase);
     fgdDatabase.setColumn(0);
     for (std::int16_t row = 1; row <= model::channelCount; ++row) {
         fgdDatabase.setRow(row);
@@ -47,7 +47,7 @@ void ChannelInformation::renderChannel(std::int16_t channel) {
 
 void ChannelInformation::UpdateControlsFromMemory() {
     routine("UpdateControlsFromMemory", [&] {
-        forgetUndo();
+        history_.forget();
         txtChannelSelect.loadText(base::toText(store()->get(StoreMember::SelectedChannel), numberFormat_));
         followSelectedChannel();
         std::string caption =
@@ -61,7 +61,7 @@ void ChannelInformation::UpdateControlsFromMemory() {
 }
 
 void ChannelInformation::renderAllChannels() {
-    const RedrawOff off(fgdDatabase);
+    const ui::RedrawOff off(fgdDatabase);
     for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
         renderChannel(channel);
         raise(IncrementProgressBar);

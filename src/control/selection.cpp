@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "base/rounding.h"
 #include "control/channel_information.h"
+#include "control/raised.h"
 
 namespace telvar::control {
 
@@ -16,20 +17,6 @@ constexpr int pageRows = 25;
 constexpr int scrollStep = 5;
 
 [[nodiscard]] constexpr bool isChannel(double number) noexcept { return number >= 1 && number <= model::channelCount; }
-
-// A flag that is set for as long as this lives.
-class Raised {
-public:
-    explicit Raised(bool& flag) noexcept : flag_(flag) { flag_ = true; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-    Raised(Raised&&) = delete;
-    Raised& operator=(Raised&&) = delete;
-    ~Raised() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
 
 }  // namespace
 

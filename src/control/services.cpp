@@ -33,6 +33,11 @@ void ChannelInformation::logMessage(const std::string& txtMessage) {
     }
 }
 
+std::string ChannelInformation::messageTitle() const {
+    return answerOr<std::string>(ui::defaultTitle,
+                                 [&] { return base::toText(store()->get(StoreMember::MessageTitle), numberFormat_); });
+}
+
 void ChannelInformation::PrintInfo() {
     routine("PrintInfo", [&] {
         // A table whose state cannot be read counts as not open.
@@ -41,9 +46,7 @@ void ChannelInformation::PrintInfo() {
             return;
         }
         show({.text = "No channel information open to print. Please open a channel database.",
-              .title = answerOr<std::string>(
-                  ui::defaultTitle,
-                  [&] { return base::toText(store()->get(StoreMember::MessageTitle), numberFormat_); }),
+              .title = messageTitle(),
               .icon = ui::Icon::Exclamation});
     });
 }

@@ -94,6 +94,7 @@ bool ClipboardEditing::DeleteSelectedCells() {
         if (answer == ui::Answer::Yes && history_.UpdateBackUpFrequencyMemory()) {
             disableChannels(rows, wrote);
         }
+        surroundings_.stayOpen();
         ClearSelection();
         surroundings_.grid.setFocus();
     });
@@ -142,7 +143,10 @@ ClipboardEditing::CellOutcome ClipboardEditing::pasteCell(std::string_view text,
     if (!error.empty()) {
         surroundings_.desktop.show({.text = "Error during pasting data. " + error + ". Unable to continue."});
         surroundings_.stayOpen();
-        history_.UndoChanges();
+        // Behind the box the host may have replaced the table, which the backup is not of.
+        if (history_.undoAvailable()) {
+            history_.UndoChanges();
+        }
         return CellOutcome::Refused;
     }
     wrote = true;

@@ -1,56 +1,71 @@
 #include "editing/undo.h"
 
+#include "base/failure.h"
 #include "editing/table_copy.h"
+#include "ui/redraw_off.h"
 #include "ui/trapped.h"
 
 namespace telvar::editing {
 
+namespace {
+
+// Shared for as long as it is copied: a foreign store may end the control inside any call.
+[[nodiscard]] model::DataStorePointer present(const model::DataStorePointer& table) {
+    if (!table) {
+        throw base::Failure("There is no table to go back to");
+    }
+    return table;
+}
+
+}  // namespace
+
 bool UndoHistory::UpdateBackUpFrequencyMemory() {
     return ui::trapped(surroundings_.desktop, "UpdateBackUpFrequencyMemory", [&] {
         undo_.setEnabled(true);
-        copyTable(*surroundings_.store(), *backupTable_);
+        const auto backup = present(backupTable_);
+        copyTable(*surroundings_.store(), *backup);
     });
 }
 
 bool UndoHistory::UndoChanges() {
-    return ui::trapped(surroundings_.desktop, "UndoChanges", [&] {
+    bool wrote = false;
+    ui::trapped(surroundings_.desktop, "UndoChanges", [&] {
         undo_.setEnabled(false);
         redo_.setEnabled(true);
         const auto live = surroundings_.store();
-        copyTable(*live, *redoTable_);
-        copyTable(*backupTable_, *live);
+        const auto backup = present(backupTable_);
+        const auto redo = present(redoTable_);
+        copyTable(*live, *redo);
+        wrote = true;
+        copyTable(*backup, *live);
         UpdateAllRowData();
     });
+    return wrote;
 }
 
 // The backup is not refreshed: a further undo goes back to before the last edit, not to before the redo.
 bool UndoHistory::RedoChanges() {
-    return ui::trapped(surroundings_.desktop, "RedoChanges", [&] {
+    bool wrote = false;
+    ui::trapped(surroundings_.desktop, "RedoChanges", [&] {
         redo_.setEnabled(false);
         undo_.setEnabled(true);
-        copyTable(*redoTable_, *surroundings_.store());
+        const auto live = surroundings_.store();
+        const auto redo = present(redoTable_);
+        wrote = true;
+        copyTable(*redo, *live);
         UpdateAllRowData();
     });
+    return wrote;
 }
 
 bool UndoHistory::UpdateAllRowData() {
-    auto& grid = surroundings_.grid;
-    const bool redraw = grid.redraw();
-    grid.setRedraw(false);
-    bool failed = false;
-    try {
+    return ui::trapped(surroundings_.desktop, "UpdateAllRowData", [&] {
+        // Ends before the box: what the user sees behind it is the table as far as it was rendered.
+        const ui::RedrawOff off(surroundings_.grid);
         for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
             surroundings_.renderRow(channel);
         }
-    } catch (const std::exception&) {
-        failed = true;
-    }
-    // Before the box: what the user sees behind it is the table as far as it was rendered.
-    grid.setRedraw(redraw);
-    if (failed) {
-        ui::tellFailureOf(surroundings_.desktop, "UpdateAllRowData");
-    }
-    return !failed;
+    });
 }
 
 void UndoHistory::forget() noexcept {

@@ -1,0 +1,144 @@
+// The grid's editing commands as the user and the host start them: by key, by pop-up menu, by the host's command
+// target. What each does to the table is the business of editing; here is what all of them share: who may start one,
+// the locked table, where the user stands afterwards, and the flags of a changed table.
+#include <array>
+#include <cstddef>
+
+#include "control/channel_information.h"
+#include "control/raised.h"
+
+namespace telvar::control {
+
+using model::StoreMember;
+
+namespace {
+
+// By GridCommand; as failures name them.
+constexpr std::array<std::string_view, 5> commandRoutines{"CopySelection", "PasteToCells", "DeleteSelectedCells",
+                                                          "UndoChanges", "RedoChanges"};
+
+// Keys that only accompany others or move the current cell.
+[[nodiscard]] constexpr bool keepsSelectionExtent(int code) noexcept {
+    switch (code) {
+    case ui::key::tab:
+    case ui::key::shift:
+    case ui::key::control:
+    case ui::key::alt:
+    case ui::key::capsLock:
+        return true;
+    default:
+        return code >= ui::key::pageUp && code <= ui::key::down;
+    }
+}
+
+}  // namespace
+
+editing::GridSurroundings ChannelInformation::gridSurroundings() {
+    return {.grid = fgdDatabase,
+            .desktop = desktop_,
+            .format = numberFormat_,
+            .store = [this] { return store(); },
+            .updateRow = [this](std::int16_t row) { UpdateRowData(row); },
+            .renderRow = [this](std::int16_t row) { renderChannel(row); },
+            .stayOpen = [this] { endIfClosed(); }};
+}
+
+bool ChannelInformation::commandEnabled(GridCommand command) const noexcept {
+    if (closed_) {
+        return false;
+    }
+    switch (command) {
+    case GridCommand::Copy:
+        return true;
+    case GridCommand::Paste:
+    case GridCommand::Delete:
+        return !editing_;
+    case GridCommand::Undo:
+        return !editing_ && frmCE.mnuPopUpMenuUndo.enabled();
+    case GridCommand::Redo:
+        return !editing_ && frmCE.mnuPopUpMenuRedo.enabled();
+    }
+    return false;
+}
+
+void ChannelInformation::run(GridCommand command) {
+    if (!commandEnabled(command)) {
+        return;
+    }
+    routine(commandRoutines[static_cast<std::size_t>(command)], [&] {
+        if (command == GridCommand::Copy) {
+            clipboardEditing_.CopySelection();
+        } else {
+            changeTable(command);
+        }
+    });
+}
+
+void ChannelInformation::changeTable(GridCommand command) {
+    if (ckLockData.value() != 0) {
+        show({.text = "Data is locked. Clear 'Lock Data' to make changes.",
+              .title = messageTitle(),
+              .icon = ui::Icon::Exclamation});
+        return;
+    }
+    const Raised editing(editing_);
+    // Rendering a row makes it current; the next command has to land where the user was.
+    const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
+    const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
+    const bool changed = editTable(command);
+    endIfClosed();
+    ui::resumed([&] { fgdDatabase.select(current, end); });
+    if (changed) {
+        markTableChanged();
+    }
+}
+
+// Answers whether anything of the table was written.
+bool ChannelInformation::editTable(GridCommand command) {
+    switch (command) {
+    case GridCommand::Paste:
+        return clipboardEditing_.PasteToCells();
+    case GridCommand::Delete:
+        return clipboardEditing_.DeleteSelectedCells();
+    case GridCommand::Undo:
+        return history_.UndoChanges();
+    case GridCommand::Redo:
+        return history_.RedoChanges();
+    case GridCommand::Copy:
+        break;
+    }
+    return false;
+}
+
+void ChannelInformation::markTableChanged() {
+    store()->put(StoreMember::DataModified, true);
+    store()->put(StoreMember::ChannelDataModified, true);
+}
+
+void ChannelInformation::fgdDatabase_KeyDown(ui::KeyEvent& event) {
+    const bool control = (event.shift & ui::shift::control) != 0;
+    if (control && event.code == ui::key::c) {
+        run(GridCommand::Copy);
+    } else if (control && event.code == ui::key::v) {
+        run(GridCommand::Paste);
+    } else if (!keepsSelectionExtent(event.code)) {
+        routine("ClearSelection", [&] { clipboardEditing_.ClearSelection(); });
+    }
+}
+
+// The Delete key arrives here as 46, which is the full stop as well: both ask.
+void ChannelInformation::fgdDatabase_KeyPress(ui::KeyPressEvent& event) {
+    if (event.code == ui::key::backspace || event.code == ui::key::deleteKey) {
+        run(GridCommand::Delete);
+    }
+}
+
+void ChannelInformation::fgdDatabase_MouseDown(const ui::MouseEvent& event) {
+    routine("fgdDatabase_MouseDown", [&] {
+        if (event.button == ui::MouseButton::Right) {
+            desktop_.popUp(frmCE.mnuPopUpMenu, fgdDatabase, event.at);
+        }
+    });
+}
+
+}  // namespace telvar::control
