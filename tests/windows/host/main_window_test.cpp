@@ -1,0 +1,445 @@
+// The main window with the real control, store and link, inside the test: what its commands do to the open table, and
+// which questions they ask.
+#include "host/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "com/kit/text.h"
+#include "com/kit/variant.h"
+#include "dialog_answers.h"
+#include "host/resource.h"
+#include "installed_servers.h"
+#include "support/temporary_folder.h"
+#include "test_settings.h"
+
+namespace telvar::tests {
+
+using host::MainWindow;
+
+class Program : public testing::Test {
+protected:
+    static void SetUpTestSuite() { servers = new InstalledServers; }
+    static void TearDownTestSuite() {
+        delete servers;
+        servers = nullptr;
+    }
+
+    Program() { com::check(OleInitialize(nullptr)); }
+    ~Program() override {
+        program.reset();
+        pump();
+        OleUninitialize();
+    }
+
+    void start(const std::wstring& file = {}) {
+        program.emplace(TestSettings::key);
+        program->open(file);
+        program->show(SW_SHOWNORMAL);
+        pump();
+    }
+    // As the program's own loop, until nothing is queued. The message that ends the loop is dropped.
+    void pump() {
+        MSG message{};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (!program || !program->translate(message)) {
+                TranslateMessage(&message);
+                DispatchMessageW(&message);
+            }
+        }
+        if (program) {
+            program->refreshState();
+        }
+    }
+    void command(int identifier) {
+        SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(identifier), 0);
+        pump();
+    }
+    void close() {
+        SendMessageW(program->window(), WM_CLOSE, 0, 0);
+        pump();
+    }
+    void key(WPARAM code) {
+        PostMessageW(GetFocus(), WM_KEYDOWN, code, 1);
+        pump();
+    }
+
+    // A sample in the test's own folder.
+    [[nodiscard]] std::wstring sample(const std::string& name, const std::string& as) {
+        const std::string path = folder / as;
+        std::filesystem::copy_file(TELVAR_SOURCE_DIR "/samples/" + name, TemporaryFolder::pathOf(path));
+        return com::wide(path);
+    }
+    [[nodiscard]] std::wstring path(const std::string& name) { return com::wide(folder / name); }
+
+    void change(int channel = 1) {
+        com::check(program->document().record(channel)->put_TxFreq(com::Variant(std::int32_t{446'006'250}).get()));
+        program->refreshState();
+    }
+    [[nodiscard]] long frequency(int channel = 1) {
+        com::Variant value;
+        com::check(program->document().record(channel)->get_TxFreq(value.put()));
+        value.convertTo(VT_I4);
+        return V_I4(&value.get());
+    }
+    [[nodiscard]] std::wstring cell(long row, long column) {
+        com::Bstr text;
+        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->get_Cell(row, column, text.put()));
+        return std::wstring(text.view());
+    }
+    [[nodiscard]] std::wstring title() {
+        std::wstring text(256, L'\0');
+        text.resize(static_cast<std::size_t>(GetWindowTextW(program->window(), text.data(), 256)));
+        return text;
+    }
+    [[nodiscard]] bool isOpen() { return program->window() != nullptr; }
+    [[nodiscard]] std::vector<std::wstring> recentFiles() {
+        host::Settings own(TestSettings::key);
+        return host::RecentFiles(own).paths();
+    }
+
+    static inline InstalledServers* servers = nullptr;
+    const TestSettings settings;
+    TemporaryFolder folder;
+    DialogAnswers dialogs;
+    std::optional<MainWindow> program;
+};
+
+using Texts = std::vector<std::wstring>;
+
+TEST_F(Program, StartsWithAnEmptyTable) {
+    start();
+    EXPECT_EQ(program->document().path(), L"");
+    EXPECT_EQ(program->document().configuredChannels(), 0);
+    EXPECT_FALSE(program->document().modified());
+    EXPECT_EQ(cell(0, 1), L"Tx Frequency (MHz)");
+    EXPECT_EQ(cell(255, 1), L"X");
+}
+
+TEST_F(Program, OpensTheFileItIsGivenAndTakesTheControlsCaption) {
+    const std::wstring file = sample("maritime.telvar", "Küste & Hafen 1.telvar");
+    start(file);
+    EXPECT_EQ(program->document().path(), file);
+    EXPECT_EQ(title(), L"Channel Information - International maritime VHF, coast station");
+    EXPECT_EQ(cell(1, 1), L"160.650000");
+    EXPECT_EQ(recentFiles(), Texts{file});
+}
+
+TEST_F(Program, TheControlHasTheFocusFromTheStart) {
+    start();
+    EXPECT_NE(GetFocus(), program->window());
+    EXPECT_TRUE(IsChild(program->window(), GetFocus()));
+}
+
+TEST_F(Program, TabGoesThroughTheControlAndComesBack) {
+    start();
+    const HWND first = GetFocus();
+    std::vector<HWND> visited;
+    do {
+        key(VK_TAB);
+        visited.push_back(GetFocus());
+    } while (visited.back() != first && visited.size() < 20);
+    EXPECT_EQ(visited.back(), first);
+    EXPECT_GE(visited.size(), 4U);
+    for (const HWND window : visited) {
+        EXPECT_TRUE(IsChild(program->window(), window));
+    }
+}
+
+TEST_F(Program, AMissingFileIsToldAndANewTableStaysOpen) {
+    dialogs.expectBox(IDOK);
+    start(path("nowhere.telvar"));
+    ASSERT_EQ(dialogs.shown().size(), 1U);
+    EXPECT_NE(dialogs.shown().front().find(L"nowhere.telvar"), std::wstring::npos);
+    EXPECT_EQ(program->document().path(), L"");
+    EXPECT_EQ(recentFiles(), Texts{});
+}
+
+TEST_F(Program, ADamagedFileIsToldAsTheStoreDoesAndTheOpenTableStays) {
+    const std::wstring good = sample("pmr446.telvar", "good.telvar");
+    start(good);
+    const std::wstring before = cell(1, 1);
+    const std::string bad = folder / "bad.telvar";
+    TemporaryFolder::write(
+        bad, R"({"format": "telvar-channel-table", "version": 1, "channels": [{"channel": 3, "TxFreq": "x"}]})");
+    dialogs.expectFile(com::wide(bad));
+    dialogs.expectBox(IDOK);
+    command(COMMAND_OPEN);
+    ASSERT_EQ(dialogs.shown().size(), 2U);
+    const std::wstring& sentence = dialogs.shown().back();
+    EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << com::narrow(sentence);
+    EXPECT_NE(sentence.find(L"bad.telvar"), std::wstring::npos) << com::narrow(sentence);
+    EXPECT_NE(sentence.find(L"3"), std::wstring::npos) << com::narrow(sentence);
+    EXPECT_NE(sentence.find(L"TxFreq"), std::wstring::npos) << com::narrow(sentence);
+    EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
+    EXPECT_EQ(program->document().path(), good);
+    EXPECT_EQ(cell(1, 1), before);
+    EXPECT_FALSE(program->document().modified());
+    EXPECT_EQ(recentFiles(), Texts{good});
+}
+
+TEST_F(Program, AChangeThatNoFlagAnnouncedIsMarkedAndSaved) {
+    const std::wstring file = sample("pmr446.telvar", "a.telvar");
+    start(file);
+    EXPECT_FALSE(title().starts_with(L"*"));
+    change(200);
+    EXPECT_TRUE(title().starts_with(L"*"));
+    command(COMMAND_SAVE);
+    EXPECT_FALSE(title().starts_with(L"*"));
+    EXPECT_NE(TemporaryFolder::read(folder / "a.telvar").find("\"channel\": 200"), std::string::npos);
+    EXPECT_NE(TemporaryFolder::read(folder / "a.telvar.bak").find("\"channels\""), std::string::npos);
+}
+
+TEST_F(Program, RefreshShowsWhatTheStoreHolds) {
+    start();
+    change(7);
+    EXPECT_EQ(cell(7, 1), L"X");
+    command(COMMAND_REFRESH);
+    EXPECT_EQ(cell(7, 1), L"446.006250");
+}
+
+TEST_F(Program, ANewTableIsSavedUnderTheNameThatTheUserGives) {
+    start();
+    change();
+    dialogs.expectFile(path("fresh"));
+    command(COMMAND_SAVE);
+    EXPECT_EQ(program->document().path(), path("fresh.telvar"));
+    EXPECT_FALSE(program->document().modified());
+    EXPECT_EQ(recentFiles(), Texts{path("fresh.telvar")});
+}
+
+TEST_F(Program, SavingUnderANameCanBeCancelled) {
+    start();
+    change();
+    dialogs.expectBox(IDCANCEL);
+    command(COMMAND_SAVE_AS);
+    EXPECT_TRUE(program->document().modified());
+    EXPECT_EQ(program->document().path(), L"");
+}
+
+TEST_F(Program, AFileThatCannotBeWrittenIsToldAndTheChangesStay) {
+    const std::wstring guarded = sample("gmrs.telvar", "guarded.telvar");
+    const std::string before = TemporaryFolder::read(folder / "guarded.telvar");
+    SetFileAttributesW(guarded.c_str(), FILE_ATTRIBUTE_READONLY);
+    start();
+    change();
+    dialogs.expectFile(guarded);
+    dialogs.expectBox(IDYES);  // the system asks whether to replace the file
+    dialogs.expectBox(IDOK);
+    command(COMMAND_SAVE_AS);
+    ASSERT_EQ(dialogs.shown().size(), 3U);
+    EXPECT_NE(dialogs.shown().back().find(L"guarded.telvar"), std::wstring::npos)
+        << com::narrow(dialogs.shown().back());
+    EXPECT_TRUE(program->document().modified());
+    EXPECT_EQ(program->document().path(), L"");
+    SetFileAttributesW(guarded.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(TemporaryFolder::read(folder / "guarded.telvar"), before);
+}
+
+TEST_F(Program, NewAsksAboutChangesByTheFilesName) {
+    const std::wstring file = sample("pmr446.telvar", "tables.telvar");
+    start(file);
+    change();
+    dialogs.expectQuestion(IDCANCEL);
+    command(COMMAND_NEW);
+    EXPECT_EQ(dialogs.shown(), Texts{L"Telvar: Do you want to save the changes to tables.telvar?"});
+    EXPECT_EQ(program->document().path(), file);
+    EXPECT_EQ(frequency(), 446'006'250);
+
+    dialogs.expectQuestion(IDNO);
+    command(COMMAND_NEW);
+    EXPECT_EQ(program->document().path(), L"");
+    EXPECT_EQ(frequency(), 0);
+    EXPECT_EQ(cell(1, 1), L"X");
+}
+
+TEST_F(Program, TheQuestionNamesATableThatHasNoFile) {
+    start();
+    change();
+    dialogs.expectQuestion(IDCANCEL);
+    close();
+    EXPECT_EQ(dialogs.shown(), Texts{L"Telvar: Do you want to save the changes to the new channel table?"});
+    EXPECT_TRUE(isOpen());
+}
+
+TEST_F(Program, ClosingSavesWhenTheUserSaysSo) {
+    const std::wstring file = sample("pmr446.telvar", "a.telvar");
+    start(file);
+    change(200);
+    dialogs.expectQuestion(IDYES);
+    close();
+    EXPECT_FALSE(isOpen());
+    EXPECT_NE(TemporaryFolder::read(folder / "a.telvar").find("\"channel\": 200"), std::string::npos);
+}
+
+TEST_F(Program, ClosingDropsChangesWhenTheUserSaysSo) {
+    const std::wstring file = sample("pmr446.telvar", "a.telvar");
+    const std::string before = TemporaryFolder::read(folder / "a.telvar");
+    start(file);
+    change(200);
+    dialogs.expectQuestion(IDNO);
+    close();
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(TemporaryFolder::read(folder / "a.telvar"), before);
+}
+
+TEST_F(Program, ClosingStaysWhenTheTableCouldNotBeSaved) {
+    start();
+    change();
+    dialogs.expectQuestion(IDYES);
+    dialogs.expectBox(IDCANCEL);
+    close();
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(program->document().modified());
+}
+
+TEST_F(Program, ClosingAsksNothingWhenNothingChanged) {
+    start(sample("gmrs.telvar", "a.telvar"));
+    close();
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(Program, TheEndOfTheSessionAsksAsClosingDoes) {
+    start();
+    change();
+    dialogs.expectQuestion(IDCANCEL);
+    EXPECT_EQ(SendMessageW(program->window(), WM_QUERYENDSESSION, 0, 0), FALSE);
+    dialogs.expectQuestion(IDNO);
+    EXPECT_EQ(SendMessageW(program->window(), WM_QUERYENDSESSION, 0, 0), TRUE);
+    SendMessageW(program->window(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(Program, AWindowThatShowsAQuestionDoesNotClose) {
+    start();
+    change();
+    dialogs.expect([this](HWND dialog) {
+        SendMessageW(program->window(), WM_CLOSE, 0, 0);
+        SendMessageW(program->window(), WM_COMMAND, COMMAND_NEW, 0);
+        EXPECT_TRUE(isOpen());
+        EXPECT_EQ(frequency(), 446'006'250);
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+        PostMessageW(dialog, WM_CLOSE, 0, 0);
+    });
+    command(COMMAND_NEW);
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(frequency(), 446'006'250);
+}
+
+TEST_F(Program, AfterAMessageTheFocusIsWhereItWas) {
+    start();
+    key(VK_TAB);
+    const HWND before = GetFocus();
+    dialogs.expectBox(IDOK);
+    command(COMMAND_ABOUT);
+    EXPECT_EQ(GetFocus(), before);
+    EXPECT_TRUE(IsChild(program->window(), before));
+}
+
+TEST_F(Program, RecentFilesAreOpenedByTheirNumber) {
+    const std::wstring first = sample("pmr446.telvar", "first.telvar");
+    const std::wstring second = sample("gmrs.telvar", "second.telvar");
+    start(first);
+    dialogs.expectFile(second);
+    command(COMMAND_OPEN);
+    EXPECT_EQ(recentFiles(), (Texts{second, first}));
+    command(COMMAND_RECENT_FIRST + 1);
+    EXPECT_EQ(program->document().path(), first);
+    EXPECT_EQ(recentFiles(), (Texts{first, second}));
+}
+
+TEST_F(Program, ARecentFileThatIsGoneIsToldAndForgotten) {
+    const std::wstring file = sample("pmr446.telvar", "a.telvar");
+    start(file);
+    command(COMMAND_NEW);
+    std::filesystem::remove(TemporaryFolder::pathOf(folder / "a.telvar"));
+    dialogs.expectBox(IDOK);
+    command(COMMAND_RECENT_FIRST);
+    EXPECT_EQ(recentFiles(), Texts{});
+    EXPECT_EQ(program->document().path(), L"");
+}
+
+TEST_F(Program, TheFileMenuListsTheRecentFiles) {
+    const std::wstring file = sample("pmr446.telvar", "R&D.telvar");
+    start(file);
+    const HMENU menu = GetSubMenu(GetMenu(program->window()), 0);
+    const auto text = [menu](UINT identifier) {
+        std::wstring result(260, L'\0');
+        result.resize(static_cast<std::size_t>(GetMenuStringW(menu, identifier, result.data(), 260, MF_BYCOMMAND)));
+        return result;
+    };
+    const int before = GetMenuItemCount(menu);
+    SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
+    EXPECT_EQ(text(COMMAND_RECENT_FIRST), host::RecentFiles::menuText(0, file));
+    EXPECT_EQ(GetMenuItemCount(menu), before);
+    command(COMMAND_NEW);
+    host::Settings others(TestSettings::key);
+    host::RecentFiles(others).remove(file);
+    SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
+    EXPECT_EQ(text(COMMAND_RECENT_FIRST), L"No recent files");
+}
+
+TEST_F(Program, RemembersItsPlaceAndItsStatusBar) {
+    start();
+    SetWindowPos(program->window(), nullptr, 40, 30, 600, 500, SWP_NOZORDER);
+    command(COMMAND_STATUS_BAR);
+    close();
+    program.reset();
+    start();
+    RECT place{};
+    GetWindowRect(program->window(), &place);
+    EXPECT_EQ(place.left, 40);
+    EXPECT_EQ(place.top, 30);
+    EXPECT_EQ(place.right - place.left, 600);
+    EXPECT_EQ(place.bottom - place.top, 500);
+    EXPECT_EQ(SendMessageW(program->window(), WM_GETOBJECT, 0, 0), 0);
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(program->window(), CHILD_STATUS_BAR)));
+    command(COMMAND_STATUS_BAR);
+    EXPECT_TRUE(IsWindowVisible(GetDlgItem(program->window(), CHILD_STATUS_BAR)));
+}
+
+TEST_F(Program, TheControlFillsTheWindowAboveTheStatusBar) {
+    start();
+    SetWindowPos(program->window(), nullptr, 0, 0, 800, 600, SWP_NOZORDER | SWP_NOMOVE);
+    pump();
+    RECT client{};
+    GetClientRect(program->window(), &client);
+    RECT bar{};
+    GetWindowRect(GetDlgItem(program->window(), CHILD_STATUS_BAR), &bar);
+    HWND control = GetFocus();
+    while (GetParent(control) != program->window()) {
+        control = GetParent(control);
+    }
+    RECT place{};
+    GetClientRect(control, &place);
+    EXPECT_EQ(place.right, client.right);
+    EXPECT_EQ(place.bottom, client.bottom - (bar.bottom - bar.top));
+}
+
+TEST_F(Program, TwoWindowsKeepTheirTablesApart) {
+    start(sample("pmr446.telvar", "a.telvar"));
+    MainWindow other(TestSettings::key);
+    const std::wstring second = sample("gmrs.telvar", "b.telvar");
+    other.open(second);
+    change(200);
+    EXPECT_TRUE(program->document().modified());
+    EXPECT_FALSE(other.document().modified());
+    EXPECT_EQ(other.document().path(), second);
+    EXPECT_EQ(recentFiles().size(), 2U);
+    SendMessageW(other.window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(other.window(), nullptr);
+    EXPECT_EQ(frequency(200), 446'006'250);
+}
+
+TEST_F(Program, TheServersCanBeUnloadedAfterItsEnd) {
+    start(sample("pmr446.telvar", "a.telvar"));
+    close();
+    program.reset();
+    pump();
+    for (const char* file : {"Tesslin.ocx", "VexloRadioLink.dll", "VexloDataStore.dll"}) {
+        EXPECT_TRUE(LoadedServer(file).canUnload()) << file;
+    }
+}
+
+}  // namespace telvar::tests
