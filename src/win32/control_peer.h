@@ -36,8 +36,8 @@ public:
 
 protected:
     struct Control {
-        const wchar_t* className;
-        DWORD style;
+        const wchar_t* className = L"";
+        DWORD style = 0;
         DWORD extendedStyle = 0;
     };
     [[nodiscard]] virtual Control control() const noexcept = 0;

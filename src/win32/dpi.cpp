@@ -1,5 +1,7 @@
 #include "win32/dpi.h"
 
+#include <bit>
+
 #include "win32/gdi.h"
 
 namespace telvar::win32 {
@@ -14,7 +16,7 @@ int dpiOf(HWND window) noexcept {
     using GetDpi = UINT(WINAPI*)(HWND);
     // Not in the import table: the control also loads where the function does not exist.
     const FARPROC found = GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow");
-    const auto getDpi = reinterpret_cast<GetDpi>(reinterpret_cast<void*>(found));
+    const auto getDpi = std::bit_cast<GetDpi>(found);
     const UINT dpi = getDpi != nullptr && window != nullptr ? getDpi(window) : 0;
     return dpi > 0 ? static_cast<int>(dpi) : screenDpi();
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -108,8 +109,8 @@ public:
     }
     STDMETHODIMP Clone(IEnumVARIANT** copy) noexcept override {
         return guarded([&] {
-            *copy = new CellList(ids_, at_);
-            return S_OK;
+            *copy = new (std::nothrow) CellList(ids_, at_);
+            return *copy != nullptr ? S_OK : E_OUTOFMEMORY;
         });
     }
 
@@ -242,7 +243,11 @@ public:
             if (ids.size() == 1) {
                 setLong(children, ids.front());
             } else {
-                children->punkVal = new CellList(std::move(ids));
+                auto* const list = new (std::nothrow) CellList(std::move(ids));
+                if (list == nullptr) {
+                    return E_OUTOFMEMORY;
+                }
+                children->punkVal = list;
                 children->vt = VT_UNKNOWN;
             }
             return S_OK;

@@ -74,13 +74,13 @@ struct GridColours {
 };
 
 struct GridPainter::Pass {
-    HDC dc;
+    HDC dc = nullptr;
     const ui::Grid& grid;
-    RECT damage;
-    bool active;
+    RECT damage{};
+    bool active = false;
     ui::CellRange selection;
     GridColours colours;
-    std::wstring* text;
+    std::wstring* text = nullptr;  // used again for every cell
 };
 
 ui::GridMetrics GridPainter::metrics() const noexcept {

@@ -119,7 +119,8 @@ void WindowsDesktop::popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) {
     if (found == windows_.end()) {
         return;
     }
-    const std::vector<ui::MenuItem*> items = menu.items();
+    // A copy: while the menu is open anything may happen to it.
+    const std::vector<ui::MenuItem*> items(menu.items().begin(), menu.items().end());
     const PopupMenu popup;
     for (std::size_t index = 0; index < items.size(); ++index) {
         const ui::MenuItem& item = *items[index];
