@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 #include <utility>
 
 #include "base/checked.h"
@@ -18,12 +19,37 @@ constexpr char cellSeparator = '\t';
 constexpr char rowSeparator = '\r';
 
 // Rows beyond the table are failures of the record access; rows beyond 16 bits are failures here.
-[[nodiscard]] std::int16_t rowAt(std::int16_t first, std::size_t offset) {
+[[nodiscard]] std::int16_t rowAt(std::int16_t first, int offset) {
     if (!std::in_range<std::int16_t>(offset)) {
         throw base::ArithmeticFault::overflow();
     }
     return base::checkedAdd(first, static_cast<std::int16_t>(offset));
 }
+
+// Cuts a text at a separator, one part at a time: a clipboard may hold millions of parts, and a paste ends at the
+// first that does not fit. A text has one part more than separators.
+class Parts {
+public:
+    Parts(std::string_view text, char separator) noexcept : rest_(text), separator_(separator) {}
+
+    [[nodiscard]] std::optional<std::string_view> next() {
+        if (!rest_) {
+            return std::nullopt;
+        }
+        const auto end = rest_->find(separator_);
+        const auto part = rest_->substr(0, end);
+        if (end == std::string_view::npos) {
+            rest_.reset();
+        } else {
+            rest_->remove_prefix(end + 1);
+        }
+        return part;
+    }
+
+private:
+    std::optional<std::string_view> rest_;
+    char separator_;
+};
 
 }  // namespace
 
@@ -43,14 +69,8 @@ std::string blockText(const ui::Grid& grid, const ui::CellRange& block) {
     return text;
 }
 
-std::vector<std::string> clipboardLines(std::string_view text) {
-    const auto breaks = base::replacedAll(base::replacedAll(text, "\r\n", "\r"), "\n", "\r");
-    const auto lines = base::splitAt(breaks, rowSeparator);
-    return {lines.begin(), lines.end()};
-}
-
-std::vector<std::string_view> cellsOf(std::string_view line) {
-    return line.empty() ? std::vector<std::string_view>{} : base::splitAt(line, cellSeparator);
+std::string withUnifiedBreaks(std::string_view text) {
+    return base::replacedAll(base::replacedAll(text, "\r\n", "\r"), "\n", "\r");
 }
 
 void ClipboardEditing::CopySelection() {
@@ -70,13 +90,16 @@ bool ClipboardEditing::PasteToCells() {
         if (!history_.UpdateBackUpFrequencyMemory()) {
             return;
         }
-        const auto lines = clipboardLines(surroundings_.desktop.clipboardText().value_or(""));
-        const bool repeated = where.rows > 1 && lines.size() == 1;
-        const auto rows = repeated ? static_cast<std::size_t>(where.rows) : lines.size();
-        for (std::size_t offset = 0; offset < rows; ++offset) {
-            const auto row = rowAt(where.firstRow, offset);
-            if (pasteLine(lines[repeated ? 0 : offset], row, where.firstColumn, wrote) == CellOutcome::Refused) {
-                return;
+        const auto text = withUnifiedBreaks(surroundings_.desktop.clipboardText().value_or(""));
+        const bool oneLine = text.find(rowSeparator) == std::string::npos;
+        Parts lines(text, rowSeparator);
+        auto line = lines.next();
+        for (int offset = 0;
+             line && pasteLine(*line, rowAt(where.firstRow, offset), where.firstColumn, wrote) == CellOutcome::Stored;
+             ++offset) {
+            // One line alone goes into every selected row.
+            if (!oneLine || offset + 1 >= where.rows) {
+                line = lines.next();
             }
         }
     });
@@ -124,9 +147,13 @@ ClipboardEditing::Target ClipboardEditing::target() const {
 
 ClipboardEditing::CellOutcome ClipboardEditing::pasteLine(std::string_view line, std::int16_t row,
                                                           std::int16_t firstColumn, bool& wrote) {
+    if (line.empty()) {
+        return CellOutcome::Stored;
+    }
     auto column = firstColumn;
-    for (const auto cell : cellsOf(line)) {
-        if (pasteCell(cell, row, column, wrote) == CellOutcome::Refused) {
+    Parts cells(line, cellSeparator);
+    while (const auto cell = cells.next()) {
+        if (pasteCell(*cell, row, column, wrote) == CellOutcome::Refused) {
             return CellOutcome::Refused;
         }
         column = base::checkedAdd<std::int16_t>(column, 1);

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "editing/grid_surroundings.h"
 #include "editing/undo.h"
@@ -15,11 +14,8 @@ namespace telvar::editing {
 // A selected block as text: cells joined by tabs, rows by a carriage return alone, nothing behind the last.
 [[nodiscard]] std::string blockText(const ui::Grid& grid, const ui::CellRange& block);
 
-// The lines of a clipboard text, whichever line breaks it has. A text that ends with one has an empty line more.
-[[nodiscard]] std::vector<std::string> clipboardLines(std::string_view text);
-
-// The cells of a line; an empty line has none.
-[[nodiscard]] std::vector<std::string_view> cellsOf(std::string_view line);
+// A clipboard text with a carriage return alone for every line break, whichever it has.
+[[nodiscard]] std::string withUnifiedBreaks(std::string_view text);
 
 class ClipboardEditing {
 public:

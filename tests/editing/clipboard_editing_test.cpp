@@ -2,13 +2,16 @@
 // words, and what stands afterwards.
 #include "editing/clipboard_editing.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 #include "editing_world.h"
 
 namespace telvar::tests {
 namespace {
 
 using base::Value;
-using Lines = std::vector<std::string>;
 
 constexpr double megahertz = 1e6;
 
@@ -35,24 +38,16 @@ protected:
     std::string before;
 };
 
-// -- lines and cells -------------------------------------------------------------------------------------------------
+// -- line breaks -----------------------------------------------------------------------------------------------------
 
-TEST(ClipboardText, IsCutAtEveryKindOfLineBreak) {
-    using editing::clipboardLines;
-    EXPECT_EQ(clipboardLines("a\r\nb\nc\rd"), (Lines{"a", "b", "c", "d"}));
-    EXPECT_EQ(clipboardLines("a\n\rb"), (Lines{"a", "", "b"}));
-    EXPECT_EQ(clipboardLines("a\r\r\nb"), (Lines{"a", "", "b"}));
-    EXPECT_EQ(clipboardLines("a"), (Lines{"a"}));
-    EXPECT_EQ(clipboardLines("a\r\n"), (Lines{"a", ""}));
-    EXPECT_EQ(clipboardLines(""), (Lines{""}));
-}
-
-TEST(ClipboardText, HasNoCellsInAnEmptyLineAndAllOthersOfALine) {
-    using editing::cellsOf;
-    using Cells = std::vector<std::string_view>;
-    EXPECT_EQ(cellsOf(""), Cells{});
-    EXPECT_EQ(cellsOf(" "), (Cells{" "}));
-    EXPECT_EQ(cellsOf("a\t\tb\t"), (Cells{"a", "", "b", ""}));
+TEST(ClipboardText, HasOneKindOfLineBreak) {
+    using editing::withUnifiedBreaks;
+    EXPECT_EQ(withUnifiedBreaks("a\r\nb\nc\rd"), "a\rb\rc\rd");
+    EXPECT_EQ(withUnifiedBreaks("a\n\rb"), "a\r\rb");
+    EXPECT_EQ(withUnifiedBreaks("a\r\r\nb"), "a\r\rb");
+    EXPECT_EQ(withUnifiedBreaks("a\r\n"), "a\r");
+    EXPECT_EQ(withUnifiedBreaks("a"), "a");
+    EXPECT_EQ(withUnifiedBreaks(""), "");
 }
 
 // -- copy ------------------------------------------------------------------------------------------------------------
@@ -122,7 +117,9 @@ TEST_F(Paste, OfACopiedBlockReproducesItElsewhere) {
     select({5, 1}, {6, 3});
     commands.CopySelection();
     const std::string copied = desktop.clipboard.value_or("");
-    EXPECT_EQ(editing::clipboardLines(copied).size(), 2U);
+    EXPECT_EQ(std::ranges::count(copied, '\t'), 4);
+    EXPECT_EQ(std::ranges::count(copied, '\r'), 1);
+    EXPECT_EQ(std::ranges::count(copied, '\n'), 0);
     EXPECT_TRUE(pasteAt({20, 1}, copied));
     EXPECT_EQ(boxes(), Boxes{});
     select({20, 1}, {21, 3});
