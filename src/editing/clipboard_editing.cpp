@@ -33,22 +33,22 @@ public:
     Parts(std::string_view text, char separator) noexcept : rest_(text), separator_(separator) {}
 
     [[nodiscard]] std::optional<std::string_view> next() {
-        if (!rest_) {
+        if (over_) {
             return std::nullopt;
         }
-        const auto end = rest_->find(separator_);
-        const auto part = rest_->substr(0, end);
-        if (end == std::string_view::npos) {
-            rest_.reset();
-        } else {
-            rest_->remove_prefix(end + 1);
+        const auto end = rest_.find(separator_);
+        const auto part = rest_.substr(0, end);
+        over_ = end == std::string_view::npos;
+        if (!over_) {
+            rest_.remove_prefix(end + 1);
         }
         return part;
     }
 
 private:
-    std::optional<std::string_view> rest_;
+    std::string_view rest_;
     char separator_;
+    bool over_ = false;
 };
 
 }  // namespace
