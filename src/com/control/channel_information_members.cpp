@@ -1,6 +1,5 @@
-// _ChannelInformation: the published members. The type information calls the methods; the two object properties are
-// answered by hand, because the type information accepts objects of their own libraries only, and none where those are
-// not registered.
+// _ChannelInformation: the published members. The type information calls the methods, all but the two object
+// properties.
 #include "com/control/channel_information_object.h"
 
 #include <utility>
@@ -12,9 +11,6 @@
 namespace telvar::com {
 
 namespace {
-
-constexpr DISPID storeMember = 1;
-constexpr DISPID linkMember = 2;
 
 [[nodiscard]] VARIANT_BOOL truth(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
@@ -45,38 +41,36 @@ constexpr DISPID linkMember = 2;
 
 }  // namespace
 
-HRESULT ChannelInformationObject::Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments,
-                                         VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) noexcept {
-    const Held held(*this);
+HRESULT DefaultDispatch::Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments,
+                                VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) noexcept {
     const bool isLink = member == storeMember || member == linkMember;
     if (!isLink || arguments == nullptr || !IsEqualIID(reserved, IID_NULL)) {
-        return Dual<_ChannelInformation>::invokeMember(member, reserved, locale, flags, arguments, result, exception,
-                                                       wrongArgument);
+        return invokeMember(member, reserved, locale, flags, arguments, result, exception, wrongArgument);
     }
-    return invokeLink(member, flags, arguments, result, wrongArgument);
+    const HRESULT answer = invokeLink(member, flags, *arguments, result);
+    if (answer == DISP_E_TYPEMISMATCH && wrongArgument != nullptr) {
+        *wrongArgument = 0;
+    }
+    return answer;
 }
 
-HRESULT ChannelInformationObject::invokeLink(DISPID member, WORD flags, const DISPPARAMS* arguments, VARIANT* result,
-                                             UINT* wrongArgument) noexcept {
-    const HRESULT answer = guarded([&] {
+HRESULT ChannelInformationObject::invokeLink(DISPID member, WORD flags, const DISPPARAMS& arguments,
+                                             VARIANT* result) noexcept {
+    return call([&] {
         const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
         if (!isPut && (flags & DISPATCH_PROPERTYGET) == 0) {
             return DISP_E_MEMBERNOTFOUND;
         }
-        if (arguments->cArgs != (isPut ? 1U : 0U)) {
+        if (arguments.cArgs != (isPut ? 1U : 0U)) {
             return DISP_E_BADPARAMCOUNT;
         }
         if (isPut) {
-            setLink(member, objectOf(arguments->rgvarg[0]).get());
+            setLink(member, objectOf(arguments.rgvarg[0]).get());
         } else if (result != nullptr) {
             *result = Variant(link(member).get()).detach();
         }
         return S_OK;
     });
-    if (answer == DISP_E_TYPEMISMATCH && wrongArgument != nullptr) {
-        *wrongArgument = 0;
-    }
-    return answer;
 }
 
 ComPointer<IDispatch>& ChannelInformationObject::link(DISPID member) noexcept {

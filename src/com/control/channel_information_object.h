@@ -28,8 +28,25 @@ namespace telvar::com {
 inline constexpr DWORD miscStatus = OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_INSIDEOUT | OLEMISC_RECOMPOSEONRESIZE |
                                     OLEMISC_CANTLINKINSIDE | OLEMISC_SETCLIENTSITEFIRST;
 
+// The default interface. Its two object properties are answered by hand, because the type information accepts objects
+// of their own libraries only, and none where those are not registered. A class of its own, so that IChannelGrid's
+// calls do not come here too.
+class DefaultDispatch : public Dual<_ChannelInformation> {
+public:
+    STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                        EXCEPINFO* exception, UINT* wrongArgument) noexcept override;
+
+protected:
+    ~DefaultDispatch() = default;
+    static constexpr DISPID storeMember = 1;
+    static constexpr DISPID linkMember = 2;
+
+    [[nodiscard]] virtual HRESULT invokeLink(DISPID member, WORD flags, const DISPPARAMS& arguments,
+                                             VARIANT* result) noexcept = 0;
+};
+
 class ChannelInformationObject final
-    : public Object<Dual<_ChannelInformation>, Dual<IChannelGrid>, SourceOf<__ChannelInformation>,
+    : public Object<DefaultDispatch, Dual<IChannelGrid>, SourceOf<__ChannelInformation>,
                     ProvidesClassInfo<::ChannelInformation, __ChannelInformation>,
                     SupportsErrorInfo<_ChannelInformation, IChannelGrid>, IOleObject, IOleInPlaceObject,
                     IOleInPlaceActiveObject, IOleControl, IPersistStreamInit, IPersistStorage, IPersistPropertyBag,
@@ -41,8 +58,6 @@ public:
     [[nodiscard]] control::ChannelInformation& portable() noexcept { return control_; }
 
     // ---- _ChannelInformation, see channel_information_members.cpp
-    STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                        EXCEPINFO* exception, UINT* wrongArgument) noexcept override;
     STDMETHODIMP get_pCentralDataStore(IDataStore** store) noexcept override;
     STDMETHODIMP put_pCentralDataStore(IDataStore* store) noexcept override;
     STDMETHODIMP putref_pCentralDataStore(IDataStore* store) noexcept override;
@@ -216,8 +231,8 @@ private:
     void fireText(DISPID event, std::string& text);
 
     // ---- the two object properties, which are any object that dispatches
-    [[nodiscard]] HRESULT invokeLink(DISPID member, WORD flags, const DISPPARAMS* arguments, VARIANT* result,
-                                     UINT* wrongArgument) noexcept;
+    [[nodiscard]] HRESULT invokeLink(DISPID member, WORD flags, const DISPPARAMS& arguments,
+                                     VARIANT* result) noexcept override;
     void setLink(DISPID member, IDispatch* object);
     [[nodiscard]] ComPointer<IDispatch>& link(DISPID member) noexcept;
 

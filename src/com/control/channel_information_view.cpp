@@ -1,6 +1,9 @@
 // Pictures of the control, the host's editing commands, and what the control promises to hosts that check.
 #include "com/control/channel_information_object.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
 #include <utility>
 
 #include "win32/panel_picture.h"
@@ -11,8 +14,32 @@ namespace {
 
 constexpr DWORD safeOptions = INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACESAFE_FOR_UNTRUSTED_DATA;
 
-// The host's editing commands that are built. Those of the clipboard, of undo and of redo are not.
-[[nodiscard]] bool isSupported(ULONG command) noexcept { return command == OLECMDID_SELECTALL; }
+// The host's editing commands by their published numbers; selecting everything is no command of the pop-up menu.
+struct EditingCommand {
+    DWORD number;
+    std::optional<control::GridCommand> command;
+};
+
+constexpr std::array<EditingCommand, 6> editingCommands{{
+    {OLECMDID_COPY, control::GridCommand::Copy},
+    {OLECMDID_PASTE, control::GridCommand::Paste},
+    {OLECMDID_DELETE, control::GridCommand::Delete},
+    {OLECMDID_UNDO, control::GridCommand::Undo},
+    {OLECMDID_REDO, control::GridCommand::Redo},
+    {OLECMDID_SELECTALL, std::nullopt},
+}};
+
+// Null for commands that are not the control's.
+[[nodiscard]] const EditingCommand* editingCommand(DWORD number) noexcept {
+    const auto* const found =
+        std::find_if(editingCommands.begin(), editingCommands.end(),
+                     [number](const EditingCommand& candidate) { return candidate.number == number; });
+    return found == editingCommands.end() ? nullptr : found;
+}
+
+[[nodiscard]] bool isEnabled(const EditingCommand& editing, const control::ChannelInformation& control) noexcept {
+    return !editing.command || control.commandEnabled(*editing.command);
+}
 
 [[nodiscard]] int resolutionOf(HDC context) noexcept {
     const int resolution = GetDeviceCaps(context, LOGPIXELSX);
@@ -111,7 +138,11 @@ HRESULT ChannelInformationObject::QueryStatus(const GUID* group, ULONG count, OL
         }
         for (ULONG at = 0; at < count; ++at) {
             OLECMD& command = (&deref(commands))[at];
-            command.cmdf = isSupported(command.cmdID) ? OLECMDF_SUPPORTED | OLECMDF_ENABLED : 0;
+            const EditingCommand* const known = editingCommand(command.cmdID);
+            command.cmdf = known == nullptr ? 0 : static_cast<DWORD>(OLECMDF_SUPPORTED);
+            if (known != nullptr && isEnabled(*known, control_)) {
+                command.cmdf |= OLECMDF_ENABLED;
+            }
         }
         return S_OK;
     });
@@ -123,10 +154,18 @@ HRESULT ChannelInformationObject::Exec(const GUID* group, DWORD command, DWORD /
         if (group != nullptr) {
             return OLECMDERR_E_UNKNOWNGROUP;
         }
-        if (!isSupported(command)) {
+        const EditingCommand* const known = editingCommand(command);
+        if (known == nullptr) {
             return OLECMDERR_E_NOTSUPPORTED;
         }
-        control_.selectAll();
+        if (!isEnabled(*known, control_)) {
+            return OLECMDERR_E_DISABLED;
+        }
+        if (known->command) {
+            control_.run(*known->command);
+        } else {
+            control_.selectAll();
+        }
         return S_OK;
     });
 }

@@ -148,7 +148,12 @@ void ArgumentBridge::convert(const Parameter& parameter, Place& place, VARIANT& 
         throw ComFailure(DISP_E_TYPEMISMATCH);
     }
     place.own = Variant::copyBehind(*place.given);
-    place.own.convertTo(parameter.type, locale_);
+    try {
+        place.own.convertTo(parameter.type, locale_);
+    } catch (const ComFailure& failure) {
+        // The system has several codes for what a caller knows by one.
+        throw ComFailure(failure.code() == DISP_E_OVERFLOW ? DISP_E_OVERFLOW : DISP_E_TYPEMISMATCH);
+    }
     VARIANT& own = place.own.get();
     if (!parameter.byReference) {
         target = own;

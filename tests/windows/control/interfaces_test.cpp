@@ -114,18 +114,22 @@ TEST_F(Interfaces, TheGridAnswersLateBoundToo) {
     EXPECT_EQ(com::valueOf(text), base::textValue("145.000000"));
 }
 
-TEST_F(Interfaces, SelectingEverythingIsTheOneCommandSoFar) {
-    const auto target = as<IOleCommandTarget>();
-    OLECMD commands[] = {{OLECMDID_SELECTALL, 99}, {OLECMDID_COPY, 99}, {OLECMDID_PASTE, 99}, {OLECMDID_DELETE, 99},
-                         {OLECMDID_UNDO, 99},      {OLECMDID_REDO, 99}, {OLECMDID_PRINT, 99}};
-    ASSERT_EQ(target->QueryStatus(nullptr, 7, commands, nullptr), S_OK);
-    EXPECT_EQ(commands[0].cmdf, static_cast<DWORD>(OLECMDF_SUPPORTED | OLECMDF_ENABLED));
-    for (std::size_t at = 1; at < 7; ++at) {
-        EXPECT_EQ(commands[at].cmdf, 0U) << commands[at].cmdID;
-        EXPECT_EQ(target->Exec(nullptr, commands[at].cmdID, OLECMDEXECOPT_DODEFAULT, nullptr, nullptr),
-                  OLECMDERR_E_NOTSUPPORTED);
+struct Commands : Interfaces {
+    [[nodiscard]] DWORD status(DWORD command) const {
+        OLECMD asked{command, 99};
+        com::check(as<IOleCommandTarget>()->QueryStatus(nullptr, 1, &asked, nullptr));
+        return asked.cmdf;
     }
-    EXPECT_EQ(target->Exec(nullptr, OLECMDID_SELECTALL, OLECMDEXECOPT_DODEFAULT, nullptr, nullptr), S_OK);
+    [[nodiscard]] HRESULT run(DWORD command) const {
+        return as<IOleCommandTarget>()->Exec(nullptr, command, OLECMDEXECOPT_DODEFAULT, nullptr, nullptr);
+    }
+    static constexpr DWORD enabled = OLECMDF_SUPPORTED | OLECMDF_ENABLED;
+    static constexpr DWORD disabled = OLECMDF_SUPPORTED;
+};
+
+TEST_F(Commands, SelectAllSelectsEveryChannelAndColumn) {
+    EXPECT_EQ(status(OLECMDID_SELECTALL), enabled);
+    EXPECT_EQ(run(OLECMDID_SELECTALL), S_OK);
     LONG row = 0;
     LONG column = 0;
     com::check(grid->get_SelectionEndRow(&row));
@@ -133,9 +137,46 @@ TEST_F(Interfaces, SelectingEverythingIsTheOneCommandSoFar) {
     EXPECT_EQ(currentRow(), 1);
     EXPECT_EQ(row, 255);
     EXPECT_EQ(column, 26);
+}
+
+TEST_F(Commands, CopyAndPasteCarryAChannelAcross) {
+    fill(1, 145'000'000);
+    call(*control, "UpdateControlsFromMemory");
+    com::check(grid->Select(1, 1, 1, 2));
+    EXPECT_EQ(status(OLECMDID_COPY), enabled);
+    EXPECT_EQ(run(OLECMDID_COPY), S_OK);
+    com::check(grid->Select(9, 1, 9, 1));
+    EXPECT_EQ(status(OLECMDID_PASTE), enabled);
+    EXPECT_EQ(run(OLECMDID_PASTE), S_OK);
+    EXPECT_EQ(boxes.texts(), Texts{});
+    EXPECT_EQ(cell(9, 1), "145.000000");
+}
+
+TEST_F(Commands, UndoAndRedoAreEnabledWhenThereIsSomethingToTakeBack) {
+    fill(1, 145'000'000);
+    call(*control, "UpdateControlsFromMemory");
+    EXPECT_EQ(status(OLECMDID_UNDO), disabled);
+    EXPECT_EQ(run(OLECMDID_UNDO), OLECMDERR_E_DISABLED);
+    com::check(grid->Select(1, 1, 1, 2));
+    com::check(run(OLECMDID_COPY));
+    com::check(grid->Select(9, 1, 9, 1));
+    com::check(run(OLECMDID_PASTE));
+    EXPECT_EQ(status(OLECMDID_UNDO), enabled);
+    EXPECT_EQ(run(OLECMDID_UNDO), S_OK);
+    EXPECT_NE(cell(9, 1), "145.000000");
+    EXPECT_EQ(status(OLECMDID_REDO), enabled);
+    EXPECT_EQ(run(OLECMDID_REDO), S_OK);
+    EXPECT_EQ(cell(9, 1), "145.000000");
+}
+
+TEST_F(Commands, OthersAreNotTheControls) {
+    EXPECT_EQ(status(OLECMDID_PRINT), 0U);
+    EXPECT_EQ(run(OLECMDID_PRINT), OLECMDERR_E_NOTSUPPORTED);
     const GUID other = __uuidof(IOleCommandTarget);
+    OLECMD asked{OLECMDID_COPY, 0};
+    const auto target = as<IOleCommandTarget>();
     EXPECT_EQ(target->Exec(&other, OLECMDID_SELECTALL, 0, nullptr, nullptr), OLECMDERR_E_UNKNOWNGROUP);
-    EXPECT_EQ(target->QueryStatus(&other, 1, commands, nullptr), OLECMDERR_E_UNKNOWNGROUP);
+    EXPECT_EQ(target->QueryStatus(&other, 1, &asked, nullptr), OLECMDERR_E_UNKNOWNGROUP);
     EXPECT_EQ(target->QueryStatus(nullptr, 1, nullptr, nullptr), E_POINTER);
 }
 

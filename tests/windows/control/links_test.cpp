@@ -5,6 +5,10 @@ namespace telvar::tests {
 namespace {
 
 struct Links : ControlWorld {
+    void TearDown() override {
+        answer_ = Variant();
+        ControlWorld::TearDown();
+    }
     [[nodiscard]] HRESULT set(DISPID property, WORD flags, const VARIANT& value) {
         VARIANT argument = value;
         DISPID name = DISPID_PROPERTYPUT;

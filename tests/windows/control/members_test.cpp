@@ -231,6 +231,7 @@ TEST_F(Members, AFailureThatLeavesTheControlIsDescribed) {
     VARIANT argument = Variant("line").detach();
     const Variant owned = Variant::adopt(argument);
     DISPPARAMS parameters{&argument, nullptr, 1, 0};
+    DeleteFileW(L"c:\\msglog.txt");
     ASSERT_NE(CreateDirectoryW(L"c:\\msglog.txt", nullptr), FALSE);
     const HRESULT answer =
         control->Invoke(30, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, &exception, nullptr);

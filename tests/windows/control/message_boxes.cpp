@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "com/kit/text.h"
 
@@ -21,6 +22,17 @@ MessageBoxes* active = nullptr;
     std::array<wchar_t, 16> name{};
     GetClassNameW(window, name.data(), static_cast<int>(name.size()));
     return std::wstring_view(name.data()) == L"#32770";
+}
+
+// The one static text that is not empty; the icon's is.
+[[nodiscard]] std::string sentenceOf(HWND box) {
+    HWND part = nullptr;
+    while ((part = FindWindowExW(box, part, L"Static", nullptr)) != nullptr) {
+        if (std::string text = textOf(part); !text.empty()) {
+            return text;
+        }
+    }
+    return "";
 }
 
 }  // namespace
@@ -44,17 +56,24 @@ LRESULT CALLBACK MessageBoxes::hook(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HCBT_ACTIVATE && active != nullptr) {
         // NOLINTNEXTLINE: a handle travels as a number
         const auto window = reinterpret_cast<HWND>(wParam);
-        if (isDialog(window)) {
-            active->answer(window);
+        if (isDialog(window) && active->waiting_ == nullptr) {
+            // Its texts come after its activation; the timer ticks in its own message loop.
+            active->waiting_ = window;
+            SetTimer(nullptr, 0, 0, &tick);
         }
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+void CALLBACK MessageBoxes::tick(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+    KillTimer(nullptr, timer);
+    if (active != nullptr) {
+        active->answer(std::exchange(active->waiting_, nullptr));
+    }
+}
+
 void MessageBoxes::answer(HWND box) {
-    constexpr int textControl = 0xFFFF;
-    shown_.push_back(
-        {.text = textOf(GetDlgItem(box, textControl)), .title = textOf(box), .owner = GetWindow(box, GW_OWNER)});
+    shown_.push_back({.text = sentenceOf(box), .title = textOf(box), .owner = GetWindow(box, GW_OWNER)});
     PostMessageW(box, WM_COMMAND, IDOK, 0);
 }
 

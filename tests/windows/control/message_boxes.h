@@ -30,9 +30,11 @@ public:
 
 private:
     static LRESULT CALLBACK hook(int code, WPARAM wParam, LPARAM lParam);
+    static void CALLBACK tick(HWND window, UINT message, UINT_PTR timer, DWORD time);
     void answer(HWND box);
 
     std::vector<ShownBox> shown_;
+    HWND waiting_ = nullptr;
     HHOOK hook_;
 };
 

@@ -97,8 +97,9 @@ TEST_F(Unloading, TheRegisteredStoreServesUndo) {
 // ---- the system's own container for controls
 
 struct ForeignContainer : Unloading {
+    // The window class is made once.
+    static void SetUpTestSuite() { ASSERT_NE(AtlAxWinInit(), FALSE); }
     void SetUp() override {
-        ASSERT_NE(AtlAxWinInit(), FALSE);
         host = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 800, 500, nullptr,
                                nullptr, nullptr, nullptr);
         place = CreateWindowExW(0, L"AtlAxWin", controlClass, WS_CHILD | WS_VISIBLE, 10, 10, 600, 300, host, nullptr,
