@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 #include "host/resource.h"
 
@@ -22,7 +23,7 @@ using TaskDialog = decltype(&TaskDialogIndirect);
 TaskDialog findTaskDialog() noexcept {
     const HMODULE controls = GetModuleHandleW(L"comctl32.dll");
     const FARPROC found = controls == nullptr ? nullptr : GetProcAddress(controls, "TaskDialogIndirect");
-    return reinterpret_cast<TaskDialog>(reinterpret_cast<void*>(found));
+    return std::bit_cast<TaskDialog>(found);
 }
 
 SaveAnswer answerOf(int button) noexcept {

@@ -12,7 +12,7 @@ constexpr wchar_t programName[] = L"Telvar";
 
 }  // namespace
 
-EmbeddedControl::EmbeddedControl(com::ComPointer<IUnknown> object, SiteOwner& owner)
+EmbeddedControl::EmbeddedControl(const com::ComPointer<IUnknown>& object, SiteOwner& owner)
     : owner_(owner), control_(com::ComPointer<IOleObject>::from(object)) {
     if (!control_) {
         throw com::ComFailure(E_NOINTERFACE, "The object is no control");
@@ -128,6 +128,18 @@ void EmbeddedControl::enableModeless(bool enable) {
 void EmbeddedControl::ambientsChanged() {
     if (const auto control = com::ComPointer<IOleControl>::from(control_)) {
         control->OnAmbientPropertyChange(DISPID_UNKNOWN);
+    }
+}
+
+bool EmbeddedControl::commandEnabled(OLECMDID command) const {
+    const auto target = com::ComPointer<IOleCommandTarget>::from(control_);
+    OLECMD state{.cmdID = static_cast<ULONG>(command), .cmdf = 0};
+    return target && SUCCEEDED(target->QueryStatus(nullptr, 1, &state, nullptr)) && (state.cmdf & OLECMDF_ENABLED) != 0;
+}
+
+void EmbeddedControl::execute(OLECMDID command) {
+    if (const auto target = com::ComPointer<IOleCommandTarget>::from(control_)) {
+        com::checkCall(target->Exec(nullptr, static_cast<DWORD>(command), OLECMDEXECOPT_DODEFAULT, nullptr, nullptr));
     }
 }
 

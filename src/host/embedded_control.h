@@ -2,6 +2,8 @@
 // leave of it in the order that OLE asks for.
 #pragma once
 
+#include <docobj.h>
+
 #include "com/kit/automation.h"
 #include "com/kit/failure.h"
 #include "com/kit/pointer.h"
@@ -15,7 +17,7 @@ class EmbeddedControl {
 public:
     // `object` is a control without a site; `owner` has its window by now and outlives this. Throws com::ComFailure
     // where the object is no control or does not activate; it is then let go again.
-    EmbeddedControl(com::ComPointer<IUnknown> object, SiteOwner& owner);
+    EmbeddedControl(const com::ComPointer<IUnknown>& object, SiteOwner& owner);
     EmbeddedControl(const EmbeddedControl&) = delete;
     EmbeddedControl& operator=(const EmbeddedControl&) = delete;
     EmbeddedControl(EmbeddedControl&&) = delete;
@@ -32,6 +34,10 @@ public:
     // Around something modal of the host's.
     void enableModeless(bool enable);
     void ambientsChanged();
+    // One of the standard commands (OLECMDID_COPY, ...). A control without a command target has none.
+    [[nodiscard]] bool commandEnabled(OLECMDID command) const;
+    // Throws com::ComFailure where the control refuses.
+    void execute(OLECMDID command);
 
     // The control's own window; null where it has none.
     [[nodiscard]] HWND window() const;

@@ -1,6 +1,6 @@
 #include "host/keyboard.h"
 
-#include <iterator>
+#include <ranges>
 
 namespace telvar::host {
 
@@ -40,8 +40,8 @@ void press(std::initializer_list<WORD> chord) noexcept {
         INPUT input = keyInput(key, 0);
         SendInput(1, &input, sizeof input);
     }
-    for (auto key = std::rbegin(chord); key != std::rend(chord); ++key) {
-        INPUT input = keyInput(*key, KEYEVENTF_KEYUP);
+    for (const WORD key : std::views::reverse(chord)) {
+        INPUT input = keyInput(key, KEYEVENTF_KEYUP);
         SendInput(1, &input, sizeof input);
     }
 }

@@ -3,4 +3,4 @@
 
 #include "host/program.h"
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int command) noexcept { return telvar::host::runProgram(command); }
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int command) { return telvar::host::runProgram(command); }

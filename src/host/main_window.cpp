@@ -189,8 +189,18 @@ void MainWindow::showMenu(HMENU menu) {
     for (const int command : {COMMAND_NEW, COMMAND_OPEN, COMMAND_SAVE, COMMAND_SAVE_AS, COMMAND_REFRESH}) {
         EnableMenuItem(menu, static_cast<UINT>(command), MF_BYCOMMAND | state);
     }
+    showEditMenu(menu);
     CheckMenuItem(menu, COMMAND_STATUS_BAR,
                   MF_BYCOMMAND | (statusBar_.visible() ? UINT{MF_CHECKED} : UINT{MF_UNCHECKED}));
+}
+
+void MainWindow::showEditMenu(HMENU menu) {
+    for (const EditCommand& each : editCommands()) {
+        const bool enabled =
+            mayAct() && control_ && (focusedTextBox() != nullptr || control_->commandEnabled(each.standard));
+        EnableMenuItem(menu, static_cast<UINT>(each.command),
+                       MF_BYCOMMAND | (enabled ? UINT{MF_ENABLED} : UINT{MF_GRAYED}));
+    }
 }
 
 void MainWindow::showRecentFiles(HMENU menu) {

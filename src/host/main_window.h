@@ -18,6 +18,7 @@
 #include "com/kit/pointer.h"
 #include "host/control_events.h"
 #include "host/document.h"
+#include "host/edit_commands.h"
 #include "host/embedded_control.h"
 #include "host/link_events.h"
 #include "host/recent_files.h"
@@ -87,6 +88,8 @@ private:
     // Whether the open table may go: nothing to save, saved now, or not wanted.
     [[nodiscard]] bool mayDiscard();
     void toggleStatusBar();
+    void edit(const EditCommand& command);
+    void showEditMenu(HMENU menu);
     void showTable();
     // Runs an action of the store; a failure is told to the user.
     bool attempt(const std::function<void()>& action);

@@ -47,6 +47,11 @@ void MainWindow::run(int command) {
         break;
     }
     default:
+        for (const EditCommand& each : editCommands()) {
+            if (each.command == command) {
+                edit(each);
+            }
+        }
         if (command >= COMMAND_RECENT_FIRST && command <= COMMAND_RECENT_LAST) {
             openRecent(static_cast<std::size_t>(command - COMMAND_RECENT_FIRST));
         }
@@ -152,6 +157,16 @@ void MainWindow::refreshTable() {
         com::checkCall(channels_->UpdateControlsFromMemory());
     });
     statusBar_.endProgress();
+    refreshState();
+}
+
+void MainWindow::edit(const EditCommand& command) {
+    if (const HWND box = focusedTextBox()) {
+        SendMessageW(box, command.message, command.wparam, command.lparam);
+    } else if (control_->commandEnabled(command.standard)) {
+        const ControlCall call(*this);
+        attempt([&] { control_->execute(command.standard); });
+    }
     refreshState();
 }
 

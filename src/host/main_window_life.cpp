@@ -102,13 +102,14 @@ void MainWindow::createWindow() {
 
 void MainWindow::createComponents() {
     document_.emplace(create<IDataStore>(__uuidof(::DataStore), "channel data store VexloDataStore.DataStore"));
-    auto control = create<IUnknown>(__uuidof(::ChannelInformation), "channel table control Tesslin.ChannelInformation");
+    const auto control =
+        create<IUnknown>(__uuidof(::ChannelInformation), "channel table control Tesslin.ChannelInformation");
     channels_ = com::ComPointer<_ChannelInformation>::from(control);
     if (!channels_) {
         throw com::ComFailure(E_NOINTERFACE, "The installed channel table control is of another version");
     }
     controlEvents_ = connectControl(control.get(), *this);
-    control_ = std::make_unique<EmbeddedControl>(std::move(control), *this);
+    control_ = std::make_unique<EmbeddedControl>(control, *this);
     try {
         link_ = create<IRadioLink>(__uuidof(::RadioLink), "radio link VexloRadioLink.RadioLink");
         linkEvents_ = connectLink(link_.get(), *this);

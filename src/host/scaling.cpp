@@ -1,6 +1,8 @@
 // The DPI question is asked by name, because systems before Windows 10 do not know it.
 #include "host/scaling.h"
 
+#include <bit>
+
 namespace telvar::host {
 
 namespace {
@@ -12,7 +14,7 @@ using DpiForWindow = UINT(WINAPI*)(HWND);
 DpiForWindow findDpiForWindow() noexcept {
     const HMODULE user = GetModuleHandleW(L"user32.dll");
     const FARPROC found = user == nullptr ? nullptr : GetProcAddress(user, "GetDpiForWindow");
-    return reinterpret_cast<DpiForWindow>(reinterpret_cast<void*>(found));
+    return std::bit_cast<DpiForWindow>(found);
 }
 
 int systemDpi() noexcept {

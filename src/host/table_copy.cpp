@@ -85,7 +85,7 @@ std::wstring& TableCopy::value(int channel, const std::wstring& key) {
 
 TableCopy copyTable(const Document& document, IChannelGrid& grid) {
     TableCopy copy;
-    const std::vector<Key> keys = keysOf(*document.record(1).get());
+    const std::vector<Key> keys = keysOf(*document.record(1));
     for (const Key& key : keys) {
         copy.keys.push_back(key.name);
     }
@@ -93,7 +93,7 @@ TableCopy copyTable(const Document& document, IChannelGrid& grid) {
         const auto record = document.record(channel);
         std::vector<std::wstring>& values = copy.values.emplace_back();
         for (const Key& key : keys) {
-            values.push_back(valueText(*record.get(), key.member));
+            values.push_back(valueText(*record, key.member));
         }
     }
     for (int row = 0; row < TableCopy::rows; ++row) {

@@ -1,5 +1,6 @@
 #include "host/walk_steps.h"
 
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -15,6 +16,8 @@ namespace telvar::host {
 namespace {
 
 constexpr int transmitColumn = 1;
+// What the walk pastes and takes back. The next column is the transmit mode, which undo leaves as it is.
+constexpr int lastPastedColumn = 7;
 // What the walk adds to a transmit frequency, in hertz.
 constexpr long change = 12'500;
 // The file name's box in the system's dialogs for files: a combo box or a plain text box.
@@ -24,7 +27,7 @@ constexpr int nameBox = 0x0480;
 // What the steps share: the program and what they have seen so far.
 class Job {
 public:
-    Job(MainWindow& window, std::wstring sample, std::wstring folder)
+    Job(MainWindow& window, std::wstring sample, const std::wstring& folder)
         : window_(window), sample_(std::move(sample)), copy_(folder + L"\\walk-copy.telvar") {
         DeleteFileW(copy_.c_str());
     }
@@ -38,6 +41,7 @@ private:
     void addOpening(std::vector<WalkStep>& steps);
     void addScrolling(std::vector<WalkStep>& steps);
     void addChange(std::vector<WalkStep>& steps);
+    void addEditing(std::vector<WalkStep>& steps);
     void addSaving(std::vector<WalkStep>& steps);
     void addReopening(std::vector<WalkStep>& steps);
     WalkStep endStep();
@@ -53,6 +57,7 @@ private:
 
     Lines checkOpened();
     Lines checkCells();
+    Lines checkPasted();
     void changeFrequency();
     static void enterFileName(const std::wstring& path);
 
@@ -64,6 +69,21 @@ private:
     int changedChannel_ = 0;
     std::wstring changedText_;
 };
+
+void setClipboard(HWND owner, std::wstring_view text) {
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
+    if (memory == nullptr || !OpenClipboard(owner)) {
+        GlobalFree(memory);
+        throw com::ComFailure(E_FAIL, "The clipboard cannot be used");
+    }
+    std::memcpy(GlobalLock(memory), text.data(), text.size() * sizeof(wchar_t));
+    GlobalUnlock(memory);
+    EmptyClipboard();
+    // The clipboard owns the memory from now on.
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+}
 
 std::string contentsOf(const std::wstring& path) {
     std::ifstream file(path.c_str(), std::ios::binary);
@@ -141,6 +161,17 @@ Job::Lines Job::checkCells() {
         const long hertz = numberOf(std::move(frequency));
         const Lines lines = expectEqual(L"transmit frequency of channel " + std::to_wstring(channel),
                                         hertz == 0 ? L"X" : megahertz(hertz), cell(channel, transmitColumn));
+        wrong.insert(wrong.end(), lines.begin(), lines.end());
+    }
+    return wrong;
+}
+
+// The last channel now shows what the first one does.
+Job::Lines Job::checkPasted() {
+    Lines wrong;
+    for (int column = transmitColumn; column <= lastPastedColumn; ++column) {
+        const Lines lines = expectEqual(L"pasted column " + std::to_wstring(column), cell(1, column),
+                                        cell(TableCopy::channels, column));
         wrong.insert(wrong.end(), lines.begin(), lines.end());
     }
     return wrong;
@@ -241,6 +272,47 @@ void Job::addChange(std::vector<WalkStep>& steps) {
                      .dialog = true});
 }
 
+void Job::addEditing(std::vector<WalkStep>& steps) {
+    const auto unchanged = [this] { return differences(expected_, copyTable(window_.document(), *grid())); };
+    steps.push_back({.text = L"the first channel is copied and pasted over the last one",
+                     .act =
+                         [] {
+                             press({VK_CONTROL, VK_HOME});
+                             for (int column = transmitColumn; column < lastPastedColumn; ++column) {
+                                 press({VK_SHIFT, VK_RIGHT});
+                             }
+                             press({VK_CONTROL, 'C'});
+                             press({VK_CONTROL, VK_END});
+                             press({VK_HOME});
+                             press({VK_CONTROL, 'V'});
+                         },
+                     .done = [this] { return cell(TableCopy::channels, transmitColumn) == cell(1, transmitColumn); },
+                     .check = [this] { return checkPasted(); },
+                     .picture = L"08-pasted"});
+    steps.push_back({.text = L"Ctrl+Z takes the paste back",
+                     .act = [] { press({VK_CONTROL, 'Z'}); },
+                     .done =
+                         [this] {
+                             return cell(TableCopy::channels, transmitColumn) ==
+                                    expected_.cell(TableCopy::channels, transmitColumn);
+                         },
+                     .check = unchanged});
+    steps.push_back({.text = L"a paste of something that is no frequency is refused",
+                     .act =
+                         [this] {
+                             setClipboard(window_.window(), L"nonsense");
+                             press({VK_CONTROL, 'V'});
+                         },
+                     .done = [] { return Walk::dialog() != nullptr; },
+                     .picture = L"09-refused",
+                     .dialog = true});
+    steps.push_back({.text = L"and changes nothing",
+                     .act = [] { press({VK_RETURN}); },
+                     .done = [this] { return idle(); },
+                     .check = unchanged,
+                     .dialog = true});
+}
+
 void Job::addSaving(std::vector<WalkStep>& steps) {
     steps.push_back({.text = L"Ctrl+Shift+S asks where to save",
                      .act = [] { press({VK_CONTROL, VK_SHIFT, 'S'}); },
@@ -254,11 +326,11 @@ void Job::addSaving(std::vector<WalkStep>& steps) {
                              Lines wrong = expectEqual(L"modified after saving", L"no",
                                                        window_.document().modified() ? L"yes" : L"no");
                              if (contentsOf(sample_) != sampleBytes_) {
-                                 wrong.push_back(L"the file that was opened first has changed");
+                                 wrong.emplace_back(L"the file that was opened first has changed");
                              }
                              return wrong;
                          },
-                     .picture = L"08-saved",
+                     .picture = L"10-saved",
                      .dialog = true});
 }
 
@@ -270,12 +342,12 @@ void Job::addReopening(std::vector<WalkStep>& steps) {
     steps.push_back({.text = L"Alt+F shows the recent files",
                      .act = [] { press({VK_MENU, 'F'}); },
                      .done = [] { return Walk::menuShows(); },
-                     .picture = L"09-recent"});
+                     .picture = L"11-recent"});
     steps.push_back({.text = L"the copy is reopened and holds what was saved",
                      .act = [] { press({'1'}); },
                      .done = [this] { return opened(copy_); },
                      .check = [this] { return differences(expected_, copyTable(window_.document(), *grid())); },
-                     .picture = L"10-reopened"});
+                     .picture = L"12-reopened"});
 }
 
 WalkStep Job::endStep() {
@@ -289,6 +361,7 @@ std::vector<WalkStep> Job::steps() {
     addOpening(steps);
     addScrolling(steps);
     addChange(steps);
+    addEditing(steps);
     addSaving(steps);
     addReopening(steps);
     steps.push_back(endStep());

@@ -58,9 +58,9 @@ protected:
     }
 
     void embed() {
-        auto object = server.create<IUnknown>(__uuidof(ChannelInformation));
+        const auto object = server.create<IUnknown>(__uuidof(ChannelInformation));
         channels = ComPointer<_ChannelInformation>::from(object);
-        control = std::make_unique<host::EmbeddedControl>(std::move(object), window);
+        control = std::make_unique<host::EmbeddedControl>(object, window);
         com::check(channels->putref_pCentralDataStore(store.get()));
         com::check(channels->DistributeDataStoreLink());
         com::check(channels->Prepare());

@@ -88,6 +88,9 @@ protected:
         com::check(com::ComPointer<IChannelGrid>::from(program->channels())->get_Cell(row, column, text.put()));
         return std::wstring(text.view());
     }
+    void select(long row, long column, long endRow, long endColumn) {
+        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->Select(row, column, endRow, endColumn));
+    }
     [[nodiscard]] std::wstring title() {
         std::wstring text(256, L'\0');
         text.resize(static_cast<std::size_t>(GetWindowTextW(program->window(), text.data(), 256)));
@@ -415,6 +418,62 @@ TEST_F(Program, TheControlFillsTheWindowAboveTheStatusBar) {
     GetClientRect(control, &place);
     EXPECT_EQ(place.right, client.right);
     EXPECT_EQ(place.bottom, client.bottom - (bar.bottom - bar.top));
+}
+
+TEST_F(Program, TheEditMenuCopiesPastesAndUndoesInTheGrid) {
+    start(sample("gmrs.telvar", "a.telvar"));
+    select(1, 1, 1, 8);
+    command(COMMAND_COPY);
+    select(200, 1, 200, 1);
+    command(COMMAND_PASTE);
+    EXPECT_EQ(cell(200, 1), cell(1, 1));
+    EXPECT_EQ(cell(200, 5), cell(1, 5));
+    EXPECT_TRUE(title().starts_with(L"*"));
+    command(COMMAND_UNDO);
+    EXPECT_EQ(cell(200, 1), L"X");
+    command(COMMAND_REDO);
+    EXPECT_EQ(cell(200, 1), cell(1, 1));
+    dialogs.expectQuestion(IDNO);
+    close();
+}
+
+TEST_F(Program, TheEditMenuOffersWhatTheControlOffers) {
+    start();
+    const HMENU menu = GetSubMenu(GetMenu(program->window()), 1);
+    const auto enabled = [&](int identifier) {
+        SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 1);
+        return (GetMenuState(menu, static_cast<UINT>(identifier), MF_BYCOMMAND) & MF_GRAYED) == 0;
+    };
+    EXPECT_FALSE(enabled(COMMAND_UNDO));
+    EXPECT_FALSE(enabled(COMMAND_REDO));
+    EXPECT_TRUE(enabled(COMMAND_COPY));
+    EXPECT_TRUE(enabled(COMMAND_SELECT_ALL));
+    command(COMMAND_SELECT_ALL);
+    const auto grid = com::ComPointer<IChannelGrid>::from(program->channels());
+    long row = 0;
+    long column = 0;
+    com::check(grid->get_SelectionEndRow(&row));
+    com::check(grid->get_SelectionEndColumn(&column));
+    EXPECT_EQ(row, 255);
+    EXPECT_EQ(column, 26);
+}
+
+TEST_F(Program, InATextBoxTheEditMenuIsTheTextBoxs) {
+    start();
+    while (host::focusedTextBox() == nullptr) {
+        key(VK_TAB);
+    }
+    const HWND box = GetFocus();
+    SetWindowTextW(box, L"12");
+    command(COMMAND_SELECT_ALL);
+    command(COMMAND_COPY);
+    SetWindowTextW(box, L"");
+    command(COMMAND_PASTE);
+    command(COMMAND_PASTE);
+    std::wstring text(8, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(box, text.data(), 8)));
+    EXPECT_EQ(text, L"1212");
+    EXPECT_FALSE(program->document().modified());
 }
 
 TEST_F(Program, TwoWindowsKeepTheirTablesApart) {

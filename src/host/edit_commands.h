@@ -1,0 +1,29 @@
+// The commands of the Edit menu: which standard command of the control each one is, and what it means while the user
+// types into a text box inside the control.
+#pragma once
+
+#include <windows.h>
+
+#include <docobj.h>
+
+#include <array>
+
+#include "host/resource.h"
+
+namespace telvar::host {
+
+struct EditCommand {
+    int command;        // of the menu
+    OLECMDID standard;  // of the control
+    // What a text box is sent instead.
+    UINT message;
+    WPARAM wparam = 0;
+    LPARAM lparam = 0;
+};
+
+[[nodiscard]] const std::array<EditCommand, 6>& editCommands() noexcept;
+
+// The text box that has the keyboard focus, null when something else has it.
+[[nodiscard]] HWND focusedTextBox() noexcept;
+
+}  // namespace telvar::host
