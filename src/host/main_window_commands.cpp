@@ -145,8 +145,13 @@ bool MainWindow::mayDiscard() {
     return false;
 }
 
+// Another table begins at its top; a refresh stays where the user was.
 void MainWindow::showTable() {
     refreshTable();
+    if (const auto grid = com::ComPointer<IChannelGrid>::from(channels_)) {
+        grid->put_TopRow(1);
+        grid->put_LeftColumn(1);
+    }
     const std::wstring path = document_->path();
     showStatus(path.empty() ? L"New channel table" : path);
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 #include <filesystem>
 
 #include "com/kit/text.h"
@@ -200,6 +202,40 @@ TEST_F(Program, RefreshShowsWhatTheStoreHolds) {
     EXPECT_EQ(cell(7, 1), L"X");
     command(COMMAND_REFRESH);
     EXPECT_EQ(cell(7, 1), L"446.006250");
+}
+
+TEST_F(Program, AnotherTableIsShownFromItsTopAndARefreshStaysWhereItIs) {
+    start(sample("gmrs.telvar", "a.telvar"));
+    const auto grid = com::ComPointer<IChannelGrid>::from(program->channels());
+    com::check(grid->put_TopRow(100));
+    long top = 0;
+    command(COMMAND_REFRESH);
+    com::check(grid->get_TopRow(&top));
+    EXPECT_EQ(top, 100);
+    command(COMMAND_NEW);
+    com::check(grid->get_TopRow(&top));
+    EXPECT_EQ(top, 1);
+}
+
+TEST_F(Program, ARefreshMovesTheProgressBarFromEndToEnd) {
+    start(sample("gmrs.telvar", "a.telvar"));
+    const HWND bar = GetDlgItem(GetDlgItem(program->window(), CHILD_STATUS_BAR), CHILD_PROGRESS);
+    int steps = 0;
+    std::vector<LRESULT> positions;
+    const host::EventConnection events(program->channels(), __uuidof(__ChannelInformation),
+                                       [&](DISPID event, const DISPPARAMS&) {
+                                           if (event == 12 && ++steps % 64 == 0) {
+                                               EXPECT_TRUE(IsWindowVisible(bar));
+                                               positions.push_back(SendMessageW(bar, PBM_GETPOS, 0, 0));
+                                           }
+                                           return true;
+                                       });
+    EXPECT_FALSE(IsWindowVisible(bar));
+    command(COMMAND_REFRESH);
+    EXPECT_EQ(steps, 255);
+    EXPECT_EQ(positions, (std::vector<LRESULT>{64, 128, 192}));
+    EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 255);
+    EXPECT_FALSE(IsWindowVisible(bar));
 }
 
 TEST_F(Program, ANewTableIsSavedUnderTheNameThatTheUserGives) {
@@ -474,6 +510,34 @@ TEST_F(Program, InATextBoxTheEditMenuIsTheTextBoxs) {
     text.resize(static_cast<std::size_t>(GetWindowTextW(box, text.data(), 8)));
     EXPECT_EQ(text, L"1212");
     EXPECT_FALSE(program->document().modified());
+}
+
+TEST_F(Program, SelectingAChannelWithoutARadioIsToldAndEverythingWorksAgain) {
+    start();
+    HWND button = nullptr;
+    EnumChildWindows(
+        program->window(),
+        [](HWND child, LPARAM found) -> BOOL {
+            std::wstring text(32, L'\0');
+            text.resize(static_cast<std::size_t>(GetWindowTextW(child, text.data(), 32)));
+            const bool wanted = text == L"Select" || text == L"&Select";
+            if (wanted) {
+                *reinterpret_cast<HWND*>(found) = child;
+            }
+            return !wanted;
+        },
+        reinterpret_cast<LPARAM>(&button));
+    ASSERT_NE(button, nullptr);
+    dialogs.expectBox(IDOK);
+    SendMessageW(button, BM_CLICK, 0, 0);
+    pump();
+    ASSERT_EQ(dialogs.shown().size(), 1U);
+    EXPECT_NE(dialogs.shown().front().find(L"cmdChannelSelect_Click"), std::wstring::npos)
+        << com::narrow(dialogs.shown().front());
+    EXPECT_TRUE(IsWindowEnabled(button));
+    EXPECT_NE(SendMessageW(program->window(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)), TRUE);
+    command(COMMAND_NEW);
+    EXPECT_EQ(program->document().path(), L"");
 }
 
 TEST_F(Program, TwoWindowsKeepTheirTablesApart) {
