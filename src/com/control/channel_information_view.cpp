@@ -16,7 +16,7 @@ constexpr DWORD safeOptions = INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACESAFE
 
 // The host's editing commands by their published numbers; selecting everything is no command of the pop-up menu.
 struct EditingCommand {
-    DWORD number;
+    DWORD number = 0;
     std::optional<control::GridCommand> command;
 };
 

@@ -27,21 +27,23 @@ HRESULT FailingProxy::Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
     if (!isStore || member != channelTable || arguments->cArgs != 0 || result == nullptr) {
         return behind_->Invoke(member, iid, locale, flags, arguments, result, exception, wrongArgument);
     }
-    return com::guarded([&] {
-        // An array of wrapped records, a new one for each question.
-        const Variant own = get(*behind_, "ChannelTable");
-        const VARIANT& table = com::dereferenced(own.get());
-        SAFEARRAY* const source = (V_VT(&table) & VT_BYREF) != 0 ? *V_ARRAYREF(&table) : V_ARRAY(&table);
-        SAFEARRAY* const wrapped = SafeArrayCreateVector(VT_DISPATCH, 0, 255);
-        for (LONG at = 0; at < 255; ++at) {
-            Variant record;
-            com::check(SafeArrayGetElement(source, &at, &record.get()));
-            const auto proxy = com::make<FailingProxy>(V_DISPATCH(&record.get()), failure_);
-            com::check(SafeArrayPutElement(wrapped, &at, proxy.get()));
+    return com::guarded([&] { answerTable(*result); });
+}
+
+void FailingProxy::answerTable(VARIANT& result) {
+    constexpr LONG channels = 255;
+    if (records_.empty()) {
+        for (std::int16_t at = 0; at < channels; ++at) {
+            const Variant record = call(*behind_, "ChannelTable", {Variant(at)});
+            records_.push_back(com::make<FailingProxy>(V_DISPATCH(&record.get()), failure_));
         }
-        V_VT(result) = VT_ARRAY | VT_DISPATCH;
-        V_ARRAY(result) = wrapped;
-    });
+    }
+    SAFEARRAY* const wrapped = SafeArrayCreateVector(VT_DISPATCH, 0, channels);
+    for (LONG at = 0; at < channels; ++at) {
+        com::check(SafeArrayPutElement(wrapped, &at, records_[static_cast<std::size_t>(at)].get()));
+    }
+    V_VT(&result) = VT_ARRAY | VT_DISPATCH;
+    V_ARRAY(&result) = wrapped;
 }
 
 }  // namespace telvar::tests

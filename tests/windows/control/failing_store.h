@@ -27,8 +27,12 @@ public:
                         EXCEPINFO* exception, UINT* wrongArgument) noexcept override;
 
 private:
+    // An array of the wrapped records, a new one for each question.
+    void answerTable(VARIANT& result);
+
     ComPointer<IDispatch> behind_;
     FailingCall& failure_;
+    std::vector<ComPointer<FailingProxy>> records_;
 };
 
 }  // namespace telvar::tests
