@@ -13,10 +13,10 @@
 namespace telvar::host {
 
 struct EditCommand {
-    int command;        // of the menu
-    OLECMDID standard;  // of the control
+    int command = 0;                    // of the menu
+    OLECMDID standard = OLECMDID_COPY;  // of the control
     // What a text box is sent instead.
-    UINT message;
+    UINT message = WM_NULL;
     WPARAM wparam = 0;
     LPARAM lparam = 0;
 };

@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <commctrl.h>
+#include <shlobj.h>
+
+#include <cstring>
 
 #include <filesystem>
 
@@ -397,6 +400,21 @@ TEST_F(Program, ARecentFileThatIsGoneIsToldAndForgotten) {
     command(COMMAND_RECENT_FIRST);
     EXPECT_EQ(recentFiles(), Texts{});
     EXPECT_EQ(program->document().path(), L"");
+}
+
+TEST_F(Program, AFileThatIsDroppedOnTheWindowOpens) {
+    start();
+    const std::wstring file = sample("gmrs.telvar", "a.telvar");
+    const std::size_t bytes = sizeof(DROPFILES) + (file.size() + 2) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
+    auto* const drop = static_cast<DROPFILES*>(GlobalLock(memory));
+    drop->pFiles = sizeof(DROPFILES);
+    drop->fWide = TRUE;
+    std::memcpy(drop + 1, file.data(), file.size() * sizeof(wchar_t));
+    GlobalUnlock(memory);
+    SendMessageW(program->window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+    EXPECT_EQ(program->document().path(), file);
+    EXPECT_EQ(recentFiles(), Texts{file});
 }
 
 TEST_F(Program, TheFileMenuListsTheRecentFiles) {
