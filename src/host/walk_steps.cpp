@@ -48,7 +48,7 @@ private:
 
     [[nodiscard]] com::ComPointer<IChannelGrid> grid() const;
     [[nodiscard]] std::wstring cell(int row, int column) const;
-    [[nodiscard]] long gridNumber(HRESULT (IChannelGrid::*property)(long*)) const;
+    [[nodiscard]] long gridNumber(HRESULT (STDMETHODCALLTYPE IChannelGrid::*property)(long*)) const;
     [[nodiscard]] long currentRow() const { return gridNumber(&IChannelGrid::get_CurrentRow); }
     [[nodiscard]] long topRow() const { return gridNumber(&IChannelGrid::get_TopRow); }
     [[nodiscard]] std::wstring title() const;
@@ -117,7 +117,7 @@ std::wstring Job::cell(int row, int column) const {
     return std::wstring(text.view());
 }
 
-long Job::gridNumber(HRESULT (IChannelGrid::*property)(long*)) const {
+long Job::gridNumber(HRESULT (STDMETHODCALLTYPE IChannelGrid::*property)(long*)) const {
     long number = 0;
     com::checkCall((grid().get()->*property)(&number));
     return number;
