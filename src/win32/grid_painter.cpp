@@ -3,6 +3,8 @@
 #include "win32/grid_painter.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 #include "win32/convert.h"
 #include "win32/gdi.h"
@@ -13,6 +15,9 @@ namespace {
 
 // Narrow, since the published column widths leave little room for the headers; they are centred anyway.
 constexpr int headerPadding = 1;
+
+// The frequencies' headers need three in the widths that they have been given.
+constexpr std::size_t headerLines = 3;
 
 // `share` of `over`, in hundredths, the rest of `under`.
 COLORREF mixed(COLORREF under, COLORREF over, int share) noexcept {
@@ -87,7 +92,7 @@ ui::GridMetrics GridPainter::metrics() const noexcept {
     const int dpi = font_->dpi();
     return {.dpi = dpi,
             .rowHeight = font_->height() + MulDiv(5, dpi, ui::standardDpi),
-            .headerHeight = (2 * font_->height()) + MulDiv(6, dpi, ui::standardDpi)};
+            .headerHeight = (static_cast<int>(headerLines) * font_->height()) + MulDiv(6, dpi, ui::standardDpi)};
 }
 
 void GridPainter::paint(HDC dc, const ui::Grid& grid, const ui::GridLayout& layout, const RECT& damage,
@@ -216,18 +221,27 @@ void GridPainter::paintHeader(const Pass& pass, ui::Cell cell, const RECT& rect)
         return;
     }
     const int width = static_cast<int>(rect.right - rect.left) - (2 * headerPadding);
-    std::size_t end = text.size();
-    while (end > 0 && font_->widthOf(pass.dc, text.substr(0, end)) > width) {
-        end = breakBefore(text, end);
+    std::array<std::wstring_view, headerLines> lines{};
+    std::size_t count = 0;
+    std::wstring_view rest = text;
+    while (count + 1 < headerLines) {
+        std::size_t end = rest.size();
+        while (end > 0 && font_->widthOf(pass.dc, rest.substr(0, end)) > width) {
+            end = breakBefore(rest, end);
+        }
+        if (end == 0 || end == rest.size()) {
+            break;
+        }
+        lines[count++] = rest.substr(0, end);
+        rest.remove_prefix(rest[end] == L' ' ? end + 1 : end);
     }
-    const bool wraps = end > 0 && end < text.size();
-    const int lines = wraps ? 2 : 1;
-    const int first = top + ((height - (lines * font_->height())) / 2);
-    drawText(pass.dc, rect, wraps ? text.substr(0, end) : text, ui::Alignment::Centre, first, ETO_OPAQUE,
-             headerPadding);
-    if (wraps) {
-        drawText(pass.dc, rect, text.substr(text[end] == L' ' ? end + 1 : end), ui::Alignment::Centre,
-                 first + font_->height(), 0, headerPadding);
+    lines[count++] = rest;
+    int at = top + ((height - (static_cast<int>(count) * font_->height())) / 2);
+    UINT opaque = ETO_OPAQUE;
+    for (const auto line : std::span(lines).first(count)) {
+        drawText(pass.dc, rect, line, ui::Alignment::Centre, at, opaque, headerPadding);
+        at += font_->height();
+        opaque = 0;
     }
 }
 
