@@ -32,7 +32,6 @@ struct CellContext {
     std::int16_t channel = 0;  // 1 to 255
     base::NumberFormat format{};
 };
-using RenderContext = CellContext;
 
 struct Column {
     std::int16_t number;
@@ -61,6 +60,6 @@ using CellSink = std::function<void(std::int16_t column, const std::string& text
 // Renders columns 1 to 26 of one channel. Each cell reaches the sink before the next one is read, so that a failure
 // leaves the cells before it written. An unconfigured channel has "X" in all of them, in ascending order, and nothing
 // else of it is read.
-void renderRow(const RenderContext& context, const CellSink& sink);
+void renderRow(const CellContext& context, const CellSink& sink);
 
 }  // namespace telvar::editing

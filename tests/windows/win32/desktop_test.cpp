@@ -75,7 +75,8 @@ TEST_F(Desktops, WaitForAClipboardThatIsFreeSoon) {
         const HWND window = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
         OpenClipboard(window);
         SetEvent(opened);
-        // Long enough to be met, short against what the reader allows.
+        // A plain pause: the system tells nobody that a reader was refused, so there is no event to wait for. Long
+        // enough to be met, short against what the reader allows; too short only makes the test easier.
         Sleep(30);
         CloseClipboard();
         DestroyWindow(window);
