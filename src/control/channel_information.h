@@ -30,6 +30,7 @@
 #include "ui/combo_box.h"
 #include "ui/desktop.h"
 #include "ui/form.h"
+#include "ui/frame.h"
 #include "ui/grid.h"
 #include "ui/label.h"
 #include "ui/option_button.h"

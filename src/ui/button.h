@@ -1,6 +1,8 @@
 // A push button.
 #pragma once
 
+#include <algorithm>
+
 #include "ui/widget.h"
 
 namespace telvar::ui {
@@ -11,7 +13,7 @@ public:
 
     // The user's press: a disabled or hidden button cannot be pressed.
     void userPress() {
-        if (enabled() && visible()) {
+        if (isUsable() && isShown()) {
             Click();
         }
     }
@@ -21,6 +23,11 @@ public:
     void setDefault(bool isDefault) { change(isDefault_, isDefault, Aspect::Value); }
     [[nodiscard]] bool isCancel() const noexcept { return isCancel_; }
     void setCancel(bool isCancel) noexcept { isCancel_ = isCancel; }
+
+    [[nodiscard]] Size wantedSize(const Metrics& metrics) const override {
+        const int narrowest = 6 * metrics.line();
+        return {std::max(metrics.captionWidth(caption()) + 2 * metrics.gap(), narrowest), metrics.buttonHeight()};
+    }
 
     base::Event<> Click;
 

@@ -22,9 +22,13 @@ public:
 
     // The user's click: clear becomes checked, checked and grey become clear.
     void userClick() {
-        if (enabled() && visible()) {
+        if (isUsable() && isShown()) {
             setValue(value_ == 0 ? 1 : 0);
         }
+    }
+
+    [[nodiscard]] Size wantedSize(const Metrics& metrics) const override {
+        return {metrics.markWidth() + metrics.captionWidth(caption()), metrics.optionHeight()};
     }
 
     base::Event<> Click;

@@ -1,6 +1,7 @@
 // A list with one selected entry and, where it can be typed into, a text of its own.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -70,6 +71,15 @@ public:
         text_ = std::move(text);
         listIndex_ = -1;
         Change();
+    }
+
+    // As wide as the longest entry.
+    [[nodiscard]] Size wantedSize(const Metrics& metrics) const override {
+        int widest = 0;
+        for (const std::string& item : items_) {
+            widest = std::max(widest, metrics.width(item));
+        }
+        return {widest + 3 * metrics.line(), metrics.fieldHeight()};
     }
 
     base::Event<> Click;

@@ -47,9 +47,13 @@ public:
     // Modal to the window that owns the control. Anything may happen inside, as in every pump.
     virtual Answer show(const MessageBox& box) = 0;
 
+    // Opens the form in the middle of the window that owns the control, after Load; returns when it was hidden.
+    // Anything may happen inside. Fails (base::Failure) where no window can be made.
     virtual void showModal(Form& form) = 0;
+    // Opens the form, or brings it to the front where it is open.
     virtual void showModeless(Form& form) = 0;
     virtual void hide(Form& form) = 0;
+    [[nodiscard]] virtual bool isOpen(const Form& form) const = 0;
 
     // At a point of `widget`, in pixels; returns when the menu has closed, the chosen item has raised its Click by
     // then.

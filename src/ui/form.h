@@ -1,11 +1,12 @@
-// Windows that hold widgets: a form of its own, and the panel that a control is. Children are kept in tab order; who
-// arranges them listens to Resize and sets their bounds.
+// Windows that hold widgets: a form of its own, and the panel that a control is. Children are kept in tab order. A form
+// is arranged by its layout; who arranges a panel listens to Resize and sets the bounds of its children.
 #pragma once
 
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "ui/layout.h"
 #include "ui/widget.h"
 
 namespace telvar::ui {
@@ -43,12 +44,33 @@ public:
     using Container::Container;
 };
 
+// A window of its own. Its bounds are those of the whole window on the screen, borders included; its size is that of
+// the client area.
 class Form : public Container {
 public:
     using Container::Container;
 
-    // By the peer: the close box was used. The form decides; by default it only hides.
+    // Arranges the children from now on. The desktop must outlive the form's use.
+    void setLayout(Desktop& desktop, Layout layout);
+    // Of the client area: what the layout wants.
+    [[nodiscard]] Size wantedSize(const Metrics& metrics) const override {
+        return layout_ ? layout_->wanted(metrics) : Size{};
+    }
+    // Takes the size that the layout wants now, after children were shown or hidden.
+    void fit();
+
+    // By the desktop, each time before the form becomes visible: its size and dots per inch are set, and its bounds to
+    // the middle of its owner's window. A handler may set other bounds.
+    base::Event<> Load;
+    // By the desktop: the close box was used. The desktop hides the form afterwards.
     base::Event<> CloseBox;
+
+private:
+    void arrange();
+
+    Desktop* desktop_ = nullptr;
+    Layout layout_;
+    base::Connection resized_;
 };
 
 }  // namespace telvar::ui

@@ -8,12 +8,15 @@ namespace telvar::ui {
 class Label : public Widget {
 public:
     using Widget::Widget;
-};
 
-// A captioned border around widgets that belong together.
-class Frame : public Widget {
-public:
-    using Widget::Widget;
+    // In digits of the font; a longer text is broken between words. 0 means: one line, however long.
+    [[nodiscard]] int wrapWidth() const noexcept { return wrapWidth_; }
+    void setWrapWidth(int digits) noexcept { wrapWidth_ = digits; }
+
+    [[nodiscard]] Size wantedSize(const Metrics& metrics) const override;
+
+private:
+    int wrapWidth_ = 0;
 };
 
 }  // namespace telvar::ui

@@ -44,12 +44,16 @@ public:
     }
 
     void userClick() {
-        if (enabled() && visible()) {
+        if (isUsable() && isShown()) {
             setValue(true);
         }
     }
 
     [[nodiscard]] OptionGroup* group() const noexcept { return group_; }
+
+    [[nodiscard]] Size wantedSize(const Metrics& metrics) const override {
+        return {metrics.markWidth() + metrics.captionWidth(caption()), metrics.optionHeight()};
+    }
 
     base::Event<> Click;
 

@@ -53,12 +53,21 @@ public:
         selLength_ = length;
     }
 
+    // Room for so many digits.
+    void setWidth(int digits) noexcept { width_ = digits; }
+    [[nodiscard]] Size wantedSize(const Metrics& metrics) const override {
+        return {metrics.digits(width_) + metrics.line(), metrics.fieldHeight()};
+    }
+
     base::Event<> Change;
 
 private:
+    static constexpr int usualWidth = 8;
+
     std::string text_;
     int selStart_ = 0;
     int selLength_ = 0;
+    int width_ = usualWidth;
     bool readOnly_ = false;
 };
 

@@ -13,10 +13,22 @@
 #include "base/event.h"
 #include "ui/geometry.h"
 #include "ui/input.h"
+#include "ui/metrics.h"
 
 namespace telvar::ui {
 
-enum class Aspect : std::uint8_t { Everything, Text, Value, Items, TextSelection, Enabled, Visible, Colours, Bounds };
+enum class Aspect : std::uint8_t {
+    Everything,
+    Text,
+    Value,
+    Items,
+    TextSelection,
+    Enabled,
+    Visible,
+    Colours,
+    Bounds,
+    Size,  // a form wants the size of its layout
+};
 
 // Shows one widget. Reads what it shows from the widget at any time; a peer must ignore the notifications that it
 // caused.
@@ -56,11 +68,18 @@ public:
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption) { change(caption_, std::move(caption), Aspect::Text); }
 
+    // The widget's own state; a peer shows what isUsable() and isShown() say.
     [[nodiscard]] bool enabled() const noexcept { return enabled_; }
     void setEnabled(bool enabled) { change(enabled_, enabled, Aspect::Enabled); }
 
     [[nodiscard]] bool visible() const noexcept { return visible_; }
     void setVisible(bool visible) { change(visible_, visible, Aspect::Visible); }
+
+    // The frame that the widget stands in, null for none. What is in a hidden frame is hidden, what is in a disabled
+    // frame is disabled.
+    [[nodiscard]] const Widget* frame() const noexcept { return frame_; }
+    [[nodiscard]] bool isShown() const noexcept { return visible_ && (frame_ == nullptr || frame_->isShown()); }
+    [[nodiscard]] bool isUsable() const noexcept { return enabled_ && (frame_ == nullptr || frame_->isUsable()); }
 
     [[nodiscard]] Colour foreColor() const noexcept { return foreColor_; }
     void setForeColor(Colour colour) { change(foreColor_, colour, Aspect::Colours); }
@@ -68,6 +87,9 @@ public:
     // Pixels, relative to the client area of the window that shows it.
     [[nodiscard]] const Rect& bounds() const noexcept { return bounds_; }
     void setBounds(const Rect& bounds) { change(bounds_, bounds, Aspect::Bounds); }
+
+    // The size at which everything that the widget shows fits, in pixels.
+    [[nodiscard]] virtual Size wantedSize(const Metrics& metrics) const { return {0, metrics.line()}; }
 
     // Moves the keyboard focus here; without a peer only the event is raised.
     void setFocus() {
@@ -100,7 +122,7 @@ protected:
         shown(aspect);
         return true;
     }
-    void shown(Aspect aspect) const noexcept {
+    virtual void shown(Aspect aspect) const noexcept {
         if (peer_ != nullptr) {
             peer_->show(aspect);
         }
@@ -108,10 +130,13 @@ protected:
     [[nodiscard]] WidgetPeer* peer() const noexcept { return peer_; }
 
 private:
+    friend class Frame;  // which sets frame_
+
     std::string name_;
     std::string caption_;
     Rect bounds_;
     WidgetPeer* peer_ = nullptr;
+    const Widget* frame_ = nullptr;
     Colour foreColor_ = windowText;
     bool enabled_ = true;
     bool visible_ = true;

@@ -4,6 +4,7 @@
 #include <ranges>
 #include <utility>
 
+#include "ui/frame.h"
 #include "ui/label.h"
 #include "win32/access_keys.h"
 #include "win32/dpi.h"
@@ -17,7 +18,7 @@ namespace {
 constexpr UINT dpiChangedAfterParent = 0x02E3;
 
 bool canFocus(const Peer& peer) noexcept {
-    return peer.widget() != nullptr && peer.takesFocus() && peer.widget()->enabled() && peer.widget()->visible();
+    return peer.widget() != nullptr && peer.takesFocus() && peer.widget()->isUsable() && peer.widget()->isShown();
 }
 
 }  // namespace
@@ -263,7 +264,7 @@ bool ContainerWindow::moveFocus(const Peer& from, bool back) const {
 bool ContainerWindow::pressAccessKey(wchar_t character) {
     const auto alive = shared_from_this();
     auto at = std::ranges::find_if(peers_, [character](const PeerPointer& peer) {
-        return peer->widget() != nullptr && peer->widget()->visible() &&
+        return peer->widget() != nullptr && peer->widget()->isShown() &&
                hasAccessKey(peer->widget()->caption(), character);
     });
     // A label's key belongs to what follows it.

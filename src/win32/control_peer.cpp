@@ -67,7 +67,7 @@ void ControlPeer::showAny(ui::Aspect changed) {
     using ui::Aspect;
     const bool everything = changed == Aspect::Everything;
     if (everything || changed == Aspect::Enabled) {
-        EnableWindow(window_, widget_->enabled());
+        EnableWindow(window_, widget_->isUsable());
     }
     if (everything || changed == Aspect::Bounds) {
         const RECT at = windowBounds();
@@ -82,7 +82,7 @@ void ControlPeer::showAny(ui::Aspect changed) {
         InvalidateRect(window_, nullptr, TRUE);
     }
     if (everything || changed == Aspect::Visible) {
-        ShowWindow(window_, widget_->visible() ? SW_SHOWNA : SW_HIDE);
+        ShowWindow(window_, widget_->isShown() ? SW_SHOWNA : SW_HIDE);
     }
 }
 

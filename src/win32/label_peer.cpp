@@ -1,4 +1,5 @@
 // The peers of what is only looked at: labels and frames.
+#include "ui/frame.h"
 #include "ui/label.h"
 
 #include "win32/control_peer.h"

@@ -87,7 +87,7 @@ private:
         for (int away = 1; away < count; ++away) {
             ui::OptionButton* const other =
                 buttons[static_cast<std::size_t>((self + (step * away) + (count * away)) % count)];
-            if (other->enabled() && other->visible()) {
+            if (other->isUsable() && other->isShown()) {
                 other->setFocus();
                 if (settled()) {
                     other->userClick();

@@ -11,6 +11,7 @@
 #include "ui/combo_box.h"
 #include "ui/grid.h"
 #include "ui/grid_layout.h"
+#include "ui/frame.h"
 #include "ui/label.h"
 #include "ui/option_button.h"
 #include "ui/text_box.h"
@@ -30,11 +31,11 @@ public:
 
     void draw(const ui::Widget& widget) const {
         const RECT at = rectOf(widget.bounds());
-        SetTextColor(dc_, widget.enabled() ? colourOf(widget.foreColor()) : GetSysColor(COLOR_GRAYTEXT));
+        SetTextColor(dc_, widget.isUsable() ? colourOf(widget.foreColor()) : GetSysColor(COLOR_GRAYTEXT));
         if (const auto* const grid = dynamic_cast<const ui::Grid*>(&widget)) {
             drawGrid(*grid, at);
         } else if (const auto* const box = dynamic_cast<const ui::TextBox*>(&widget)) {
-            drawField(box->text(), at, box->enabled() && !box->readOnly());
+            drawField(box->text(), at, box->isUsable() && !box->readOnly());
         } else if (const auto* const combo = dynamic_cast<const ui::ComboBox*>(&widget)) {
             drawCombo(*combo, at);
         } else if (dynamic_cast<const ui::Button*>(&widget) != nullptr) {
@@ -54,7 +55,7 @@ public:
 
 private:
     [[nodiscard]] static UINT inactive(const ui::Widget& widget) noexcept {
-        return widget.enabled() ? 0U : DFCS_INACTIVE;
+        return widget.isUsable() ? 0U : DFCS_INACTIVE;
     }
 
     void drawCaption(const ui::Widget& widget, RECT at, UINT format) const {
@@ -72,7 +73,7 @@ private:
     }
 
     void drawCombo(const ui::ComboBox& combo, const RECT& at) const {
-        drawField(combo.text(), at, combo.enabled());
+        drawField(combo.text(), at, combo.isUsable());
         RECT arrow = at;
         InflateRect(&arrow, -2, -2);
         arrow.left = std::max(arrow.left, arrow.right - MulDiv(17, font_->dpi(), ui::standardDpi));
@@ -150,7 +151,7 @@ void drawPanel(ui::Panel& panel, HDC dc, const RECT& at, int dpi) {
     SetBkMode(memory.get(), TRANSPARENT);
     const WidgetPainter painter(memory.get(), font);
     for (const ui::Widget* const child : panel.children()) {
-        if (child->visible()) {
+        if (child->isShown()) {
             painter.draw(*child);
         }
     }

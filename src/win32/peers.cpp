@@ -4,6 +4,7 @@
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
 #include "ui/grid.h"
+#include "ui/frame.h"
 #include "ui/label.h"
 #include "ui/option_button.h"
 #include "ui/text_box.h"

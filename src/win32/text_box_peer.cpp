@@ -40,7 +40,7 @@ public:
 
     [[nodiscard]] HBRUSH background(HDC dc) const override {
         static_cast<void>(ControlPeer::background(dc));
-        const bool edits = box() != nullptr && box()->enabled() && !box()->readOnly();
+        const bool edits = box() != nullptr && box()->isUsable() && !box()->readOnly();
         const int colour = edits ? COLOR_WINDOW : COLOR_BTNFACE;
         SetBkColor(dc, GetSysColor(colour));
         return GetSysColorBrush(colour);

@@ -214,4 +214,9 @@ void WindowsDesktop::showModeless(ui::Form& form) {
 
 void WindowsDesktop::hide(ui::Form& form) { static_cast<void>(form); }
 
+bool WindowsDesktop::isOpen(const ui::Form& form) const {
+    static_cast<void>(form);
+    return false;
+}
+
 }  // namespace telvar::win32

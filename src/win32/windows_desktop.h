@@ -34,6 +34,7 @@ public:
     void showModal(ui::Form& form) override;
     void showModeless(ui::Form& form) override;
     void hide(ui::Form& form) override;
+    [[nodiscard]] bool isOpen(const ui::Form& form) const override;
     void popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) override;
     void setPointer(ui::Pointer pointer) override;
     [[nodiscard]] std::optional<std::string> clipboardText() override;

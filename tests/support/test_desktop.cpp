@@ -45,8 +45,27 @@ ui::Answer TestDesktop::show(const ui::MessageBox& box) {
     return answer;
 }
 
+void TestDesktop::open(ui::Form& form) {
+    if (!shown_.insert(&form).second) {
+        return;
+    }
+    const ui::Size size = form.wantedSize(ui::Metrics(*this, ui::standardDpi));
+    form.setSize(size, ui::standardDpi);
+    const ui::Size screen = screenSize();
+    const ui::Point at{(screen.width - size.width) / 2, (screen.height - size.height) / 2};
+    form.setBounds({at.x, at.y, at.x + size.width, at.y + size.height});
+    form.Load();
+}
+
+void TestDesktop::close(ui::Form& form) {
+    form.CloseBox();
+    hide(form);
+}
+
+void TestDesktop::showModeless(ui::Form& form) { open(form); }
+
 void TestDesktop::showModal(ui::Form& form) {
-    shown_.insert(&form);
+    open(form);
     if (duringModal) {
         duringModal(form);
     }

@@ -35,7 +35,8 @@ public:
     std::function<void(const ui::MessageBox&)> duringBox;
 
     // -- forms and menus --------------------------------------------------------------------------------------------
-    [[nodiscard]] bool isShown(const ui::Form& form) const { return shown_.contains(&form); }
+    // The user's close box.
+    void close(ui::Form& form);
     // What the user does in a modal form. It has to hide the form; else the test fails and the form is hidden.
     std::function<void(ui::Form&)> duringModal;
     // The item that the user chooses in the next pop-up menus, by name; none closes the menu without a choice.
@@ -70,8 +71,9 @@ public:
     // -- ui::Desktop ------------------------------------------------------------------------------------------------
     ui::Answer show(const ui::MessageBox& box) override;
     void showModal(ui::Form& form) override;
-    void showModeless(ui::Form& form) override { shown_.insert(&form); }
+    void showModeless(ui::Form& form) override;
     void hide(ui::Form& form) override { shown_.erase(&form); }
+    [[nodiscard]] bool isOpen(const ui::Form& form) const override { return shown_.contains(&form); }
     void popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) override;
     void setPointer(ui::Pointer pointer) override { pointers_.push_back(pointer); }
     [[nodiscard]] std::optional<std::string> clipboardText() override;
@@ -102,6 +104,8 @@ private:
         std::chrono::milliseconds due;
     };
 
+    // What comes before a form is visible: its size, its place in the middle of the screen, and Load.
+    void open(ui::Form& form);
     // One piece of queued work, else one step; answers whether there was any.
     bool runOne();
 

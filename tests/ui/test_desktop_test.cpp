@@ -61,14 +61,14 @@ TEST(TestDesktop, AModalFormHasToBeHidden) {
     static ui::Form form("frm");
     bool wasShown = false;
     desktop.duringModal = [&](ui::Form& shown) {
-        wasShown = desktop.isShown(shown);
+        wasShown = desktop.isOpen(shown);
         desktop.hide(shown);
     };
     desktop.showModal(form);
     EXPECT_TRUE(wasShown);
     desktop.duringModal = nullptr;
     EXPECT_NONFATAL_FAILURE(desktop.showModal(form), "frm was not closed");
-    EXPECT_FALSE(desktop.isShown(form));
+    EXPECT_FALSE(desktop.isOpen(form));
 }
 
 TEST(TestDesktop, AMenuTakesTheScriptedChoice) {

@@ -15,6 +15,7 @@
 #include "ui/combo_box.h"
 #include "ui/form.h"
 #include "ui/grid.h"
+#include "ui/frame.h"
 #include "ui/label.h"
 #include "ui/option_button.h"
 #include "ui/text_box.h"
