@@ -232,7 +232,7 @@ std::string checkScanCount(model::DataStore& store) {
         }
         return scanned > largestScanCount ? "Total number of channel scan must not exceed 40." : "";
     } catch (const std::exception&) {
-        return "Error in calculating Total number of channel scan.";
+        return scanCountFault;
     }
 }
 

@@ -30,6 +30,9 @@ struct TableVerdict {
 
 inline constexpr int largestScanCount = 40;
 
+// What an uncountable table gives.
+inline constexpr const char* scanCountFault = "Error in calculating Total number of channel scan.";
+
 // Empty where at most 40 configured channels are scanned, else the message. Never fails.
 [[nodiscard]] std::string checkScanCount(model::DataStore& store);
 
