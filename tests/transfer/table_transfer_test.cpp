@@ -1,0 +1,290 @@
+// Every event, store write and link call of a send and a load, in order, and every way in which a sequence can end
+// early.
+#include "transfer/table_transfer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/failure.h"
+#include "model/memory_data_store.h"
+#include "support/store_decorator.h"
+#include "support/test_desktop.h"
+
+namespace telvar::tests {
+namespace {
+
+using model::StoreMember;
+using Log = std::vector<std::string>;
+
+// Writes every call of the store and of the link into one list, and lets the n-th of them fail.
+class Journal {
+public:
+    void note(std::string what) {
+        entries.push_back(std::move(what));
+        if (failing != 0 && ++count == failing) {
+            throw base::Failure("does not answer");
+        }
+    }
+    Log entries;
+    int failing = 0;
+    int count = 0;
+};
+
+class JournalStore : public StoreDecorator {
+public:
+    JournalStore(model::DataStore& inner, Journal& journal) : StoreDecorator(inner), journal_(journal) {}
+
+protected:
+    void onCall(const StoreCall& call) override { journal_.note(describe(call)); }
+
+private:
+    Journal& journal_;
+};
+
+class JournalLink : public model::RadioLink {
+public:
+    explicit JournalLink(Journal& journal) : journal_(journal) {}
+    void SendChannelTable() override { journal_.note("link SendChannelTable"); }
+    void LoadChannelTable(std::string& text, bool& flag) override {
+        journal_.note("link LoadChannelTable '" + text + "' " + (flag ? "True" : "False"));
+    }
+    void AbortTransfer() override { journal_.note("link AbortTransfer"); }
+    void SendPotValues(std::string& /*text*/) override { journal_.note("link SendPotValues"); }
+    void SelectChannel(std::string& /*channel*/) override { journal_.note("link SelectChannel"); }
+
+private:
+    Journal& journal_;
+};
+
+class TableTransfer : public testing::Test {
+protected:
+    TableTransfer() {
+        memory->put(StoreMember::TableOpen, true);
+        memory->put(StoreMember::ShowSendWarning, false);
+        memory->put(StoreMember::SendInProgress, true);
+        memory->put(StoreMember::ProgressCount, std::int16_t{17});
+        memory->put(StoreMember::MessageTitle, base::textValue("Telvar"));
+    }
+
+    [[nodiscard]] transfer::TransferSurroundings surroundings() {
+        const auto event = [this](std::string name) { return [this, name] { journal.note("event " + name); }; };
+        return {.desktop = desktop,
+                .store = [this] { return store; },
+                .link = [this] { return link; },
+                .show =
+                    [this](const ui::MessageBox& box) {
+                        journal.note("box");
+                        return desktop.show(box);
+                    },
+                .disableCommands = event("DisableCommands"),
+                .hourglassOverWindow = event("HourglassOverWindow"),
+                .pauseDiagnostics = event("PauseDiagnostics"),
+                .restoreButtons = event("RestoreButtons"),
+                .enableCommands = [this](const std::string& text) { journal.note("event EnableCommands " + text); },
+                .disableChannelSelect = [this] { journal.note("cmdChannelSelect off"); },
+                .checkFrequencies =
+                    [this] {
+                        journal.note("check_Frequencies");
+                        return tableIsGood;
+                    },
+                .checkScanCount =
+                    [this] {
+                        journal.note("CheckTotalNoOfChannelScan");
+                        return scanMessage;
+                    }};
+    }
+    [[nodiscard]] Log send() {
+        sequence.send();
+        return std::exchange(journal.entries, {});
+    }
+    [[nodiscard]] Log load() {
+        sequence.load();
+        return std::exchange(journal.entries, {});
+    }
+
+    Journal journal;
+    TestDesktop desktop;
+    std::shared_ptr<model::MemoryDataStore> memory = std::make_shared<model::MemoryDataStore>();
+    std::shared_ptr<JournalStore> store = std::make_shared<JournalStore>(*memory, journal);
+    std::shared_ptr<JournalLink> link = std::make_shared<JournalLink>(journal);
+    bool tableIsGood = true;
+    std::string scanMessage;
+    transfer::TableTransfer sequence{surroundings()};
+};
+
+const ui::MessageBox overwriteQuestion{.text = "Warning: Sending data to the Telvar will overwrite the\r\n"
+                                               "current memory contents within the Telvar.\r\n\r\n"
+                                               "Recommendation: Save Telvar channel/configuration\r\n"
+                                               "information to disk first.\r\n\r\n"
+                                               "Proceed with overwrite?",
+                                       .title = "Telvar: Communicating with Telvar",
+                                       .icon = ui::Icon::Information,
+                                       .buttons = ui::Buttons::OkCancel};
+
+TEST_F(TableTransfer, ASendPreparesTheHostChecksWaitsAndHandsTheTableToTheLink) {
+    EXPECT_EQ(send(),
+              (Log{"TableOpen", "ShowSendWarning", "SendInProgress=", "event DisableCommands", "cmdChannelSelect off",
+                   "event HourglassOverWindow", "SendPermitted", "check_Frequencies", "CheckTotalNoOfChannelScan",
+                   "event PauseDiagnostics", "CommsBusy", "CommsTask=", "ProgressCount=", "link SendChannelTable"}));
+    EXPECT_EQ(memory->get(StoreMember::SendInProgress), base::Value{false});
+    EXPECT_EQ(memory->get(StoreMember::CommsTask), base::Value{std::int16_t{30}});
+    EXPECT_EQ(memory->get(StoreMember::ProgressCount), base::Value{std::int16_t{0}});
+    EXPECT_TRUE(desktop.boxes().empty());
+}
+
+TEST_F(TableTransfer, ALoadPreparesTheHostWaitsAndHandsOverToTheLink) {
+    EXPECT_EQ(load(), (Log{"event DisableCommands", "cmdChannelSelect off", "event HourglassOverWindow",
+                           "event PauseDiagnostics", "CommsBusy",
+                           "CommsTask=", "ProgressCount=", "link LoadChannelTable '' True"}));
+    EXPECT_EQ(memory->get(StoreMember::CommsTask), base::Value{std::int16_t{22}});
+    EXPECT_EQ(memory->get(StoreMember::ProgressCount), base::Value{std::int16_t{0}});
+    EXPECT_EQ(memory->get(StoreMember::SendInProgress), base::Value{true});
+}
+
+TEST_F(TableTransfer, WithoutAnOpenTableASendOnlySaysSo) {
+    memory->put(StoreMember::TableOpen, false);
+    EXPECT_EQ(send(), (Log{"TableOpen", "MessageTitle", "box"}));
+    EXPECT_EQ(desktop.boxes(), (Boxes{{.text = "No channel information open to send. Please open a channel database.",
+                                       .title = "Telvar",
+                                       .icon = ui::Icon::Exclamation}}));
+}
+
+TEST_F(TableTransfer, AConfirmedOverwriteQuestionComesBeforeEverythingElse) {
+    memory->put(StoreMember::ShowSendWarning, true);
+    desktop.answerWith(ui::Answer::Ok);
+    const Log log = send();
+    EXPECT_EQ(desktop.boxes(), Boxes{overwriteQuestion});
+    EXPECT_EQ(Log(log.begin(), log.begin() + 5),
+              (Log{"TableOpen", "ShowSendWarning", "MessageTitle", "box", "SendInProgress="}));
+    EXPECT_EQ(log.back(), "link SendChannelTable");
+}
+
+TEST_F(TableTransfer, ACancelledOverwriteRestoresButtonsThenEnablesAllCommandsAndTouchesNoLink) {
+    memory->put(StoreMember::ShowSendWarning, true);
+    desktop.answerWith(ui::Answer::Cancel);
+    EXPECT_EQ(send(), (Log{"TableOpen", "ShowSendWarning", "MessageTitle", "box", "event RestoreButtons",
+                           "event EnableCommands All"}));
+    EXPECT_EQ(memory->get(StoreMember::SendInProgress), base::Value{true});
+}
+
+TEST_F(TableTransfer, ARefusedPermissionAbortsThreeTimesAndChecksNothing) {
+    memory->setSendPermitted(false);
+    EXPECT_EQ(send(), (Log{"TableOpen", "ShowSendWarning", "SendInProgress=", "event DisableCommands",
+                           "cmdChannelSelect off", "event HourglassOverWindow", "SendPermitted", "link AbortTransfer",
+                           "link AbortTransfer", "link AbortTransfer"}));
+    EXPECT_TRUE(desktop.boxes().empty());
+}
+
+TEST_F(TableTransfer, FailedChecksAbortTwice) {
+    tableIsGood = false;
+    const Log log = send();
+    EXPECT_EQ(Log(log.end() - 3, log.end()), (Log{"check_Frequencies", "link AbortTransfer", "link AbortTransfer"}));
+}
+
+TEST_F(TableTransfer, TooManyScannedChannelsAbortOnceAfterTheMessage) {
+    scanMessage = "Total number of channel scan must not exceed 40.";
+    const Log log = send();
+    EXPECT_EQ(Log(log.end() - 6, log.end()),
+              (Log{"check_Frequencies", "CheckTotalNoOfChannelScan", "event PauseDiagnostics", "MessageTitle", "box",
+                   "link AbortTransfer"}));
+    EXPECT_EQ(desktop.boxes(), (Boxes{{.text = scanMessage, .title = "Telvar", .icon = ui::Icon::Exclamation}}));
+}
+
+TEST_F(TableTransfer, ThePermissionIsMadeForEachSendFromTheStoreOfTheMoment) {
+    int made = 0;
+    auto own = surroundings();
+    own.makePermission = [&](const model::DataStorePointer& given) {
+        EXPECT_EQ(given, store);
+        ++made;
+        return transfer::storePermission(given);
+    };
+    transfer::TableTransfer transfer(std::move(own));
+    transfer.send();
+    transfer.send();
+    EXPECT_EQ(made, 2);
+}
+
+TEST_F(TableTransfer, TheWaitLetsEventsRunAndEndsWhenTheLinkIsQuiet) {
+    for (const bool sending : {true, false}) {
+        memory->put(StoreMember::CommsBusy, true);
+        int turns = 0;
+        desktop.whenPumping([&] { ++turns; });
+        desktop.whenPumping([&] {
+            ++turns;
+            EXPECT_TRUE(sequence.waiting());
+            memory->put(StoreMember::CommsBusy, false);
+        });
+        const Log log = sending ? send() : load();
+        EXPECT_EQ(turns, 2);
+        EXPECT_FALSE(sequence.waiting());
+        EXPECT_EQ(log.back(), sending ? "link SendChannelTable" : "link LoadChannelTable '' True");
+    }
+}
+
+TEST_F(TableTransfer, PendingEventsRunOnceEvenWhenTheLinkIsQuiet) {
+    int turns = 0;
+    desktop.whenPumping([&] { ++turns; });
+    static_cast<void>(load());
+    EXPECT_EQ(turns, 1);
+}
+
+TEST_F(TableTransfer, AQuittingMessageLoopEndsTheWaitWithoutAnExchange) {
+    memory->put(StoreMember::CommsBusy, true);
+    desktop.quit();
+    const Log log = send();
+    EXPECT_EQ(log.back(), "CommsBusy");
+    EXPECT_FALSE(sequence.waiting());
+}
+
+TEST_F(TableTransfer, AnotherTransferInsideTheWaitIsRefusedInOneSentence) {
+    memory->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] { sequence.load(); });
+    desktop.whenPumping([&] { sequence.send(); });
+    desktop.whenPumping([&] { memory->put(StoreMember::CommsBusy, false); });
+    const Log log = send();
+    const ui::MessageBox refusal{.text = "Another transfer is waiting for the Telvar. Please wait until it has ended.",
+                                 .title = "Telvar",
+                                 .icon = ui::Icon::Exclamation};
+    EXPECT_EQ(desktop.boxes(), (Boxes{refusal, refusal}));
+    EXPECT_EQ(std::ranges::count(log, "link SendChannelTable"), 1);
+    EXPECT_EQ(std::ranges::count(log, "event DisableCommands"), 1);
+}
+
+// A store exchanged during the wait is the one that is asked and told from then on.
+TEST_F(TableTransfer, TheStoreOfTheMomentIsToldTheTask) {
+    memory->put(StoreMember::CommsBusy, true);
+    model::MemoryDataStore other;
+    desktop.whenPumping([&] { store = std::make_shared<JournalStore>(other, journal); });
+    static_cast<void>(load());
+    EXPECT_EQ(other.get(StoreMember::CommsTask), base::Value{std::int16_t{22}});
+    EXPECT_NE(memory->get(StoreMember::CommsTask), base::Value{std::int16_t{22}});
+}
+
+// Wherever a sequence fails: before the host's commands were disabled nothing more happens, after that the link is told
+// to report an end, and no exchange is begun but by the link's own call.
+TEST_F(TableTransfer, AFailureOnceTheHostIsDisabledAbortsOnceAndReachesTheCaller) {
+    memory->put(StoreMember::ShowSendWarning, true);
+    for (const bool sending : {true, false}) {
+        journal = {};
+        desktop.answerWith(ui::Answer::Ok);
+        const int steps = static_cast<int>((sending ? send() : load()).size());
+        for (int step = 1; step <= steps; ++step) {
+            journal = {.entries = {}, .failing = step, .count = 0};
+            desktop.answerWith(ui::Answer::Ok);
+            EXPECT_THROW(sending ? sequence.send() : sequence.load(), base::Failure) << step;
+            const auto disabled = std::ranges::find(journal.entries, "event DisableCommands");
+            const bool prepared = disabled != journal.entries.end();
+            EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), prepared ? 1 : 0) << step;
+            EXPECT_EQ(journal.entries.back() == "link AbortTransfer", prepared) << step;
+            EXPECT_FALSE(sequence.waiting()) << step;
+        }
+        static_cast<void>(desktop.takeBoxes());
+    }
+}
+
+}  // namespace
+}  // namespace telvar::tests
