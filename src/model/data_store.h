@@ -67,6 +67,8 @@ public:
     [[nodiscard]] virtual base::Value referenceDividerScaling() = 0;
     // Stages one potentiometer level for the live update; index 0 to 3.
     virtual void SetPotValue(std::int16_t index, std::uint8_t level) = 0;
+    // The level staged last, which the radio link sends; index 0 to 3.
+    [[nodiscard]] virtual std::uint8_t PotValue(std::int16_t index) = 0;
     // The store enters its channel-select state before the link switches the radio.
     virtual void EnterChannelSelect() = 0;
     // Whether the radio is to follow every step of the channel number; asked with the argument 2.

@@ -45,6 +45,7 @@ public:
 
     // The staged levels, 0 until the first staging; an index outside 0 to 3 is a base::SubscriptFailure.
     void SetPotValue(std::int16_t index, std::uint8_t level) override;
+    [[nodiscard]] std::uint8_t PotValue(std::int16_t index) override { return potValue(index); }
     [[nodiscard]] std::uint8_t potValue(std::int16_t index) const;
 
     // There is no radio to prepare here; heirs that have one override it.

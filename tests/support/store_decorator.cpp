@@ -21,6 +21,8 @@ std::string describe(const StoreCall& call) {
         return "ConfigRecords(0).sm";
     case Kind::SetPotValue:
         return "SetPotValue" + index;
+    case Kind::PotValue:
+        return "PotValue" + index;
     case Kind::EnterChannelSelect:
         return "EnterChannelSelect";
     case Kind::AutomaticSelect:
@@ -63,6 +65,11 @@ base::Value StoreDecorator::referenceDividerScaling() {
 void StoreDecorator::SetPotValue(std::int16_t index, std::uint8_t level) {
     onCall({.kind = Kind::SetPotValue, .index = index});
     inner_.SetPotValue(index, level);
+}
+
+std::uint8_t StoreDecorator::PotValue(std::int16_t index) {
+    onCall({.kind = Kind::PotValue, .index = index});
+    return inner_.PotValue(index);
 }
 
 void StoreDecorator::EnterChannelSelect() {

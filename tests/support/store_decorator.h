@@ -19,6 +19,7 @@ struct StoreCall {
         Put,
         ReferenceDividerScaling,
         SetPotValue,
+        PotValue,
         EnterChannelSelect,
         AutomaticSelect,
         CheckKey,
@@ -44,6 +45,7 @@ public:
     void put(model::StoreMember member, const base::Value& value) override;
     [[nodiscard]] base::Value referenceDividerScaling() override;
     void SetPotValue(std::int16_t index, std::uint8_t level) override;
+    [[nodiscard]] std::uint8_t PotValue(std::int16_t index) override;
     void EnterChannelSelect() override;
     [[nodiscard]] bool AutomaticSelect(std::int16_t query) override;
     [[nodiscard]] bool CheckKey(std::int16_t code) override;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <initializer_list>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,6 +31,7 @@ enum Further : std::size_t {
     CheckKey,
     CtcssTone,
     SendPermitted,
+    PotValue,
 };
 
 // The one member of a configuration record, counted on from the keys of a channel record.
@@ -91,6 +93,14 @@ public:
         (void)invokeWithReferences(*store_, require(Further::SetPotValue), DISPATCH_METHOD, references, values);
     }
 
+    [[nodiscard]] std::uint8_t PotValue(std::int16_t index) override {
+        const auto level = base::toInt16(ask(Further::PotValue, index));
+        if (level < 0 || level > std::numeric_limits<std::uint8_t>::max()) {
+            throw base::ConversionFailure::overflow();
+        }
+        return static_cast<std::uint8_t>(level);
+    }
+
     void EnterChannelSelect() override {
         const auto alive = shared_from_this();
         (void)invoke(*store_, require(Further::EnterChannelSelect), DISPATCH_METHOD);
@@ -150,7 +160,7 @@ private:
     ComPointer<IDispatch> store_;
     KnownMembers storeMembers_{
         namesOf(model::storeMembers, {L"ChannelTable", L"ConfigRecords", L"SetPotValue", L"EnterChannelSelect",
-                                      L"AutomaticSelect", L"CheckKey", L"CtcssTone", L"SendPermitted"})};
+                                      L"AutomaticSelect", L"CheckKey", L"CtcssTone", L"SendPermitted", L"PotValue"})};
     KnownMembers recordMembers_{namesOf(model::channelKeys, {L"sm"})};
 };
 
