@@ -16,15 +16,12 @@ namespace {
 
 constexpr auto blinkInterval = std::chrono::milliseconds(200);
 
-// Codes of the platform's message boxes.
-constexpr auto answeredYes = static_cast<std::int16_t>(ui::Answer::Yes);
-constexpr auto answeredNo = static_cast<std::int16_t>(ui::Answer::No);
-
 }  // namespace
 
 ChannelInformation::ChannelInformation(Surroundings surroundings)
     : fgdDatabase("fgdDatabase", model::channelCount + 1, static_cast<int>(editing::columnCount)),
       Timer1(surroundings.desktop),
+      confirmation(surroundings.desktop),
       desktop_(surroundings.desktop),
       makeTable_(std::move(surroundings.makeTable)),
       numberFormat_(surroundings.numberFormat),
@@ -85,7 +82,6 @@ void ChannelInformation::wire() {
     ui::on(frmCE.PauseDiagnosticsIfRunning, this, &ChannelInformation::frmCE_PauseDiagnosticsIfRunning);
     ui::on(frmCE.PopUpMenuClick, this, &ChannelInformation::frmCE_PopUpMenuClick);
     ui::on(frmCE.NeedToUpdateFlexGrid, this, &ChannelInformation::frmCE_NeedToUpdateFlexGrid);
-    ui::on(frmMsgBox.Unloaded, this, &ChannelInformation::frmMsgBox_Unloaded);
 }
 
 model::DataStorePointer ChannelInformation::makeTable() const {
@@ -107,7 +103,9 @@ void ChannelInformation::UserControl_Terminate() {
     setBlinking(false);
     frmCE.setCentralDataStore(nullptr);
     frmCE.setRadioComms(nullptr);
+    ui::resumed([this] { confirmation.close(); });
     if (frmFill_) {
+        ui::resumed([this] { desktop_.hide(*frmFill_); });
         frmFill_->setCentralDataStore(nullptr);
     }
     history_.setTables(nullptr, nullptr);
@@ -162,7 +160,8 @@ model::RadioLinkPointer ChannelInformation::link() const {
 
 editing::frmFill& ChannelInformation::frmFill() {
     if (!frmFill_) {
-        frmFill_ = std::make_unique<editing::frmFill>();
+        frmFill_ = std::make_unique<editing::frmFill>(gridSurroundings_, history_);
+        ui::on(frmFill_->FillRequested, this, &ChannelInformation::frmFill_FillRequested);
         frmFill_->setCentralDataStore(pCentralDataStore_);
     }
     return *frmFill_;
@@ -204,11 +203,6 @@ void ChannelInformation::frmCE_PopUpMenuClick(std::int16_t& intButton) {
     if (intButton >= 0 && intButton <= last) {
         run(static_cast<GridCommand>(intButton));
     }
-}
-
-void ChannelInformation::frmMsgBox_Unloaded(bool blnYesClicked, bool blnIgnoreWarning) {
-    messageBoxAnswer_ = blnYesClicked ? answeredYes : answeredNo;
-    ignoreWarning_ = blnIgnoreWarning;
 }
 
 }  // namespace telvar::control

@@ -17,10 +17,10 @@
 
 #include "base/event.h"
 #include "base/number_text.h"
+#include "control/confirmation.h"
 #include "editform/frmChannelEdit.h"
 #include "editing/clipboard_editing.h"
 #include "editing/frmFill.h"
-#include "editing/frmMsgBox.h"
 #include "editing/grid_surroundings.h"
 #include "editing/undo.h"
 #include "model/data_store.h"
@@ -144,16 +144,14 @@ public:
     ui::ComboBox pcmbDCSCodes{"pcmbDCSCodes"};  // hidden; not on the surface
     ui::Timer Timer1;
     editform::frmChannelEdit frmCE;
-    editing::frmMsgBox frmMsgBox;
+    // The question that the user may switch off.
+    Confirmation confirmation;
 
     // The one fill dialog, made when it is first needed.
     [[nodiscard]] editing::frmFill& frmFill();
 
     // The level of the last UpdateAccess, 0 before the first.
     [[nodiscard]] std::int16_t accessLevel() const noexcept { return accessLevel_; }
-    // Answer of the last confirmation: 0 none yet, 6 yes, 7 no; and whether it is not to be asked again.
-    [[nodiscard]] std::int16_t messageBoxAnswer() const noexcept { return messageBoxAnswer_; }
-    [[nodiscard]] bool ignoreWarning() const noexcept { return ignoreWarning_; }
     // The backup tables; null once the control is closed.
     [[nodiscard]] const model::DataStorePointer& undoTable() const noexcept { return history_.backupTable(); }
     [[nodiscard]] const model::DataStorePointer& redoTable() const noexcept { return history_.redoTable(); }
@@ -177,7 +175,7 @@ private:
     void frmCE_OpenLoginWithChannelEdit();
     void frmCE_PauseDiagnosticsIfRunning();
     void frmCE_PopUpMenuClick(std::int16_t& intButton);
-    void frmMsgBox_Unloaded(bool blnYesClicked, bool blnIgnoreWarning);
+    void frmFill_FillRequested();
 
     // A routine of the control: nothing when it is closed, told under its name when it fails, ended quietly when the
     // control is closed inside. Answers whether it ran to its end.
@@ -217,9 +215,16 @@ private:
     [[nodiscard]] model::DataStorePointer makeTable() const;
 
     [[nodiscard]] editing::GridSurroundings gridSurroundings();
-    void changeTable(GridCommand command);
+    // Tells the user when the data is locked.
+    [[nodiscard]] bool dataLocked();
+    // The frame around every edit of the table; `edit` answers whether anything was written.
+    void changeTable(const std::function<bool()>& edit);
     [[nodiscard]] bool editTable(GridCommand command);
     void markTableChanged();
+    void startFill(void (editing::frmFill::*offer)());
+    void takeSelectedRows(editing::frmFill& form) const;
+    [[nodiscard]] bool fillRefused();
+    void showFill();
     // The default title where the store's cannot be read.
     [[nodiscard]] std::string messageTitle() const;
 
@@ -256,11 +261,10 @@ private:
     editing::UndoHistory history_;
     editing::ClipboardEditing clipboardEditing_;
     std::int16_t accessLevel_ = 0;
-    std::int16_t messageBoxAnswer_ = 0;
-    bool ignoreWarning_ = false;
     std::int16_t channelToSend_ = 0;  // meanwhile typed, while selecting_
     bool selecting_ = false;          // inside the channel-select button's wait
     bool editing_ = false;            // a command that changes the table is under way
+    bool filling_ = false;            // the fill dialog is shown
     bool blinking_ = false;
     bool blinkPhase_ = false;
     bool closed_ = false;

@@ -1,4 +1,4 @@
-// The commands that fill, check and transfer the table. Selecting everything works; the others are not built and do
+// The commands that check and transfer the table. Selecting everything works; the others are not built and do
 // nothing.
 #include "control/channel_information.h"
 
@@ -8,9 +8,6 @@ void ChannelInformation::selectAll() {
     routine("selectAll", [&] { fgdDatabase.select({1, 1}, {fgdDatabase.rows() - 1, fgdDatabase.columns() - 1}); });
 }
 
-void ChannelInformation::DisplayFill() {}
-void ChannelInformation::ChannelFillDown() {}
-void ChannelInformation::ChannelFillSeries() {}
 bool ChannelInformation::check_Frequencies() { return false; }
 std::string ChannelInformation::CheckTotalNoOfChannelScan() { return {}; }
 void ChannelInformation::LoadFromTelvar() {}

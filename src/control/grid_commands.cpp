@@ -68,24 +68,28 @@ void ChannelInformation::run(GridCommand command) {
     routine(commandRoutines[static_cast<std::size_t>(command)], [&] {
         if (command == GridCommand::Copy) {
             clipboardEditing_.CopySelection();
-        } else {
-            changeTable(command);
+        } else if (!dataLocked()) {
+            changeTable([&] { return editTable(command); });
         }
     });
 }
 
-void ChannelInformation::changeTable(GridCommand command) {
-    if (ckLockData.value() != 0) {
+bool ChannelInformation::dataLocked() {
+    const bool locked = ckLockData.value() != 0;
+    if (locked) {
         show({.text = "Data is locked. Clear 'Lock Data' to make changes.",
               .title = messageTitle(),
               .icon = ui::Icon::Exclamation});
-        return;
     }
+    return locked;
+}
+
+void ChannelInformation::changeTable(const std::function<bool()>& edit) {
     const Raised editing(editing_);
     // Rendering a row makes it current; the next command has to land where the user was.
     const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
     const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
-    const bool changed = editTable(command);
+    const bool changed = edit();
     endIfClosed();
     ui::resumed([&] { fgdDatabase.select(current, end); });
     if (changed) {

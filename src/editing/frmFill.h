@@ -1,22 +1,89 @@
-// The channel fill dialog: writes frequencies into a run of channels. It holds the link to the data store; its controls
-// and its work are not built, and nothing shows it.
+// The channel fill dialog: writes one frequency, or a series that grows by a step, into a run of channels. It checks
+// its fields when the user leaves them; OK checks nothing. What surrounds a fill for its owner (who may start it, the
+// flags of a changed table) is the business of whoever answers FillRequested.
 #pragma once
 
-#include <utility>
+#include <array>
+#include <cstdint>
 
+#include "base/event.h"
+#include "editing/grid_surroundings.h"
+#include "editing/undo.h"
 #include "model/data_store.h"
+#include "ui/button.h"
 #include "ui/form.h"
+#include "ui/frame.h"
+#include "ui/label.h"
+#include "ui/option_button.h"
+#include "ui/text_box.h"
 
 namespace telvar::editing {
 
 class frmFill : public ui::Form {
 public:
-    frmFill() : Form("frmFill") { setCaption("Channel Fill"); }
+    // Both must outlive the form. Of the surroundings' store only the backup is taken; the fill goes to the form's own.
+    frmFill(const GridSurroundings& surroundings, UndoHistory& history);
 
-    void setCentralDataStore(model::DataStorePointer store) noexcept { store_ = std::move(store); }
+    // Whose channels are filled; null means that there is none.
+    void setCentralDataStore(model::DataStorePointer store) noexcept;
     [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return store_; }
 
+    // The step is asked for and can be typed, or is hidden and empty.
+    void offerSeries();
+    void offerFillDown();
+    // Channels 1 to 255, unchecked.
+    void setChannels(int first, int last);
+
+    // OK was pressed. Who answers it calls fill().
+    base::Event<> FillRequested;
+    // Takes the backup, fills the channels, renders their rows again and hides the form. A statement that fails is
+    // skipped; without a backup nothing is begun and the form stays. Answers whether anything was written.
+    bool fill();
+
+    ui::Label start_chan_lab{"start_chan_lab"};
+    ui::TextBox start_chan_val{"start_chan_val"};
+    ui::Label end_chan_lab{"end_chan_lab"};
+    ui::TextBox end_chan_val{"end_chan_val"};
+    ui::Label start_freq_lab{"start_freq_lab"};
+    ui::TextBox start_freq_val{"start_freq_val"};  // MHz
+    ui::Label step_cap{"step_cap"};
+    ui::TextBox step_val{"step_val"};  // kHz
+    ui::Frame Frame1{"Frame1"};
+    ui::OptionGroup modules;
+    std::array<ui::OptionButton, 2> module_sel{{ui::OptionButton{"module_sel(0)"}, ui::OptionButton{"module_sel(1)"}}};
+    ui::Button ok_but{"ok_but"};
+    ui::Button cancel_but{"cancel_but"};
+
 private:
+    void start_chan_val_KeyPress(ui::KeyPressEvent& event);
+    void start_chan_val_LostFocus();
+    void end_chan_val_KeyPress(ui::KeyPressEvent& event);
+    void end_chan_val_LostFocus();
+    void start_freq_val_KeyPress(ui::KeyPressEvent& event);
+    void start_freq_val_LostFocus();
+    void step_val_KeyPress(ui::KeyPressEvent& event);
+    void step_val_LostFocus();
+    void ok_but_Click();
+    void cancel_but_Click();
+
+    void fillForm();
+    void arrange();
+    void wire();
+
+    [[nodiscard]] bool accepts(int code) const;
+    void filterKey(ui::KeyPressEvent& event) const;
+    void filterNumberKey(ui::KeyPressEvent& event) const;
+    // 0 where the text is no 16-bit integer.
+    [[nodiscard]] std::int16_t channelIn(const ui::TextBox& box) const;
+    // Hertz, rounded half to even; 0 where the text is no number or the value does not fit.
+    [[nodiscard]] std::int32_t hertzIn(const ui::TextBox& box, double unit) const;
+    void tell(const std::string& text);
+
+    [[nodiscard]] bool fillChannels(int first, int last);
+    [[nodiscard]] bool renderChannels(int first, int last);
+
+    const GridSurroundings& surroundings_;
+    UndoHistory& history_;
     model::DataStorePointer store_;
 };
 

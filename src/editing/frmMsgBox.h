@@ -1,19 +1,43 @@
-// The yes/no question that can be switched off for the rest of the run. It reports the answer by its event; its window
-// is not built, and nothing shows it.
+// A yes/no question that the user may switch off for the rest of the run. Made for one question; it reports the answer
+// by its event and remembers nothing.
 #pragma once
 
+#include <string>
+
 #include "base/event.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/desktop.h"
 #include "ui/form.h"
+#include "ui/label.h"
 
 namespace telvar::editing {
 
 class frmMsgBox : public ui::Form {
 public:
-    frmMsgBox() : Form("frmMsgBox") { setCaption("Form1"); }
+    // The desktop must outlive the form. The title stands in the window's caption.
+    explicit frmMsgBox(ui::Desktop& desktop, std::string title = ui::defaultTitle);
 
-    // Raised just before the form closes by one of its buttons: whether that was Yes, and whether the user asked not to
-    // be asked again.
+    // The question; before the form is shown.
+    void InitControls(const std::string& strMsg);
+
+    // Raised just before the form closes by one of its buttons, and not by its close box: whether that was Yes, and
+    // whether the user asked not to be asked again.
     base::Event<bool, bool> Unloaded;
+
+    ui::Label lblMsg{"lblMsg"};
+    ui::CheckBox chkDoNotAskAgain{"chkDoNotAskAgain"};
+    ui::Button cmdYes{"cmdYes"};
+    ui::Button cmdNo{"cmdNo"};
+
+private:
+    void Form_Load();
+    void cmdYes_Click();
+    void cmdNo_Click();
+
+    void unload(bool yesClicked);
+
+    ui::Desktop& desktop_;
 };
 
 }  // namespace telvar::editing

@@ -2,7 +2,7 @@
 
 namespace telvar::ui {
 
-int Metrics::captionWidth(const std::string& caption) const {
+std::string shownText(const std::string& caption) {
     std::string shown;
     for (std::size_t at = 0; at < caption.size(); ++at) {
         if (caption[at] == '&' && at + 1 < caption.size()) {
@@ -10,7 +10,7 @@ int Metrics::captionWidth(const std::string& caption) const {
         }
         shown += caption[at];
     }
-    return width(shown);
+    return shown;
 }
 
 }  // namespace telvar::ui

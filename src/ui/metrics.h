@@ -8,6 +8,9 @@
 
 namespace telvar::ui {
 
+// A caption as the user reads it: "&" marks the access key and is not shown; "&&" is one ampersand.
+[[nodiscard]] std::string shownText(const std::string& caption);
+
 class Metrics {
 public:
     Metrics(Desktop& desktop, int dpi) : desktop_(desktop), dpi_(dpi), line_(desktop.measure("M", dpi).height) {}
@@ -20,8 +23,7 @@ public:
     [[nodiscard]] int digits(int count) const {
         return width(std::string(static_cast<std::size_t>(count > 0 ? count : 0), '0'));
     }
-    // "&" marks the access key and is not shown; "&&" is one ampersand.
-    [[nodiscard]] int captionWidth(const std::string& caption) const;
+    [[nodiscard]] int captionWidth(const std::string& caption) const { return width(shownText(caption)); }
 
     // Between widgets that belong together, between groups, and around everything.
     [[nodiscard]] int smallGap() const noexcept { return line_ * 3 / 8; }

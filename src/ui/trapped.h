@@ -27,9 +27,10 @@ bool trapped(Desktop& desktop, std::string_view routine, Body&& body) {
     }
 }
 
-// One statement of a routine that resumes at the next one after a failure.
+// One statement of a routine that resumes at the next one after a failure. What is no std::exception, such as the
+// sudden end of a control, goes through.
 template <class Statement>
-bool resumed(Statement&& statement) noexcept {
+bool resumed(Statement&& statement) {
     try {
         statement();
         return true;

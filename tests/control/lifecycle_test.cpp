@@ -42,8 +42,8 @@ TEST_F(Lifecycle, TheTimerTicksEvery200Milliseconds) {
 }
 
 TEST_F(Lifecycle, NothingIsRememberedAtFirst) {
-    EXPECT_EQ(control->messageBoxAnswer(), 0);
-    EXPECT_FALSE(control->ignoreWarning());
+    EXPECT_EQ(control->confirmation.answer(), 0);
+    EXPECT_FALSE(control->confirmation.ignoreWarning());
     EXPECT_EQ(control->accessLevel(), 0);
     EXPECT_FALSE(control->bHidden);
     EXPECT_EQ(control->intPrevChannel, 0);
@@ -237,18 +237,6 @@ TEST_P(PopUpCode, ChangesNothingWithoutACommandThatIsAvailable) {
 
 // Nothing to undo or redo, and codes of no command.
 INSTANTIATE_TEST_SUITE_P(All, PopUpCode, testing::Values(3, 4, 5, 100, 32767, -1));
-
-TEST_F(Lifecycle, TheConfirmationsAnswerIsKeptAsAResultCode) {
-    control->frmMsgBox.Unloaded(true, false);
-    EXPECT_EQ(control->messageBoxAnswer(), 6);
-    EXPECT_FALSE(control->ignoreWarning());
-    control->frmMsgBox.Unloaded(false, true);
-    EXPECT_EQ(control->messageBoxAnswer(), 7);
-    EXPECT_TRUE(control->ignoreWarning());
-    control->frmMsgBox.Unloaded(true, false);
-    EXPECT_EQ(control->messageBoxAnswer(), 6);
-    EXPECT_FALSE(control->ignoreWarning());
-}
 
 // -- the host's command target ---------------------------------------------------------------------------------------
 

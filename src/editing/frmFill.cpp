@@ -1,0 +1,299 @@
+#include "editing/frmFill.h"
+
+#include <algorithm>
+#include <exception>
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+#include "base/checked.h"
+#include "base/conversion.h"
+#include "base/failure.h"
+#include "base/rounding.h"
+#include "ui/redraw_off.h"
+#include "ui/trapped.h"
+
+namespace telvar::editing {
+
+using model::ChannelKey;
+using model::StoreMember;
+
+namespace {
+
+constexpr double hertzPerMegahertz = 1e6;
+constexpr double hertzPerKilohertz = 1e3;
+constexpr int megahertzDecimals = 6;
+
+// MHz; what the transmitter and the receiver can be tuned to.
+constexpr float lowestFrequency = 20.0F;
+constexpr float highestFrequency = 1000.0F;
+
+constexpr std::int16_t lastStartChannel = model::channelCount - 1;
+
+// Columns of the grid.
+constexpr int txFrequencyColumn = 1;
+constexpr int rxFrequencyColumn = 2;
+
+[[nodiscard]] constexpr bool isChannel(int number) noexcept { return number >= 1 && number <= model::channelCount; }
+
+}  // namespace
+
+frmFill::frmFill(const GridSurroundings& surroundings, UndoHistory& history)
+    : Form("frmFill"), surroundings_(surroundings), history_(history) {
+    fillForm();
+    arrange();
+    wire();
+}
+
+void frmFill::fillForm() {
+    setCaption("Channel Fill");
+    start_chan_lab.setCaption("&Start Channel:");
+    end_chan_lab.setCaption("&End Channel:");
+    start_freq_lab.setCaption("Start &Freq (MHz):");
+    step_cap.setCaption("Step &Value (kHz):");
+    Frame1.setCaption("Module");
+    module_sel[0].setCaption("&Transmitter");
+    module_sel[1].setCaption("&Receiver");
+    ok_but.setCaption("OK");
+    cancel_but.setCaption("Cancel");
+    // For screen readers.
+    start_chan_val.setCaption("Start Channel");
+    end_chan_val.setCaption("End Channel");
+    start_freq_val.setCaption("Start Freq (MHz)");
+    step_val.setCaption("Step Value (kHz)");
+
+    setChannels(1, 2);
+    start_freq_val.loadText("0");
+    step_val.loadText("0");
+    for (auto& option : module_sel) {
+        modules.add(option);
+        Frame1.surround(option);
+    }
+    module_sel[0].loadValue(true);
+    ok_but.setDefault(true);
+    cancel_but.setCancel(true);
+    for (ui::Widget* child : std::initializer_list<ui::Widget*>{
+             &start_chan_lab, &start_chan_val, &end_chan_lab, &end_chan_val, &start_freq_lab, &start_freq_val,
+             &step_cap, &step_val, &Frame1, &module_sel[0], &module_sel[1], &ok_but, &cancel_but}) {
+        add(*child);
+    }
+}
+
+void frmFill::arrange() {
+    using namespace ui;
+    const auto field = [](TextBox& box) { return widget(box, Grow::Wide); };
+    setLayout(surroundings_.desktop,
+              withMargin(column({table(2, {widget(start_chan_lab), field(start_chan_val),  //
+                                           widget(end_chan_lab), field(end_chan_val),      //
+                                           widget(start_freq_lab), field(start_freq_val),  //
+                                           widget(step_cap), field(step_val)}),            //
+                                 framed(Frame1, row({widget(module_sel[0]), widget(module_sel[1])}, Distance::Usual)),
+                                 buttonRow({&ok_but, &cancel_but})},
+                                Distance::Usual)));
+}
+
+void frmFill::wire() {
+    ui::on(start_chan_val.KeyPress, this, &frmFill::start_chan_val_KeyPress);
+    ui::on(start_chan_val.LostFocus, this, &frmFill::start_chan_val_LostFocus);
+    ui::on(end_chan_val.KeyPress, this, &frmFill::end_chan_val_KeyPress);
+    ui::on(end_chan_val.LostFocus, this, &frmFill::end_chan_val_LostFocus);
+    ui::on(start_freq_val.KeyPress, this, &frmFill::start_freq_val_KeyPress);
+    ui::on(start_freq_val.LostFocus, this, &frmFill::start_freq_val_LostFocus);
+    ui::on(step_val.KeyPress, this, &frmFill::step_val_KeyPress);
+    ui::on(step_val.LostFocus, this, &frmFill::step_val_LostFocus);
+    ui::on(ok_but.Click, this, &frmFill::ok_but_Click);
+    ui::on(cancel_but.Click, this, &frmFill::cancel_but_Click);
+}
+
+// The former store is let go when nothing points to it any more: what it does in its end may come back here.
+void frmFill::setCentralDataStore(model::DataStorePointer store) noexcept {
+    const auto former = std::exchange(store_, std::move(store));
+}
+
+void frmFill::offerSeries() {
+    step_cap.setVisible(true);
+    step_val.setVisible(true);
+    step_val.setEnabled(true);
+    fit();
+}
+
+void frmFill::offerFillDown() {
+    step_cap.setVisible(false);
+    step_val.setVisible(false);
+    step_val.setText("");
+    fit();
+}
+
+void frmFill::setChannels(int first, int last) {
+    start_chan_val.setText(std::to_string(first));
+    end_chan_val.setText(std::to_string(last));
+}
+
+// -- key filters -----------------------------------------------------------------------------------------------------
+
+void frmFill::start_chan_val_KeyPress(ui::KeyPressEvent& event) { filterKey(event); }
+void frmFill::end_chan_val_KeyPress(ui::KeyPressEvent& event) { filterKey(event); }
+void frmFill::start_freq_val_KeyPress(ui::KeyPressEvent& event) { filterNumberKey(event); }
+void frmFill::step_val_KeyPress(ui::KeyPressEvent& event) { filterNumberKey(event); }
+
+// A store that cannot say so accepts nothing.
+bool frmFill::accepts(int code) const {
+    bool accepted = code == ui::key::backspace;
+    if (!accepted && std::in_range<std::int16_t>(code)) {
+        ui::resumed([&] {
+            const auto store = store_;
+            accepted = store && store->CheckKey(static_cast<std::int16_t>(code));
+        });
+    }
+    return accepted;
+}
+
+void frmFill::filterKey(ui::KeyPressEvent& event) const {
+    if (!accepts(event.code)) {
+        event.code = 0;
+    }
+}
+
+void frmFill::filterNumberKey(ui::KeyPressEvent& event) const {
+    if (event.code != surroundings_.format.decimalSeparator) {
+        filterKey(event);
+    }
+}
+
+// -- leaving a field -------------------------------------------------------------------------------------------------
+
+// A negative start channel is left as it is.
+void frmFill::start_chan_val_LostFocus() {
+    auto start = channelIn(start_chan_val);
+    auto end = channelIn(end_chan_val);
+    if (start == 0) {
+        start = 1;
+    }
+    start = std::min(start, lastStartChannel);
+    if (start >= end) {
+        end = static_cast<std::int16_t>(start + 1);
+    }
+    setChannels(start, end);
+}
+
+void frmFill::end_chan_val_LostFocus() {
+    auto start = channelIn(start_chan_val);
+    const auto end = std::clamp<std::int16_t>(channelIn(end_chan_val), 2, model::channelCount);
+    if (end <= start) {
+        start = static_cast<std::int16_t>(end - 1);
+    }
+    setChannels(start, end);
+}
+
+// The same words serve the receiver.
+void frmFill::start_freq_val_LostFocus() {
+    const float frequency = base::readSingle(start_freq_val.text(), surroundings_.format).value_or(0.0F);
+    const bool inRange = frequency >= lowestFrequency && frequency <= highestFrequency;
+    if (inRange || start_freq_val.text() == "0") {
+        start_freq_val.setText(base::numberText(frequency, surroundings_.format));
+        return;
+    }
+    tell("Transmit frequency must be between 20 and 1000 MHz or 0 to disable.");
+    start_freq_val.setText("0");
+}
+
+// A negative step makes a descending series.
+void frmFill::step_val_LostFocus() {
+    const float step = base::readSingle(step_val.text(), surroundings_.format).value_or(0.0F);
+    if (step == 0.0F && step_val.text() != "0") {
+        tell("Invalid step value.  Please re-enter value.");
+        step_val.setText("0");
+        return;
+    }
+    step_val.setText(base::numberText(step, surroundings_.format));
+}
+
+std::int16_t frmFill::channelIn(const ui::TextBox& box) const {
+    return base::readInt16(box.text(), surroundings_.format).value_or(std::int16_t{0});
+}
+
+void frmFill::tell(const std::string& text) {
+    std::string title = ui::defaultTitle;
+    ui::resumed([&] {
+        if (const auto store = store_) {
+            title = base::toText(store->get(StoreMember::MessageTitle), surroundings_.format);
+        }
+    });
+    surroundings_.desktop.show({.text = text, .title = title, .icon = ui::Icon::Exclamation});
+}
+
+// -- OK and Cancel ---------------------------------------------------------------------------------------------------
+
+void frmFill::ok_but_Click() { FillRequested(); }
+
+void frmFill::cancel_but_Click() { surroundings_.desktop.hide(*this); }
+
+bool frmFill::fill() {
+    if (!history_.UpdateBackUpFrequencyMemory()) {
+        return false;
+    }
+    surroundings_.stayOpen();
+    const int first = channelIn(start_chan_val);
+    const int last = channelIn(end_chan_val);
+    bool changed = false;
+    bool rendered = true;
+    {
+        const ui::RedrawOff off(surroundings_.grid);
+        changed = fillChannels(first, last);
+        rendered = renderChannels(std::max(first, 1), std::min<int>(last, model::channelCount));
+    }
+    surroundings_.desktop.hide(*this);
+    if (!rendered) {
+        surroundings_.stayOpen();
+        ui::tellFailureOf(surroundings_.desktop, "UpdateRowData");
+    }
+    return changed;
+}
+
+bool frmFill::fillChannels(int first, int last) {
+    const bool transmitter = module_sel[0].value();
+    const auto key = transmitter ? ChannelKey::TxFreq : ChannelKey::RxFreq;
+    const int column = transmitter ? txFrequencyColumn : rxFrequencyColumn;
+    const auto step = hertzIn(step_val, hertzPerKilohertz);
+    auto frequency = hertzIn(start_freq_val, hertzPerMegahertz);
+    const auto store = store_;
+    bool changed = false;
+    for (int number = first; number <= last; ++number) {
+        surroundings_.stayOpen();
+        ui::resumed([&] { surroundings_.grid.setRow(number); });
+        const bool stored = store && ui::resumed([&] {
+                                changed = changed || isChannel(number);
+                                store->channel(static_cast<std::int16_t>(number)).put(key, frequency);
+                            });
+        // What was stored is shown even where the row cannot be read afterwards.
+        if (stored) {
+            ui::resumed([&] {
+                surroundings_.grid.setText(number, column,
+                                           base::scaledText(frequency, megahertzDecimals, surroundings_.format));
+            });
+        }
+        ui::resumed([&] { frequency = base::checkedAdd(frequency, step); });
+    }
+    return changed;
+}
+
+// Every row that can be, so that one passing failure does not leave the rows behind it as they were.
+bool frmFill::renderChannels(int first, int last) {
+    bool all = true;
+    for (int number = first; number <= last; ++number) {
+        surroundings_.stayOpen();
+        all = ui::resumed([&] { surroundings_.renderRow(static_cast<std::int16_t>(number)); }) && all;
+    }
+    return all;
+}
+
+std::int32_t frmFill::hertzIn(const ui::TextBox& box, double unit) const {
+    std::int32_t hertz = 0;
+    ui::resumed([&] {
+        const auto number = base::readDouble(box.text(), surroundings_.format);
+        hertz = number ? base::roundTo<std::int32_t>(*number * unit) : 0;
+    });
+    return hertz;
+}
+
+}  // namespace telvar::editing
