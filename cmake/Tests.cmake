@@ -29,19 +29,32 @@ else()
 endif()
 target_include_directories(telvar_test_support ${scope} ${tests})
 target_link_libraries(telvar_test_support ${scope} telvar_flags gtest gmock)
-foreach(folder IN LISTS TELVAR_FOLDERS)
+# A test of a portable folder links that folder and what the support needs, so that it does not wait for the others.
+foreach(folder IN ITEMS os editing)
     telvar_target(${folder} library)
-    if(TARGET ${library} AND TELVAR_KIND_${folder} STREQUAL "LIBRARY")
-        target_link_libraries(telvar_test_support ${scope} ${library})
-    endif()
+    target_link_libraries(telvar_test_support ${scope} ${library})
 endforeach()
-# Where the sources and this build's programs lie, as the tested system names paths.
+# Where the sources and this build's programs lie, as the tested system names paths. A header and no definition on the
+# command line, since the compiler cache could not share objects between build folders otherwise.
 if(WIN32)
     set(drive "Z:")
     target_link_libraries(telvar_test_support ${scope} telvar_idl)
 endif()
-target_compile_definitions(telvar_test_support ${scope}
-    TELVAR_SOURCE_DIR="${drive}${CMAKE_CURRENT_SOURCE_DIR}" TELVAR_BIN_DIR="${drive}${CMAKE_CURRENT_BINARY_DIR}/bin")
+file(CONFIGURE OUTPUT generated/support/build_paths.h CONTENT [[
+#pragma once
+
+#define TELVAR_SOURCE_DIR "@drive@@CMAKE_CURRENT_SOURCE_DIR@"
+#define TELVAR_BIN_DIR "@drive@@CMAKE_CURRENT_BINARY_DIR@/bin"
+]] @ONLY)
+target_include_directories(telvar_test_support ${scope} ${CMAKE_CURRENT_BINARY_DIR}/generated)
+# For tests and benchmarks that reach across folders.
+add_library(telvar_all INTERFACE)
+foreach(folder IN LISTS TELVAR_FOLDERS)
+    telvar_target(${folder} library)
+    if(TARGET ${library} AND TELVAR_KIND_${folder} STREQUAL "LIBRARY")
+        target_link_libraries(telvar_all INTERFACE ${library})
+    endif()
+endforeach()
 
 set(TELVAR_PRODUCTS)
 foreach(folder IN LISTS TELVAR_FOLDERS)
@@ -63,6 +76,9 @@ function(telvar_test folder)
     telvar_target(${folder} library)
     if(TARGET ${library})
         target_link_libraries(${name} PRIVATE ${library})
+    endif()
+    if(NOT "${TELVAR_KIND_${folder}}" STREQUAL "LIBRARY")
+        target_link_libraries(${name} PRIVATE telvar_all)
     endif()
     target_link_libraries(${name} PRIVATE telvar_test_support gmock_main)
     target_include_directories(${name} PRIVATE ${tests}/${folder})
@@ -107,11 +123,6 @@ if(WIN32)
             endif()
         endif()
     endforeach()
-    if(TARGET test_windows_adapters)
-        # The adapters to foreign objects by themselves, without the server that they serve in.
-        file(GLOB adapters CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/com/control/foreign_*.cpp)
-        target_sources(test_windows_adapters PRIVATE ${adapters})
-    endif()
     file(GLOB helper CONFIGURE_DEPENDS ${tests}/support/server/*.cpp)
     if(helper)
         set(libraries telvar_flags telvar_windows telvar_idl)

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "store/table_file.h"
+#include "support/build_paths.h"
 #include "support/temporary_folder.h"
 
 namespace telvar::cli {

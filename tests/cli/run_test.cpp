@@ -6,6 +6,7 @@
 #include "cli/table_files.h"
 #include "cli/version.h"
 #include "command_line.h"
+#include "support/build_paths.h"
 #include "support/temporary_folder.h"
 
 namespace telvar::cli {

@@ -6,6 +6,7 @@
 
 #include "base/conversion.h"
 #include "store/table_file.h"
+#include "support/build_paths.h"
 #include "support/table_builder.h"
 #include "support/temporary_folder.h"
 #include "synth/table_check.h"

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/build_paths.h"
 #include "support/temporary_folder.h"
 
 namespace telvar::tests {

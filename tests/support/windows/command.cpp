@@ -1,4 +1,5 @@
 #include "support/windows/command.h"
+#include "support/build_paths.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 // The command line shows exactly the cells that the control shows.
 #include <gtest/gtest.h>
 
+#include "support/build_paths.h"
 #include "support/windows/command.h"
 #include "world.h"
 

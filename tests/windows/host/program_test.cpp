@@ -7,6 +7,7 @@
 #include "com/kit/text.h"
 #include "installed_servers.h"
 #include "running_program.h"
+#include "support/build_paths.h"
 #include "support/temporary_folder.h"
 #include "test_settings.h"
 

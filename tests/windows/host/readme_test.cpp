@@ -5,6 +5,7 @@
 #include <string>
 
 #include "installed_servers.h"
+#include "support/build_paths.h"
 #include "support/temporary_folder.h"
 #include "support/windows/command.h"
 
