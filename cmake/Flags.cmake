@@ -40,5 +40,5 @@ if(WIN32)
     # Import libraries only: what a binary does not call, it does not import.
     add_library(telvar_windows INTERFACE)
     target_link_libraries(telvar_windows INTERFACE
-        comctl32 comdlg32 gdi32 user32 imm32 oleacc shell32 shlwapi advapi32 msimg32 version ws2_32 ole32 oleaut32 uuid)
+        comctl32 comdlg32 gdi32 user32 imm32 oleacc shell32 shlwapi advapi32 bcrypt msimg32 version ws2_32 ole32 oleaut32 uuid)
 endif()
