@@ -1,4 +1,4 @@
-// What the system sends to the main window: size, focus, menus, closing.
+// What the system sends to the main window: size, focus, closing.
 #include "host/main_window.h"
 
 #include <algorithm>
@@ -18,8 +18,6 @@ namespace {
 // Smallest window, in pixels at 96 dpi.
 constexpr int smallestWidth = 480;
 constexpr int smallestHeight = 320;
-
-bool isRecent(int command) noexcept { return command >= COMMAND_RECENT_FIRST && command <= COMMAND_RECENT_LAST; }
 
 }  // namespace
 
@@ -61,11 +59,18 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_INITMENUPOPUP:
         showMenu(reinterpret_cast<HMENU>(wparam));
         return 0;
+    case WM_MENUSELECT:
+        showHint(wparam, lparam);
+        return 0;
+    case loginMessage:
+        answerLogin();
+        return 0;
     case WM_DROPFILES:
         openDropped(reinterpret_cast<HDROP>(wparam));
         return 0;
     case WM_TIMER:
         refreshState();
+        answerLogin();
         return 0;
     case WM_SETCURSOR:
         if (hourglass_ && LOWORD(lparam) == HTCLIENT) {
@@ -90,6 +95,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         // A modal window of the control still needs this one.
         if (modal_ > 0 || calls_ > 0 || !windowEnabled_) {
             MessageBeep(MB_ICONWARNING);
+            SetForegroundWindow(GetLastActivePopup(window_));
         } else if (mayDiscard()) {
             DestroyWindow(window_);
         }
@@ -179,47 +185,6 @@ bool MainWindow::translate(MSG& message) {
     }
     // The dialog manager moves the focus with Tab.
     return TranslateAcceleratorW(window_, accelerators_, &message) != 0 || IsDialogMessageW(window_, &message);
-}
-
-void MainWindow::showMenu(HMENU menu) {
-    if (GetMenuState(menu, COMMAND_NEW, MF_BYCOMMAND) != static_cast<UINT>(-1)) {
-        showRecentFiles(menu);
-    }
-    const UINT state = mayAct() ? MF_ENABLED : MF_GRAYED;
-    for (const int command : {COMMAND_NEW, COMMAND_OPEN, COMMAND_SAVE, COMMAND_SAVE_AS, COMMAND_REFRESH}) {
-        EnableMenuItem(menu, static_cast<UINT>(command), MF_BYCOMMAND | state);
-    }
-    showEditMenu(menu);
-    CheckMenuItem(menu, COMMAND_STATUS_BAR,
-                  MF_BYCOMMAND | (statusBar_.visible() ? UINT{MF_CHECKED} : UINT{MF_UNCHECKED}));
-}
-
-void MainWindow::showEditMenu(HMENU menu) {
-    for (const EditCommand& each : editCommands()) {
-        const bool enabled =
-            mayAct() && control_ && (focusedTextBox() != nullptr || control_->commandEnabled(each.standard));
-        EnableMenuItem(menu, static_cast<UINT>(each.command),
-                       MF_BYCOMMAND | (enabled ? UINT{MF_ENABLED} : UINT{MF_GRAYED}));
-    }
-}
-
-void MainWindow::showRecentFiles(HMENU menu) {
-    int position = 0;
-    while (position < GetMenuItemCount(menu) && !isRecent(static_cast<int>(GetMenuItemID(menu, position)))) {
-        ++position;
-    }
-    while (isRecent(static_cast<int>(GetMenuItemID(menu, position)))) {
-        DeleteMenu(menu, static_cast<UINT>(position), MF_BYPOSITION);
-    }
-    const std::vector<std::wstring> paths = recent_.paths();
-    for (std::size_t index = 0; index < paths.size(); ++index) {
-        InsertMenuW(menu, static_cast<UINT>(position) + static_cast<UINT>(index), MF_BYPOSITION | MF_STRING,
-                    COMMAND_RECENT_FIRST + index, RecentFiles::menuText(index, paths[index]).c_str());
-    }
-    if (paths.empty()) {
-        InsertMenuW(menu, static_cast<UINT>(position), MF_BYPOSITION | MF_STRING | MF_GRAYED, COMMAND_RECENT_FIRST,
-                    L"No recent files");
-    }
 }
 
 }  // namespace telvar::host

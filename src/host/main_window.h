@@ -1,7 +1,8 @@
 // The program's window: menu, status bar and the channel-table control between them. It owns the open table's life
 // (new, open, save, the question about unsaved changes) and answers the control's and the link's events. What the
-// system sends it is in main_window.cpp, the start and the end in main_window_life.cpp, the commands in
-// main_window_commands.cpp, the control's side in main_window_events.cpp.
+// system sends it is in main_window.cpp, its menus in main_window_menus.cpp, the start and the end in
+// main_window_life.cpp, the commands in main_window_commands.cpp, the control's side in main_window_events.cpp, the
+// login in main_window_access.cpp.
 #pragma once
 
 #include <windows.h>
@@ -16,6 +17,7 @@
 #include "Tesslin.h"
 #include "VexloRadioLink.h"
 #include "com/kit/pointer.h"
+#include "host/access.h"
 #include "host/control_events.h"
 #include "host/document.h"
 #include "host/edit_commands.h"
@@ -54,12 +56,18 @@ public:
     [[nodiscard]] HWND window() const noexcept { return window_; }
     [[nodiscard]] const Document& document() const noexcept { return *document_; }
     [[nodiscard]] IUnknown* channels() const noexcept { return channels_.get(); }
+    [[nodiscard]] AccessLevel accessLevel() const noexcept { return access_.level(); }
 
 private:
     // Something modal of ours: the control's own windows are told, commands wait, and the focus comes back.
     class Modal;
     // A call of the control, which may raise events and pump messages before it returns.
     class ControlCall;
+    using ControlMethod = HRESULT (STDMETHODCALLTYPE _ChannelInformation::*)();
+
+    // For what the control wants a login.
+    enum class LoginReason { Fill, Edit };
+    static constexpr UINT loginMessage = WM_APP;
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
@@ -70,6 +78,8 @@ private:
     void moveToDpi(const RECT& suggested);
     void showMenu(HMENU menu);
     void showRecentFiles(HMENU menu);
+    void showAccessMenu(HMENU menu);
+    void showHint(WPARAM wparam, LPARAM lparam);
     void showTitle(bool modified);
 
     void createWindow();
@@ -91,6 +101,16 @@ private:
     void edit(const EditCommand& command);
     void showEditMenu(HMENU menu);
     void showTable();
+    void callControl(ControlMethod method);
+    void goToChannel();
+    // Asks for a level and its password, and enters it; false when the user cancels.
+    [[nodiscard]] bool logIn(const std::wstring& why, AccessLevel suggested);
+    void logInByMenu();
+    void logOut();
+    void setPasswords();
+    bool enterLevel(AccessLevel level);
+    void askForLogin(LoginReason reason);
+    void answerLogin();
     // Runs an action of the store; a failure is told to the user.
     bool attempt(const std::function<void()>& action);
     void tell(const std::wstring& sentence);
@@ -126,6 +146,7 @@ private:
 
     Settings settings_;
     RecentFiles recent_;
+    Access access_;
     HWND window_ = nullptr;
     HACCEL accelerators_ = nullptr;
     StatusBar statusBar_;
@@ -139,6 +160,7 @@ private:
     HWND focused_ = nullptr;
     std::wstring caption_;
     std::optional<long> shownRevision_;
+    std::optional<LoginReason> loginReason_;
     int modal_ = 0;
     int calls_ = 0;
     bool windowEnabled_ = true;

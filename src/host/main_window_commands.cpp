@@ -1,7 +1,8 @@
 // The commands of the menu, and the life of the open table: new, open, save, and what becomes of unsaved changes.
-#include <array>
+#include <algorithm>
 
 #include "com/kit/failure.h"
+#include "host/channel_dialog.h"
 #include "host/command_line.h"
 #include "host/dialogs.h"
 #include "host/main_window.h"
@@ -10,6 +11,13 @@
 #include "host/sentences.h"
 
 namespace telvar::host {
+
+namespace {
+
+// Rows that stay in view above a channel that is gone to; few enough for the smallest window.
+constexpr int rowsAbove = 3;
+
+}  // namespace
 
 void MainWindow::run(int command) {
     if (command == COMMAND_EXIT) {
@@ -40,6 +48,26 @@ void MainWindow::run(int command) {
         break;
     case COMMAND_FOCUS_TABLE:
         control_->takeFocus();
+        break;
+    case COMMAND_FILL_DOWN:
+        callControl(&_ChannelInformation::ChannelFillDown);
+        break;
+    case COMMAND_FILL_SERIES:
+        callControl(&_ChannelInformation::ChannelFillSeries);
+        break;
+    case COMMAND_GO_TO:
+        goToChannel();
+        break;
+    case COMMAND_LOG_IN:
+        logInByMenu();
+        break;
+    case COMMAND_LOG_OUT:
+        logOut();
+        break;
+    case COMMAND_SET_PASSWORDS:
+        if (access_.level() == AccessLevel::Everything) {
+            setPasswords();
+        }
         break;
     case COMMAND_ABOUT: {
         const Modal modal(*this);
@@ -173,6 +201,33 @@ void MainWindow::edit(const EditCommand& command) {
         attempt([&] { control_->execute(command.standard); });
     }
     refreshState();
+}
+
+void MainWindow::callControl(ControlMethod method) {
+    attempt([&] {
+        const ControlCall call(*this);
+        com::checkCall((channels_.get()->*method)());
+    });
+    refreshState();
+}
+
+void MainWindow::goToChannel() {
+    const auto grid = com::ComPointer<IChannelGrid>::from(channels_);
+    long current = 1;
+    long columns = 0;
+    if (!grid || FAILED(grid->get_CurrentRow(&current)) || FAILED(grid->get_ColumnCount(&columns))) {
+        return;
+    }
+    std::optional<int> channel;
+    {
+        const Modal modal(*this);
+        channel = askChannel(window_, static_cast<int>(std::max(current, 1L)));
+    }
+    if (channel) {
+        grid->put_TopRow(std::max(*channel - rowsAbove, 1));
+        grid->Select(*channel, 1, *channel, columns - 1);
+        control_->takeFocus();
+    }
 }
 
 void MainWindow::toggleStatusBar() {

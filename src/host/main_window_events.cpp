@@ -8,9 +8,6 @@ namespace telvar::host {
 
 namespace {
 
-// Of somebody who has not logged in.
-constexpr short accessLevel = 0;
-
 // Steps of one full refresh: one for each channel.
 constexpr int refreshSteps = 255;
 
@@ -51,11 +48,6 @@ void MainWindow::showStatus(const std::wstring& text) { statusBar_.setMessage(te
 
 void MainWindow::enableWindow(bool enabled) { windowEnabled_ = enabled; }
 
-void MainWindow::applyAccess() {
-    short level = accessLevel;
-    com::checkCall(channels_->UpdateAccess(&level));
-}
-
 void MainWindow::RestoreButtons() { commandsEnabled_ = true; }
 
 void MainWindow::DisableCommands() { commandsEnabled_ = false; }
@@ -64,10 +56,6 @@ void MainWindow::EnableCommands(const std::wstring&) { commandsEnabled_ = true; 
 
 // Nothing polls the radio yet.
 void MainWindow::PauseDiagnostics() {}
-
-void MainWindow::OpenLoginWithChannelFill() { applyAccess(); }
-
-void MainWindow::OpenLoginWithChannelEdit() { applyAccess(); }
 
 void MainWindow::DefaultOverWindow() {
     hourglass_ = false;

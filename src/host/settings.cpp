@@ -65,4 +65,32 @@ void Settings::setList(const wchar_t* name, const std::vector<std::wstring>& val
                    static_cast<DWORD>(text.size() * sizeof(wchar_t)));
 }
 
+bool Settings::has(const wchar_t* name) const {
+    return key_ != nullptr && RegQueryValueExW(key_, name, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+}
+
+std::optional<std::wstring> Settings::text(const wchar_t* name) const {
+    DWORD size = 0;
+    if (key_ == nullptr || RegGetValueW(key_, nullptr, name, RRF_RT_REG_SZ, nullptr, nullptr, &size) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    std::wstring value(size / sizeof(wchar_t) + 1, L'\0');
+    size = static_cast<DWORD>(value.size() * sizeof(wchar_t));
+    if (RegGetValueW(key_, nullptr, name, RRF_RT_REG_SZ, nullptr, value.data(), &size) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    value.resize(std::wcslen(value.c_str()));
+    return value;
+}
+
+bool Settings::setText(const wchar_t* name, const std::wstring& value) {
+    return key_ != nullptr && RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                                             static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
+}
+
+bool Settings::remove(const wchar_t* name) {
+    const LSTATUS result = key_ == nullptr ? ERROR_INVALID_HANDLE : RegDeleteValueW(key_, name);
+    return result == ERROR_SUCCESS || result == ERROR_FILE_NOT_FOUND;
+}
+
 }  // namespace telvar::host

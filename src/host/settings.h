@@ -27,6 +27,13 @@ public:
     [[nodiscard]] std::vector<std::wstring> list(const wchar_t* name) const;
     void setList(const wchar_t* name, const std::vector<std::wstring>& values);
 
+    // Whether there is a value of that name, of whatever kind.
+    [[nodiscard]] bool has(const wchar_t* name) const;
+    [[nodiscard]] std::optional<std::wstring> text(const wchar_t* name) const;
+    // For what must not be lost: whether it was kept or is gone.
+    [[nodiscard]] bool setText(const wchar_t* name, const std::wstring& value);
+    [[nodiscard]] bool remove(const wchar_t* name);
+
 private:
     HKEY key_ = nullptr;
 };

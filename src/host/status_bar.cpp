@@ -14,9 +14,10 @@ namespace telvar::host {
 namespace {
 
 // Widths in pixels at 96 dpi of the parts behind the message.
-constexpr int progressWidth = 160;
-constexpr int channelsWidth = 120;
-constexpr int modifiedWidth = 100;
+constexpr int progressWidth = 110;
+constexpr int levelWidth = 100;
+constexpr int channelsWidth = 100;
+constexpr int modifiedWidth = 90;
 constexpr int progressPart = 1;
 // A repaint costs more than the row it announces.
 constexpr int stepsPerPaint = 8;
@@ -54,9 +55,11 @@ void StatusBar::layout() {
     GetClientRect(bar_, &client);
     const int dpi = dpiOf(bar_);
     const int channelsEnd = client.right - scaled(modifiedWidth, dpi);
-    const int progressEnd = channelsEnd - scaled(channelsWidth, dpi);
+    const int levelEnd = channelsEnd - scaled(channelsWidth, dpi);
+    const int progressEnd = levelEnd - scaled(levelWidth, dpi);
     const int messageEnd = progressEnd - scaled(progressWidth, dpi);
-    std::array<int, 4> ends{std::max(messageEnd, 0), std::max(progressEnd, 0), std::max(channelsEnd, 0), -1};
+    std::array<int, 5> ends{std::max(messageEnd, 0), std::max(progressEnd, 0), std::max(levelEnd, 0),
+                            std::max(channelsEnd, 0), -1};
     SendMessageW(bar_, SB_SETPARTS, ends.size(), reinterpret_cast<LPARAM>(ends.data()));
     placeProgress();
 }
@@ -88,6 +91,23 @@ void StatusBar::setText(int part, const std::wstring& text) {
     if (bar_ != nullptr && partText(bar_, static_cast<WPARAM>(part)) != text) {
         SendMessageW(bar_, SB_SETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
     }
+}
+
+void StatusBar::setMessage(const std::wstring& text) {
+    message_ = text;
+    if (!hinting_) {
+        setText(0, text);
+    }
+}
+
+void StatusBar::showHint(const std::wstring& text) {
+    hinting_ = true;
+    setText(0, text);
+}
+
+void StatusBar::endHint() {
+    hinting_ = false;
+    setText(0, message_);
 }
 
 void StatusBar::startProgress(int steps) {

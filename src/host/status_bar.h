@@ -1,5 +1,6 @@
-// The line at the window's foot: a message, the progress of a refresh, the number of configured channels, and whether
-// the table has unsaved changes.
+// The line at the window's foot: a message, the progress of a refresh, the access level, the number of configured
+// channels, and whether the table has unsaved changes. While a menu is open, what its command does takes the message's
+// place.
 #pragma once
 
 #include <windows.h>
@@ -21,9 +22,13 @@ public:
     [[nodiscard]] bool visible() const noexcept { return visible_; }
     void setVisible(bool visible);
 
-    void setMessage(const std::wstring& text) { setText(0, text); }
-    void setChannels(const std::wstring& text) { setText(2, text); }
-    void setModified(bool modified) { setText(3, modified ? L"Modified" : L""); }
+    void setMessage(const std::wstring& text);
+    void setLevel(const std::wstring& text) { setText(2, text); }
+    void setChannels(const std::wstring& text) { setText(3, text); }
+    void setModified(bool modified) { setText(4, modified ? L"Modified" : L""); }
+
+    void showHint(const std::wstring& text);
+    void endHint();
 
     // Shows the bar, empty; it is complete after that many steps.
     void startProgress(int steps);
@@ -38,6 +43,8 @@ private:
 
     HWND bar_ = nullptr;
     HWND progress_ = nullptr;
+    std::wstring message_;
+    bool hinting_ = false;
     bool visible_ = true;
     int steps_ = 0;
     int done_ = 0;

@@ -1,0 +1,50 @@
+// One of the program's own dialogs with fields: shows a template from the resources, modally, and tells beside the
+// fields what is wrong with them. Controls with the number DIALOG_NOTE show that sentence.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace telvar::host {
+
+class Dialog {
+public:
+    Dialog(const Dialog&) = delete;
+    Dialog& operator=(const Dialog&) = delete;
+    Dialog(Dialog&&) = delete;
+    Dialog& operator=(Dialog&&) = delete;
+
+    // Shows it over the owner until it is closed; whether with OK.
+    [[nodiscard]] bool run(HWND owner, int resource);
+
+protected:
+    Dialog() = default;
+    ~Dialog() = default;
+
+    // The controls exist; answers the one that gets the focus.
+    virtual HWND begin() = 0;
+    // Whether the fields will do. If not, refuse() has told why.
+    virtual bool accept() = 0;
+    // A field or list reports a change by the user.
+    virtual void changed(int /*control*/) {}
+
+    [[nodiscard]] HWND item(int control) const noexcept { return GetDlgItem(window_, control); }
+    [[nodiscard]] std::wstring textOf(int control) const;
+    void setText(int control, const std::wstring& text) { SetDlgItemTextW(window_, control, text.c_str()); }
+    // A hint, in the colour of every label.
+    void note(const std::wstring& sentence);
+    // What is wrong, and the field in which it is put right.
+    void refuse(int control, const std::wstring& sentence);
+
+private:
+    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
+    INT_PTR handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void command(int control, int notification);
+    void centre() const;
+
+    HWND window_ = nullptr;
+    bool refused_ = false;
+};
+
+}  // namespace telvar::host
