@@ -1,120 +1,14 @@
-// The main window with the real control, store and link, inside the test: what its commands do to the open table, and
-// which questions they ask.
-#include "host/main_window.h"
+// The main window with the real control, store and link: what its commands do to the open table, and which questions
+// they ask.
+#include <windows.h>
 
-#include <gtest/gtest.h>
-
-#include <commctrl.h>
 #include <shlobj.h>
 
 #include <cstring>
 
-#include <filesystem>
-
-#include "com/kit/text.h"
-#include "com/kit/variant.h"
-#include "dialog_answers.h"
-#include "host/resource.h"
-#include "installed_servers.h"
-#include "support/temporary_folder.h"
-#include "test_settings.h"
+#include "open_program.h"
 
 namespace telvar::tests {
-
-using host::MainWindow;
-
-class Program : public testing::Test {
-protected:
-    static void SetUpTestSuite() { servers = new InstalledServers; }
-    static void TearDownTestSuite() {
-        delete servers;
-        servers = nullptr;
-    }
-
-    Program() { com::check(OleInitialize(nullptr)); }
-    ~Program() override {
-        program.reset();
-        pump();
-        OleUninitialize();
-    }
-
-    void start(const std::wstring& file = {}) {
-        program.emplace(TestSettings::key);
-        program->open(file);
-        program->show(SW_SHOWNORMAL);
-        pump();
-    }
-    // As the program's own loop, until nothing is queued. The message that ends the loop is dropped.
-    void pump() {
-        MSG message{};
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (!program || !program->translate(message)) {
-                TranslateMessage(&message);
-                DispatchMessageW(&message);
-            }
-        }
-        if (program) {
-            program->refreshState();
-        }
-    }
-    void command(int identifier) {
-        SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(identifier), 0);
-        pump();
-    }
-    void close() {
-        SendMessageW(program->window(), WM_CLOSE, 0, 0);
-        pump();
-    }
-    void key(WPARAM code) {
-        PostMessageW(GetFocus(), WM_KEYDOWN, code, 1);
-        pump();
-    }
-
-    // A sample in the test's own folder.
-    [[nodiscard]] std::wstring sample(const std::string& name, const std::string& as) {
-        const std::string path = folder / as;
-        std::filesystem::copy_file(TELVAR_SOURCE_DIR "/samples/" + name, TemporaryFolder::pathOf(path));
-        return com::wide(path);
-    }
-    [[nodiscard]] std::wstring path(const std::string& name) { return com::wide(folder / name); }
-
-    void change(int channel = 1) {
-        com::check(program->document().record(channel)->put_TxFreq(com::Variant(std::int32_t{446'006'250}).get()));
-        program->refreshState();
-    }
-    [[nodiscard]] long frequency(int channel = 1) {
-        com::Variant value;
-        com::check(program->document().record(channel)->get_TxFreq(value.put()));
-        value.convertTo(VT_I4);
-        return V_I4(&value.get());
-    }
-    [[nodiscard]] std::wstring cell(long row, long column) {
-        com::Bstr text;
-        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->get_Cell(row, column, text.put()));
-        return std::wstring(text.view());
-    }
-    void select(long row, long column, long endRow, long endColumn) {
-        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->Select(row, column, endRow, endColumn));
-    }
-    [[nodiscard]] std::wstring title() {
-        std::wstring text(256, L'\0');
-        text.resize(static_cast<std::size_t>(GetWindowTextW(program->window(), text.data(), 256)));
-        return text;
-    }
-    [[nodiscard]] bool isOpen() { return program->window() != nullptr; }
-    [[nodiscard]] std::vector<std::wstring> recentFiles() {
-        host::Settings own(TestSettings::key);
-        return host::RecentFiles(own).paths();
-    }
-
-    static inline InstalledServers* servers = nullptr;
-    const TestSettings settings;
-    TemporaryFolder folder;
-    DialogAnswers dialogs;
-    std::optional<MainWindow> program;
-};
-
-using Texts = std::vector<std::wstring>;
 
 TEST_F(Program, StartsWithAnEmptyTable) {
     start();
@@ -493,23 +387,13 @@ TEST_F(Program, TheEditMenuCopiesPastesAndUndoesInTheGrid) {
 
 TEST_F(Program, TheEditMenuOffersWhatTheControlOffers) {
     start();
-    const HMENU menu = GetSubMenu(GetMenu(program->window()), 1);
-    const auto enabled = [&](int identifier) {
-        SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 1);
-        return (GetMenuState(menu, static_cast<UINT>(identifier), MF_BYCOMMAND) & MF_GRAYED) == 0;
-    };
-    EXPECT_FALSE(enabled(COMMAND_UNDO));
-    EXPECT_FALSE(enabled(COMMAND_REDO));
-    EXPECT_TRUE(enabled(COMMAND_COPY));
-    EXPECT_TRUE(enabled(COMMAND_SELECT_ALL));
+    EXPECT_FALSE(offered(editMenu, COMMAND_UNDO));
+    EXPECT_FALSE(offered(editMenu, COMMAND_REDO));
+    EXPECT_TRUE(offered(editMenu, COMMAND_COPY));
+    EXPECT_TRUE(offered(editMenu, COMMAND_SELECT_ALL));
     command(COMMAND_SELECT_ALL);
-    const auto grid = com::ComPointer<IChannelGrid>::from(program->channels());
-    long row = 0;
-    long column = 0;
-    com::check(grid->get_SelectionEndRow(&row));
-    com::check(grid->get_SelectionEndColumn(&column));
-    EXPECT_EQ(row, 255);
-    EXPECT_EQ(column, 26);
+    EXPECT_EQ(endRow(), 255);
+    EXPECT_EQ(endColumn(), 26);
 }
 
 TEST_F(Program, InATextBoxTheEditMenuIsTheTextBoxs) {

@@ -1,0 +1,116 @@
+// Going to a channel by its number.
+#include "host/channel_dialog.h"
+
+#include "open_program.h"
+
+namespace telvar::tests {
+
+TEST(ChannelNumber, IsOneTo255InDigits) {
+    EXPECT_EQ(host::readChannel(L"1"), 1);
+    EXPECT_EQ(host::readChannel(L" 255 "), 255);
+    EXPECT_EQ(host::readChannel(L"007"), 7);
+    for (const wchar_t* wrong :
+         {L"", L" ", L"0", L"256", L"-1", L"+1", L"1.5", L"12a", L"1 2", L"99999999999999999999", L"\u0661"}) {
+        EXPECT_EQ(host::readChannel(wrong), std::nullopt) << testing::PrintToString(wrong);
+    }
+}
+
+struct GoTo : Program {
+    void goTo(const wchar_t* number) {
+        dialogs.expect([number](HWND dialog) {
+            SetDlgItemTextW(dialog, CHANNEL_NUMBER, number);
+            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        });
+        command(COMMAND_GO_TO);
+    }
+    [[nodiscard]] long top() { return gridNumber(&IChannelGrid::get_TopRow); }
+};
+
+TEST_F(GoTo, SelectsTheWholeChannelAndShowsIt) {
+    start();
+    goTo(L"100");
+    EXPECT_EQ(row(), 100);
+    EXPECT_EQ(column(), 1);
+    EXPECT_EQ(endRow(), 100);
+    EXPECT_EQ(endColumn(), 26);
+    EXPECT_EQ(top(), 97);
+    EXPECT_TRUE(IsChild(program->window(), GetFocus()));
+    goTo(L"2");
+    EXPECT_EQ(row(), 2);
+    EXPECT_EQ(top(), 1);
+}
+
+TEST_F(GoTo, TheArrowsGoOnFromThere) {
+    start();
+    goTo(L"200");
+    press({VK_DOWN});
+    EXPECT_TRUE(pumpUntil([this] { return row() == 201; }));
+}
+
+TEST_F(GoTo, SuggestsTheCurrentChannelAndRefusesOthersThanOneTo255) {
+    start();
+    select(42, 3, 42, 3);
+    dialogs.expect([](HWND dialog) {
+        std::wstring text(100, L'\0');
+        const auto read = [&](int control) {
+            std::wstring found(100, L'\0');
+            found.resize(static_cast<std::size_t>(GetDlgItemTextW(dialog, control, found.data(), 100)));
+            return found;
+        };
+        EXPECT_EQ(read(CHANNEL_NUMBER), L"42");
+        SetDlgItemTextW(dialog, CHANNEL_NUMBER, L"256");
+        SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        EXPECT_EQ(read(DIALOG_NOTE), L"Enter a channel number from 1 to 255.");
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, CHANNEL_NUMBER));
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    command(COMMAND_GO_TO);
+    EXPECT_EQ(row(), 42);
+    EXPECT_EQ(column(), 3);
+}
+
+TEST_F(GoTo, IsDoneFromTheKeyboardAlone) {
+    start();
+    dialogs.expect([](HWND) {
+        host::press({'9'});
+        host::press({'0'});
+        host::press({VK_RETURN});
+    });
+    press({VK_CONTROL, 'G'});
+    EXPECT_TRUE(pumpUntil([this] { return row() == 90; }));
+    dialogs.expect([](HWND) {
+        host::press({'7'});
+        host::press({VK_ESCAPE});
+    });
+    press({VK_CONTROL, 'G'});
+    EXPECT_TRUE(pumpUntil([this] { return dialogs.shown().size() == 2; }));
+    EXPECT_EQ(row(), 90);
+}
+
+TEST_F(GoTo, TheStatusBarTellsWhatItDoes) {
+    start();
+    const HMENU menu = GetSubMenu(GetMenu(program->window()), editMenu);
+    SendMessageW(program->window(), WM_MENUSELECT, MAKEWPARAM(COMMAND_GO_TO, MF_HILITE),
+                 reinterpret_cast<LPARAM>(menu));
+    EXPECT_EQ(statusText(0), L"Shows and selects a channel by its number");
+    SendMessageW(program->window(), WM_MENUSELECT, MAKEWPARAM(0, 0xFFFF), 0);
+    EXPECT_EQ(statusText(0), L"New channel table");
+}
+
+TEST_F(GoTo, EveryCommandOfTheMenusHasAHint) {
+    start();
+    std::function<void(HMENU)> look = [&](HMENU menu) {
+        for (int at = 0; at < GetMenuItemCount(menu); ++at) {
+            const UINT identifier = GetMenuItemID(menu, at);
+            if (identifier == static_cast<UINT>(-1)) {
+                look(GetSubMenu(menu, at));
+            } else if (identifier != 0 && identifier != COMMAND_RECENT_FIRST) {
+                std::array<wchar_t, 128> text{};
+                EXPECT_GT(LoadStringW(GetModuleHandleW(nullptr), identifier, text.data(), 128), 0) << identifier;
+            }
+        }
+    };
+    look(GetMenu(program->window()));
+}
+
+}  // namespace telvar::tests
