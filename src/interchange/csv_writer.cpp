@@ -13,8 +13,10 @@ namespace {
 
 using KeyTexts = std::array<std::string, model::channelKeyCount>;
 
+// An empty text is quoted: nothing at all between two commas is no value to whoever reads it.
 [[nodiscard]] std::string field(std::string_view text) {
-    const bool plain = text.find_first_of(",\"\r\n") == std::string_view::npos && base::trimmed(text) == text;
+    const bool plain =
+        !text.empty() && text.find_first_of(",\"\r\n") == std::string_view::npos && base::trimmed(text) == text;
     return plain ? std::string(text) : "\"" + base::replacedAll(text, "\"", "\"\"") + "\"";
 }
 
@@ -47,6 +49,9 @@ void append(std::string& line, const Texts& texts) {
         if (!text) {
             return std::unexpected(store::jsonQuoted(info.name) + " " + text.error());
         }
+        if (text->find('\0') != std::string::npos) {
+            return std::unexpected(store::jsonQuoted(info.name) + " holds a zero byte, which CSV cannot carry");
+        }
         texts[static_cast<std::size_t>(info.key)] = *std::move(text);
     }
     return texts;
@@ -55,6 +60,15 @@ void append(std::string& line, const Texts& texts) {
 [[nodiscard]] KeyTexts emptyKeyTexts(const base::NumberFormat& format) {
     model::MemoryDataStore empty;
     return keyTexts(empty, 1, format).value();
+}
+
+// A frequency that is no frequency cannot be shown; its key holds it all the same.
+[[nodiscard]] RowCells cellsOf(model::DataStore& store, std::int16_t channel, const base::NumberFormat& format) {
+    try {
+        return rowCells(store, channel, format);
+    } catch (const base::Failure&) {
+        return {std::to_string(channel)};
+    }
 }
 
 // The line of a channel, empty for an empty one.
@@ -67,7 +81,7 @@ channelLine(model::DataStore& store, std::int16_t channel, const KeyTexts& empty
             return std::unexpected(keys.error());
         }
         if (*keys != empty) {
-            append(line, rowCells(store, channel, format));
+            append(line, cellsOf(store, channel, format));
             append(line, *keys);
             line += "\r\n";
         }

@@ -1,5 +1,6 @@
 // A table as CSV for spreadsheets: one row for every channel that differs from an empty one in any key, first the 27
-// cells that the control shows, then every key by name. The cells are for people, the keys carry the table whole.
+// cells that the control shows, then every key by name. The cells are for people, the keys carry the table whole. Cells
+// that cannot be shown are empty.
 #pragma once
 
 #include <expected>

@@ -43,7 +43,7 @@ constexpr std::size_t codeLength = 4;
 
 template <class Kind>
 [[nodiscard]] std::expected<base::Value, Refusal> refused(Kind kind, std::string_view text) {
-    return std::unexpected(store::refusalOf(kind, store::jsonQuoted(text)));
+    return std::unexpected(store::refusalOf(kind, quotedStart(text)));
 }
 
 template <class Kind>
@@ -73,7 +73,7 @@ std::expected<base::Value, Refusal> readKeyText(model::KeyKind kind, std::string
         return readNumber(kind, text, format);
     }
     if (text.size() != codeLength || !std::ranges::all_of(text, isHexadecimal)) {
-        return std::unexpected("must be four hexadecimal digits, not " + store::jsonQuoted(text));
+        return std::unexpected("must be four hexadecimal digits, not " + quotedStart(text));
     }
     return base::textValue(text);
 }
@@ -102,6 +102,19 @@ std::expected<std::string, Refusal> keyText(model::KeyKind kind, const base::Val
         std::ranges::replace(*text, '.', format.decimalSeparator);
     }
     return text;
+}
+
+std::string quotedStart(std::string_view text) {
+    constexpr std::size_t longest = 40;
+    if (text.size() <= longest) {
+        return store::jsonQuoted(text);
+    }
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+    auto end = longest;
+    while (end > 0 && continues(text[end])) {
+        --end;
+    }
+    return store::jsonQuoted(text.substr(0, end)) + "...";
 }
 
 }  // namespace telvar::interchange

@@ -27,4 +27,7 @@ using Refusal = std::string;
 [[nodiscard]] std::expected<std::string, Refusal> keyText(model::KeyKind kind, const base::Value& value,
                                                           const base::NumberFormat& format);
 
+// The beginning of a text that somebody gave, in quotation marks: enough to find it again.
+[[nodiscard]] std::string quotedStart(std::string_view text);
+
 }  // namespace telvar::interchange

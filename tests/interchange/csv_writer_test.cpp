@@ -85,7 +85,21 @@ TEST_F(Csv, QuotesWhatWouldBreakALine) {
     EXPECT_TRUE(lines()[1].ends_with(",\"1,2\",\" 12\",\"a\"\"b\"")) << lines()[1];
 }
 
+TEST_F(Csv, HoldsTheKeysOfAChannelThatCannotBeShown) {
+    tests::fill(table, 9, {{ChannelKey::TxFreq, 1e300}});
+    EXPECT_TRUE(lines()[1].starts_with("9,\"\",\"\",")) << lines()[1];
+    EXPECT_NE(lines()[1].find(",1e+300,0,false,"), std::string::npos) << lines()[1];
+}
+
+TEST_F(Csv, TellsAnEmptyCodeFromNone) {
+    tests::fill(table, 9, {{ChannelKey::P25TalkgroupID, base::textValue("")}});
+    EXPECT_TRUE(lines()[1].ends_with(",0000,0000,\"\"")) << lines()[1];
+}
+
 TEST_F(Csv, NamesTheChannelThatCannotBeWritten) {
+    tests::fill(table, 3, {{ChannelKey::P25TalkgroupID, base::textValue(std::string_view("1\0", 2))}});
+    EXPECT_EQ(csvText(table, {}).error(), "channel 3: \"P25TalkgroupID\" holds a zero byte, which CSV cannot carry");
+    tests::fill(table, 3, {{ChannelKey::P25TalkgroupID, base::textValue("1234")}});
     tests::fill(table, 9, {{ChannelKey::TxLevel, 2.5}});
     EXPECT_EQ(csvText(table, {}).error(), "channel 9: \"TxLevel\" must be a whole number, not 2.5");
 }
