@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "com/control/foreign_data_store.h"
-#include "com/control/foreign_radio_link.h"
+#include "com/foreign/foreign_data_store.h"
+#include "com/foreign/foreign_radio_link.h"
 #include "com/kit/bstr.h"
 
 namespace telvar::com {

@@ -1,4 +1,4 @@
-#include "com/control/foreign_element.h"
+#include "com/foreign/foreign_element.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "com/control/foreign_radio_link.h"
+#include "com/foreign/foreign_radio_link.h"
 
 #include <array>
 #include <cstddef>
@@ -6,7 +6,7 @@
 #include <span>
 
 #include "base/conversion.h"
-#include "com/control/foreign_reference.h"
+#include "com/foreign/foreign_reference.h"
 #include "com/kit/late_bound.h"
 
 namespace telvar::com {

@@ -1,4 +1,4 @@
-#include "com/control/foreign_reference.h"
+#include "com/foreign/foreign_reference.h"
 
 #include <vector>
 

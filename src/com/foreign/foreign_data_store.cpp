@@ -1,4 +1,4 @@
-#include "com/control/foreign_data_store.h"
+#include "com/foreign/foreign_data_store.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +11,8 @@
 
 #include "base/conversion.h"
 #include "base/failure.h"
-#include "com/control/foreign_element.h"
-#include "com/control/foreign_reference.h"
+#include "com/foreign/foreign_element.h"
+#include "com/foreign/foreign_reference.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/text.h"
 #include "com/kit/value.h"
