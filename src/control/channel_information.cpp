@@ -28,7 +28,8 @@ ChannelInformation::ChannelInformation(Surroundings surroundings)
       logPath_(std::move(surroundings.logPath)),
       gridSurroundings_(gridSurroundings()),
       history_(gridSurroundings_, frmCE.mnuPopUpMenuUndo, frmCE.mnuPopUpMenuRedo),
-      clipboardEditing_(gridSurroundings_, history_) {
+      clipboardEditing_(gridSurroundings_, history_),
+      tableTransfer_(transferSurroundings()) {
     UserControl_Initialize();
 }
 

@@ -25,6 +25,7 @@
 #include "editing/undo.h"
 #include "model/data_store.h"
 #include "model/radio_link.h"
+#include "transfer/table_transfer.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
@@ -242,6 +243,7 @@ private:
     void selectOnRadio(std::int16_t channel);
     void leaveChannelForLast();
     [[nodiscard]] bool waitForQuietLink();
+    [[nodiscard]] transfer::TransferSurroundings transferSurroundings();
     void scrollToChannel(std::int16_t channel);
     void refuseTypedChannel();
     void endChannelSelect();
@@ -260,6 +262,7 @@ private:
     editing::GridSurroundings gridSurroundings_;
     editing::UndoHistory history_;
     editing::ClipboardEditing clipboardEditing_;
+    transfer::TableTransfer tableTransfer_;
     std::int16_t accessLevel_ = 0;
     std::int16_t channelToSend_ = 0;  // meanwhile typed, while selecting_
     bool selecting_ = false;          // inside the channel-select button's wait

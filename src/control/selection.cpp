@@ -5,6 +5,7 @@
 #include "base/rounding.h"
 #include "control/channel_information.h"
 #include "control/raised.h"
+#include "transfer/quiet_link.h"
 
 namespace telvar::control {
 
@@ -145,10 +146,7 @@ void ChannelInformation::selectOnRadio(std::int16_t channel) {
 bool ChannelInformation::waitForQuietLink() {
     const Raised waiting(selecting_);
     raise(PauseDiagnostics);
-    const bool quiet =
-        desktop_.pumpUntil([&] { return closed_ || !base::isTrue(store()->get(StoreMember::CommsBusy)); });
-    endIfClosed();
-    return quiet;
+    return transfer::waitForQuietLink(desktop_, [this] { return store(); });
 }
 
 void ChannelInformation::scrollToChannel(std::int16_t channel) {

@@ -383,25 +383,13 @@ TEST_F(Lifecycle, AControlClosedInsideAStoresCallTellsNothing) {
     EXPECT_TRUE(grid().redraw());
 }
 
-// -- what is not built -----------------------------------------------------------------------------------------------
-
-TEST_F(Lifecycle, MethodsThatAreNotBuiltShowNothingAndChangeNothing) {
+TEST_F(Lifecycle, RefreshingAHiddenEditFormDoesNothing) {
     fillDistinct(*store, 1);
     const auto before = tableText(*store);
-    control->DisplayFill();
-    control->ChannelFillDown();
-    control->ChannelFillSeries();
-    EXPECT_FALSE(control->check_Frequencies());
-    EXPECT_EQ(control->CheckTotalNoOfChannelScan(), "");
-    control->LoadFromTelvar();
-    control->SendToTelvar();
-    control->LoadChannelInfoFromTelvar();
-    control->SendChannelInfoToTelvar();
     control->RefreshEditForm();
     EXPECT_EQ(tableText(*store), before);
     EXPECT_EQ(boxes(), Boxes{});
     EXPECT_EQ(events, Log{});
-    EXPECT_EQ(link->calls, Log{});
 }
 
 }  // namespace

@@ -1,0 +1,211 @@
+// The checks and the exchanges of the whole table as the host calls them: real findings in real order, the control's
+// own events and button, and what locked data, a missing store or link, and a closed control do.
+#include <functional>
+
+#include "control_world.h"
+#include "support/failing_store.h"
+#include "support/recording_store.h"
+#include "synth/table_check.h"
+
+namespace telvar::tests {
+namespace {
+
+constexpr std::int32_t good = 450'000'000;
+constexpr std::int32_t offGrid = good + 1;
+
+class Transfer : public ControlWorld {
+protected:
+    Transfer() {
+        store->put(StoreMember::TableOpen, true);
+        store->put(StoreMember::ShowSendWarning, false);
+        store->put(StoreMember::MessageTitle, base::textValue("Telvar"));
+    }
+    void scan(int channels) {
+        for (std::int16_t channel = 1; channel <= channels; ++channel) {
+            fill(*store, channel, {{ChannelKey::TxFreq, good}, {ChannelKey::scan, true}});
+        }
+    }
+};
+
+TEST_F(Transfer, AGoodTableIsSentWithTheHostsEventsInOrder) {
+    fill(*store, 1, {{ChannelKey::TxFreq, good}});
+    control->SendChannelInfoToTelvar();
+    EXPECT_EQ(events, (Log{"DisableCommands", "HourglassOverWindow", "PauseDiagnostics"}));
+    EXPECT_EQ(link->calls, (Log{"SendChannelTable"}));
+    EXPECT_FALSE(control->cmdChannelSelect.enabled());
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(Transfer, ALoadHandsOverWithTheHostsEventsInOrder) {
+    control->LoadChannelInfoFromTelvar();
+    EXPECT_EQ(events, (Log{"DisableCommands", "HourglassOverWindow", "PauseDiagnostics"}));
+    EXPECT_EQ(link->calls, (Log{"LoadChannelTable "}));
+    EXPECT_FALSE(control->cmdChannelSelect.enabled());
+}
+
+TEST_F(Transfer, TheShortFormsDoTheSame) {
+    control->SendToTelvar();
+    control->LoadFromTelvar();
+    EXPECT_EQ(link->calls, (Log{"SendChannelTable", "LoadChannelTable "}));
+}
+
+TEST_F(Transfer, AnEmptyTablePassesTheCheckWithoutAMessage) {
+    EXPECT_TRUE(control->check_Frequencies());
+    EXPECT_EQ(control->CheckTotalNoOfChannelScan(), "");
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(Transfer, FaultyChannelsAreToldUnderTheStoresTitleAndFailTheCheck) {
+    fill(*store, 3, {{ChannelKey::TxFreq, offGrid}});
+    EXPECT_FALSE(control->check_Frequencies());
+    EXPECT_EQ(boxes(),
+              (Boxes{{.text = "Reference frequency divide error or main frequency divide error in channels 3.\r"
+                              "Hint: Correct frequency or alter modulus or step size.\r\n",
+                      .title = "Telvar",
+                      .icon = ui::Icon::Exclamation}}));
+}
+
+TEST_F(Transfer, TheChipWarningHasTheDefaultTitleComesFirstAndAloneFailsNothing) {
+    store->put(StoreMember::TxSynthChipInfo, base::textValue("N.A."));
+    fill(*store, 2, {{ChannelKey::TxFreq, good}, {ChannelKey::SynthStep, 2500}});
+    EXPECT_TRUE(control->check_Frequencies());
+    const ui::MessageBox warning{.text = "Phillips SA 7025 PLL chip detected, synthesizer step size 5kHZ or larger is "
+                                         "recommended to maintain RF performance in channel 2 (TX)",
+                                 .title = "Tesslin",
+                                 .icon = ui::Icon::Exclamation};
+    EXPECT_EQ(boxes(), (Boxes{warning}));
+    fill(*store, 3, {{ChannelKey::TxFreq, offGrid}});
+    EXPECT_FALSE(control->check_Frequencies());
+    const Boxes both = boxes();
+    ASSERT_EQ(both.size(), 2U);
+    EXPECT_EQ(both[0].title, "Tesslin");
+    EXPECT_EQ(both[1].title, "Telvar");
+}
+
+TEST_F(Transfer, AFaultyTableIsNotSentAndTheLinkIsAbortedTwice) {
+    fill(*store, 3, {{ChannelKey::TxFreq, offGrid}});
+    control->SendToTelvar();
+    EXPECT_EQ(link->calls, (Log{"AbortTransfer", "AbortTransfer"}));
+    EXPECT_EQ(events, (Log{"DisableCommands", "HourglassOverWindow"}));
+    EXPECT_EQ(boxes().size(), 1U);
+}
+
+TEST_F(Transfer, FortyScannedChannelsAreSentFortyOneAreNot) {
+    scan(40);
+    control->SendToTelvar();
+    EXPECT_EQ(link->calls, (Log{"SendChannelTable"}));
+    scan(41);
+    link->calls.clear();
+    events.clear();
+    control->SendToTelvar();
+    EXPECT_EQ(boxes(), (Boxes{{.text = "Total number of channel scan must not exceed 40.",
+                               .title = "Telvar",
+                               .icon = ui::Icon::Exclamation}}));
+    EXPECT_EQ(link->calls, (Log{"AbortTransfer"}));
+    EXPECT_EQ(events, (Log{"DisableCommands", "HourglassOverWindow", "PauseDiagnostics"}));
+}
+
+TEST_F(Transfer, ACancelledSendGivesTheHostItsCommandsBack) {
+    store->put(StoreMember::ShowSendWarning, true);
+    desktop.answerWith(ui::Answer::Cancel);
+    control->SendToTelvar();
+    EXPECT_EQ(events, (Log{"RestoreButtons", "EnableCommands All"}));
+    EXPECT_TRUE(control->cmdChannelSelect.enabled());
+    EXPECT_EQ(link->calls, Log{});
+}
+
+TEST_F(Transfer, LockedDataRefusesALoadButNotASend) {
+    control->ckLockData.setValue(1);
+    control->LoadFromTelvar();
+    EXPECT_EQ(boxes(), (Boxes{{.text = "Data is locked. Clear 'Lock Data' to make changes.",
+                               .title = "Telvar",
+                               .icon = ui::Icon::Exclamation}}));
+    EXPECT_EQ(events, Log{});
+    control->SendToTelvar();
+    EXPECT_EQ(link->calls, (Log{"SendChannelTable"}));
+}
+
+TEST_F(Transfer, WithoutAStoreEveryCommandSaysSoAndStartsNothing) {
+    control->setCentralDataStore(nullptr);
+    EXPECT_FALSE(control->check_Frequencies());
+    EXPECT_EQ(control->CheckTotalNoOfChannelScan(), "Error in calculating Total number of channel scan.");
+    control->SendToTelvar();
+    EXPECT_EQ(boxes(), (Boxes{errorIn("check_Frequencies"), errorIn("SendChannelInfoToTelvar")}));
+    EXPECT_EQ(link->calls, Log{});
+}
+
+TEST_F(Transfer, WithoutALinkASendAndALoadFailUnderTheirOwnNames) {
+    control->setRadioComms(nullptr);
+    control->SendToTelvar();
+    control->LoadFromTelvar();
+    EXPECT_EQ(boxes(), (Boxes{errorIn("SendChannelInfoToTelvar"), errorIn("LoadChannelInfoFromTelvar")}));
+}
+
+TEST_F(Transfer, AStoreThatFailsAtAnyCallNeverCrashesNorSendsAndIsToldOnce) {
+    const auto failing = decorate<FailingStore>();
+    fill(*store, 1, {{ChannelKey::TxFreq, good}, {ChannelKey::RxFreq, 446'100'000}});
+    for (const bool sending : {true, false}) {
+        const auto run = [&] { sending ? control->SendToTelvar() : control->LoadFromTelvar(); };
+        failing->failAt(0);
+        run();
+        const int calls = failing->calls();
+        ASSERT_GT(calls, 2);
+        link->calls.clear();
+        for (int call = 1; call <= calls; ++call) {
+            failing->failAt(call, FailureSpan::FromThereOn);
+            run();
+            const Boxes told = boxes();
+            EXPECT_LE(told.size(), 1U) << call;
+            EXPECT_EQ(std::ranges::count(link->calls, sending ? "SendChannelTable" : "LoadChannelTable "), 0) << call;
+            link->calls.clear();
+        }
+    }
+}
+
+// The host closes its window, or lets go of the control, while a sequence is anywhere.
+TEST_F(Transfer, AControlThatIsClosedInsideASequenceEndsItQuietly) {
+    const std::vector<std::function<base::Event<>&()>> places{
+        [&]() -> base::Event<>& { return control->DisableCommands; },
+        [&]() -> base::Event<>& { return control->HourglassOverWindow; },
+        [&]() -> base::Event<>& { return control->PauseDiagnostics; }};
+    for (const auto& place : places) {
+        for (const bool sending : {true, false}) {
+            control = std::make_unique<ChannelInformation>(
+                control::Surroundings{.desktop = desktop, .makeTable = nullptr, .logPath = logPath});
+            control->setCentralDataStore(store);
+            control->setRadioComms(link);
+            place().connect([&] { control->close(); });
+            sending ? control->SendToTelvar() : control->LoadFromTelvar();
+            EXPECT_EQ(link->calls, Log{});
+            EXPECT_EQ(boxes(), Boxes{});
+        }
+    }
+}
+
+TEST_F(Transfer, AControlClosedInTheWaitEndsItQuietly) {
+    store->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] { control->close(); });
+    control->SendToTelvar();
+    EXPECT_EQ(link->calls, Log{});
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(Transfer, AControlClosedInAFindingsBoxAnswersFalse) {
+    fill(*store, 3, {{ChannelKey::TxFreq, offGrid}});
+    desktop.duringBox = [&](const ui::MessageBox&) { control->close(); };
+    EXPECT_FALSE(control->check_Frequencies());
+}
+
+TEST_F(Transfer, TwoSendsAtOnceAreOneSendAndOneSentence) {
+    store->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] { control->SendToTelvar(); });
+    desktop.whenPumping([&] { store->put(StoreMember::CommsBusy, false); });
+    control->SendToTelvar();
+    EXPECT_EQ(link->calls, (Log{"SendChannelTable"}));
+    EXPECT_EQ(boxes(), (Boxes{{.text = "Another transfer is waiting for the Telvar. Please wait until it has ended.",
+                               .title = "Telvar",
+                               .icon = ui::Icon::Exclamation}}));
+}
+
+}  // namespace
+}  // namespace telvar::tests
