@@ -21,6 +21,8 @@ public:
         press();
     }
 
+    void defaultMoved() noexcept override { showLook(); }
+
 protected:
     [[nodiscard]] Control control() const noexcept override {
         return {.className = L"BUTTON", .style = WS_TABSTOP | BS_PUSHBUTTON};
@@ -28,7 +30,7 @@ protected:
 
     void showAspect(ui::Aspect changed) override {
         if (changed == ui::Aspect::Everything || changed == ui::Aspect::Value) {
-            SendMessageW(window(), BM_SETSTYLE, button()->isDefault() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+            showLook();
         }
     }
 
@@ -48,6 +50,16 @@ protected:
 
 private:
     [[nodiscard]] ui::Button* button() const noexcept { return static_cast<ui::Button*>(widget()); }
+
+    void showLook() const noexcept {
+        if (button() == nullptr) {
+            return;
+        }
+        const LONG look = host().looksDefault(*button()) ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        if ((GetWindowLongW(window(), GWL_STYLE) & BS_TYPEMASK) != look) {
+            SendMessageW(window(), BM_SETSTYLE, static_cast<WPARAM>(look), TRUE);
+        }
+    }
 
     void press() {
         if (settled()) {

@@ -1,12 +1,9 @@
 #include "win32/container_window.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "ui/frame.h"
-#include "ui/label.h"
-#include "win32/access_keys.h"
 #include "win32/dpi.h"
 #include "win32/peers.h"
 
@@ -17,24 +14,19 @@ namespace {
 // Newer than the headers' default target.
 constexpr UINT dpiChangedAfterParent = 0x02E3;
 
-bool canFocus(const Peer& peer) noexcept {
-    return peer.widget() != nullptr && peer.takesFocus() && peer.widget()->isUsable() && peer.widget()->isShown();
-}
-
 }  // namespace
 
 ContainerWindow::~ContainerWindow() {
-    release();
+    ContainerWindow::release();
     destroy();
 }
 
-void ContainerWindow::open(HWND parent, const RECT& at) {
-    create(WindowKind::Panel, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, at, parent);
-    font_ = desktop_->font(dpiOf(handle()));
+void ContainerWindow::useFont(int dpi) { font_ = desktop_->font(dpi); }
+
+void ContainerWindow::fill() {
     resized();
     makePeers();
     container_->attach(*this);
-    ShowWindow(handle(), SW_SHOWNA);
 }
 
 void ContainerWindow::makePeers() {
@@ -58,11 +50,12 @@ void ContainerWindow::release() noexcept {
         container_ = nullptr;
     }
     moves_.clear();
-    for (const PeerPointer& peer : peers_) {
+    // Out of reach before they go: the system looks for the next place of the focus meanwhile.
+    const auto gone = std::exchange(peers_, {});
+    for (const PeerPointer& peer : gone) {
         desktop_->windowGone(peer->window());
         peer->detach();
     }
-    peers_.clear();
 }
 
 void ContainerWindow::widgetEnds() noexcept {
@@ -86,7 +79,7 @@ void ContainerWindow::resized() {
     }
 }
 
-void ContainerWindow::useDpi(int dpi) {
+void ContainerWindow::changeFont(int dpi) {
     // The controls still use the old font until each has the new one.
     const auto before = std::exchange(font_, desktop_->font(dpi));
     for (const PeerPointer& peer : peers_) {
@@ -95,8 +88,6 @@ void ContainerWindow::useDpi(int dpi) {
     resized();
     InvalidateRect(handle(), nullptr, TRUE);
 }
-
-// ---- children
 
 ContainerWindow::PeerPointer ContainerWindow::peerOf(HWND window) const noexcept {
     // Some controls have a child of their own.
@@ -108,181 +99,12 @@ ContainerWindow::PeerPointer ContainerWindow::peerOf(HWND window) const noexcept
     return window != nullptr && found != peers_.end() ? *found : nullptr;
 }
 
-ContainerWindow::PeerPointer ContainerWindow::pointerTo(const Peer& peer) const noexcept {
-    const auto found = std::ranges::find_if(peers_, [&peer](const PeerPointer& other) { return other.get() == &peer; });
-    return found != peers_.end() ? *found : nullptr;
+LRESULT ContainerWindow::eraseBackground(HDC dc) const noexcept {
+    RECT client{};
+    GetClientRect(handle(), &client);
+    FillRect(dc, &client, GetSysColorBrush(COLOR_BTNFACE));
+    return 1;
 }
-
-// ---- focus
-
-bool ContainerWindow::hasFocus() const noexcept {
-    const HWND focus = GetFocus();
-    return focus != nullptr && (focus == handle() || IsChild(handle(), focus) != FALSE);
-}
-
-void ContainerWindow::focusFirst() {
-    const auto found =
-        std::ranges::find_if(peers_, [](const PeerPointer& peer) { return canFocus(*peer) && peer->tabStop(); });
-    SetFocus(found != peers_.end() ? (*found)->window() : handle());
-}
-
-void ContainerWindow::focusLast() {
-    const auto backwards = peers_ | std::views::reverse;
-    const auto found =
-        std::ranges::find_if(backwards, [](const PeerPointer& peer) { return canFocus(*peer) && peer->tabStop(); });
-    SetFocus(found != backwards.end() ? (*found)->window() : handle());
-}
-
-void ContainerWindow::focusInside() {
-    const PeerPointer last = last_.lock();
-    if (last && canFocus(*last)) {
-        SetFocus(last->window());
-        return;
-    }
-    const auto found =
-        std::ranges::find_if(peers_, [](const PeerPointer& peer) { return canFocus(*peer) && peer->tabStop(); });
-    if (found != peers_.end()) {
-        SetFocus((*found)->window());
-    }
-}
-
-void ContainerWindow::focusGained(Peer& peer) {
-    const PeerPointer gaining = pointerTo(peer);
-    const PeerPointer before = current_.lock();
-    if (!gaining || gaining == before) {
-        return;
-    }
-    current_ = gaining;
-    last_ = gaining;
-    if (before) {
-        queueFocus(before, false);
-    }
-    queueFocus(gaining, true);
-    if (!before && callbacks_.entered) {
-        const auto entered = callbacks_.entered;
-        entered();
-    }
-}
-
-void ContainerWindow::focusLost(Peer& peer, HWND to) {
-    // A message box or another program takes the focus for a while; no field is left by that. Between two children the
-    // gaining one tells.
-    const bool elsewhere = to == nullptr || GetAncestor(to, GA_ROOT) != GetAncestor(handle(), GA_ROOT);
-    if (elsewhere || to == handle() || IsChild(handle(), to) != FALSE || current_.lock().get() != &peer) {
-        return;
-    }
-    queueFocus(current_.lock(), false);
-    current_.reset();
-    if (callbacks_.left) {
-        const auto left = callbacks_.left;
-        left();
-    }
-}
-
-void ContainerWindow::queueFocus(const PeerPointer& peer, bool gained) {
-    moves_.push_back({.peer = peer, .gained = gained});
-    if (moves_.size() == 1) {
-        PostMessageW(handle(), settleLater, 0, 0);
-    }
-}
-
-void ContainerWindow::settleFocus() {
-    const auto alive = shared_from_this();
-    while (!moves_.empty()) {
-        const FocusMove move = moves_.front();
-        moves_.pop_front();
-        const PeerPointer peer = move.peer.lock();
-        if (ui::Widget* const widget = peer ? peer->widget() : nullptr) {
-            move.gained ? widget->GotFocus() : widget->LostFocus();
-        }
-    }
-}
-
-void ContainerWindow::settleWhenFree() {
-    // While a mouse button is held the click is still to come, and settles the focus itself.
-    constexpr UINT lookAgain = 30;
-    if (GetCapture() != nullptr) {
-        SetTimer(handle(), settleTimer, lookAgain, nullptr);
-        return;
-    }
-    KillTimer(handle(), settleTimer);
-    settleFocus();
-}
-
-// ---- keys
-
-bool ContainerWindow::translateAccelerator(const MSG& message) {
-    const auto alive = shared_from_this();
-    const PeerPointer peer = peerOf(message.hwnd);
-    if (!peer) {
-        return false;
-    }
-    switch (message.message) {
-    case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
-        return keyDown(message, peer);
-    case WM_CHAR:
-        if (message.wParam == VK_TAB || message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) {
-            return false;
-        }
-        DispatchMessageW(&message);
-        return true;
-    case WM_SYSCHAR:
-        return pressAccessKey(static_cast<wchar_t>(message.wParam));
-    default:
-        return false;
-    }
-}
-
-bool ContainerWindow::keyDown(const MSG& message, const PeerPointer& peer) {
-    const ui::KeyEvent event{.code = static_cast<int>(message.wParam), .shift = shiftState()};
-    if (peer->takesKey(event)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-        return true;
-    }
-    peer->keyPassedOn(message);
-    const bool tab = event.code == ui::key::tab && (event.shift & (ui::shift::control | ui::shift::alt)) == 0;
-    return tab && moveFocus(*peer, (event.shift & ui::shift::shift) != 0);
-}
-
-bool ContainerWindow::moveFocus(const Peer& from, bool back) const {
-    auto at = std::ranges::find_if(peers_, [&from](const PeerPointer& peer) { return peer.get() == &from; });
-    while (at != peers_.end()) {
-        if (back && at == peers_.begin()) {
-            return false;
-        }
-        back ? --at : ++at;
-        if (at != peers_.end() && canFocus(**at) && (*at)->tabStop()) {
-            SetFocus((*at)->window());
-            return true;
-        }
-    }
-    return false;
-}
-
-bool ContainerWindow::pressAccessKey(wchar_t character) {
-    const auto alive = shared_from_this();
-    auto at = std::ranges::find_if(peers_, [character](const PeerPointer& peer) {
-        return peer->widget() != nullptr && peer->widget()->isShown() &&
-               hasAccessKey(peer->widget()->caption(), character);
-    });
-    // A label's key belongs to what follows it.
-    while (at != peers_.end() && !canFocus(**at)) {
-        if ((*at)->takesFocus()) {
-            return false;
-        }
-        ++at;
-    }
-    if (at == peers_.end()) {
-        return false;
-    }
-    const PeerPointer peer = *at;
-    peer->accessKey();
-    return true;
-}
-
-// ---- messages
 
 LRESULT ContainerWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     const auto held = hold();
@@ -306,6 +128,11 @@ LRESULT ContainerWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
             peer->notified(HIWORD(wParam));
         }
         return 0;
+    case WM_VSCROLL:
+        if (const PeerPointer peer = peerOf(reinterpret_cast<HWND>(lParam))) {
+            peer->notified(LOWORD(wParam));
+        }
+        return 0;
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORBTN:
@@ -314,14 +141,10 @@ LRESULT ContainerWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
             return reinterpret_cast<LRESULT>(peer->background(reinterpret_cast<HDC>(wParam)));
         }
         break;
-    case WM_ERASEBKGND: {
-        RECT client{};
-        GetClientRect(handle(), &client);
-        FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_BTNFACE));
-        return 1;
-    }
+    case WM_ERASEBKGND:
+        return eraseBackground(reinterpret_cast<HDC>(wParam));
     case WM_SETCURSOR:
-        if (desktop_->showPointer()) {
+        if (container_ != nullptr && desktop_->showPointer()) {
             return TRUE;
         }
         break;
@@ -329,11 +152,13 @@ LRESULT ContainerWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
         return 0;
     case WM_SETTINGCHANGE:
-        desktop_->forgetFonts();
-        useDpi(dpiOf(handle()));
+        if (container_ != nullptr) {
+            desktop_->forgetFonts();
+            changeFont(dpi());
+        }
         return 0;
     case dpiChangedAfterParent:
-        useDpi(dpiOf(handle()));
+        changeFont(dpiOf(handle()));
         return 0;
     case WM_DESTROY:
         release();

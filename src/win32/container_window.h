@@ -1,11 +1,11 @@
 // A window full of peers: makes one for every widget of a container, hands the window's size to the container, and
-// looks after focus, keys and colours. It is destroyed safely from inside any callback.
+// looks after focus, access keys and colours. It is destroyed safely from inside any callback. Whether it is a child
+// window or one of its own is the business of the classes made of it.
 #pragma once
 
 #include <windows.h>
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -16,37 +16,25 @@
 
 namespace telvar::win32 {
 
-class ContainerWindow final : public Window, public PeerHost, public ui::WidgetPeer {
+class ContainerWindow : public Window, public PeerHost, public ui::WidgetPeer {
 public:
-    struct FocusCallbacks {
-        // The keyboard focus came to a child from outside the window, or left for another window of the same program
-        // window.
-        std::function<void()> entered;
-        std::function<void()> left;
-    };
-
-    ContainerWindow(WindowsDesktop& desktop, ui::Container& container) noexcept
-        : desktop_(&desktop), container_(&container) {}
     ~ContainerWindow() override;
 
-    // Visible. Throws base::Failure when the system refuses.
-    void open(HWND parent, const RECT& at);
-    void setFocusCallbacks(FocusCallbacks callbacks) { callbacks_ = std::move(callbacks); }
-    void setHolder(std::function<std::shared_ptr<void>()> holder) { holder_ = std::move(holder); }
-
-    // See PanelWindow.
-    bool translateAccelerator(const MSG& message);
+    // Acts on the widget that has that access key; of several the next one after the focus.
     bool pressAccessKey(wchar_t character);
-    void focusFirst();
-    void focusLast();
+    // For somebody who comes in by Tab or by Shift+Tab.
+    void focusFirst() { focusNear(0, +1); }
+    void focusLast() { focusNear(peers_.size(), -1); }
     [[nodiscard]] bool hasFocus() const noexcept;
 
     // ---- PeerHost
     void focusGained(Peer& peer) override;
     void focusLost(Peer& peer, HWND to) override;
+    void giveFocus(Peer& peer) noexcept override;
+    void passFocusOn(Peer& peer) noexcept override;
+    [[nodiscard]] bool looksDefault(const ui::Button& button) const noexcept override { return button.isDefault(); }
     void settleFocus() override;
-    [[nodiscard]] WindowsDesktop& desktop() noexcept override { return *desktop_; }
-    [[nodiscard]] std::shared_ptr<void> hold() const override { return holder_ ? holder_() : nullptr; }
+    [[nodiscard]] WindowsDesktop& desktop() const noexcept override { return *desktop_; }
 
     // ---- the container's own peer
     void show(ui::Aspect changed) noexcept override;
@@ -54,10 +42,37 @@ public:
     void widgetEnds() noexcept override;
 
 protected:
+    using PeerPointer = std::shared_ptr<Peer>;
+
+    ContainerWindow(WindowsDesktop& desktop, ui::Container& container) noexcept
+        : desktop_(&desktop), container_(&container) {}
+
+    // The window stands: gives its size to the container, then the widgets and the container their peers.
+    void useFont(int dpi);
+    void fill();
+    // New dots per inch, or the user's new font.
+    void changeFont(int dpi);
+    [[nodiscard]] int dpi() const noexcept { return font_->dpi(); }
+    // Null once the widget has ended or the window is gone.
+    [[nodiscard]] ui::Container* container() const noexcept { return container_; }
+    // Leaves every widget without a peer.
+    virtual void release() noexcept;
+
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+    // The focus came to a child from outside, went to another window inside the same top-level window, or moved inside.
+    virtual void focusCame() {}
+    virtual void focusWent() {}
+    virtual void focusMoved() {}
+
+    [[nodiscard]] PeerPointer peerOf(HWND window) const noexcept;
+    [[nodiscard]] const std::vector<PeerPointer>& peers() const noexcept { return peers_; }
+    // Has the focus as far as the widgets know, also while another program is in front.
+    [[nodiscard]] PeerPointer current() const noexcept { return current_.lock(); }
+    // To the next tab stop; round the ends or not. Answers whether there is one.
+    bool moveFocus(const Peer& from, bool back, bool round) const noexcept;
+
 private:
-    using PeerPointer = std::shared_ptr<Peer>;
     struct FocusMove {
         std::weak_ptr<Peer> peer;
         bool gained;
@@ -65,28 +80,25 @@ private:
     static constexpr UINT settleLater = WM_APP;
     static constexpr UINT_PTR settleTimer = 1;
 
-    void makePeers();
-    void release() noexcept;
-    void useDpi(int dpi);
     void resized();
-    [[nodiscard]] PeerPointer peerOf(HWND window) const noexcept;
-    [[nodiscard]] PeerPointer focusedPeer() const noexcept { return peerOf(GetFocus()); }
+    void makePeers();
     [[nodiscard]] PeerPointer pointerTo(const Peer& peer) const noexcept;
+    [[nodiscard]] std::size_t positionOf(const Peer& peer) const noexcept;
+    [[nodiscard]] PeerPointer accessTarget(std::size_t position) const noexcept;
+    // To the tab stop nearest to a position, looking in that direction; else to the window.
+    void focusNear(std::size_t position, int step) const noexcept;
     void focusInside();
     void queueFocus(const PeerPointer& peer, bool gained);
     void settleWhenFree();
-    bool keyDown(const MSG& message, const PeerPointer& peer);
-    bool moveFocus(const Peer& from, bool back) const;
+    LRESULT eraseBackground(HDC dc) const noexcept;
 
     WindowsDesktop* desktop_;
     ui::Container* container_;
     std::vector<PeerPointer> peers_;
     std::shared_ptr<const FormFont> font_;
     std::deque<FocusMove> moves_;
-    std::weak_ptr<Peer> current_;  // has the focus as far as the widgets know
-    std::weak_ptr<Peer> last_;     // had it last
-    FocusCallbacks callbacks_;
-    std::function<std::shared_ptr<void>()> holder_;
+    std::weak_ptr<Peer> current_;
+    std::weak_ptr<Peer> last_;  // had the focus last, or shall have it when the window appears
 };
 
 }  // namespace telvar::win32

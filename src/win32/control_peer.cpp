@@ -66,6 +66,9 @@ void ControlPeer::show(ui::Aspect changed) noexcept {
 void ControlPeer::showAny(ui::Aspect changed) {
     using ui::Aspect;
     const bool everything = changed == Aspect::Everything;
+    if (!widget_->isUsable() || !widget_->isShown()) {
+        host_->passFocusOn(*this);
+    }
     if (everything || changed == Aspect::Enabled) {
         EnableWindow(window_, widget_->isUsable());
     }
@@ -90,7 +93,7 @@ RECT ControlPeer::windowBounds() const noexcept { return rectOf(widget_->bounds(
 
 void ControlPeer::setWindowText(const std::string& text) const { SetWindowTextW(window_, widened(text).c_str()); }
 
-void ControlPeer::takeFocus() noexcept { SetFocus(window_); }
+void ControlPeer::takeFocus() noexcept { host_->giveFocus(*this); }
 
 void ControlPeer::accessKey() { SetFocus(window_); }
 

@@ -36,6 +36,7 @@ public:
     void detach() noexcept override;
     void setFont(const std::shared_ptr<const FormFont>& font) override;
     [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override;
+    [[nodiscard]] bool takesCharacters() const noexcept override { return true; }
     void keyPassedOn(const MSG& message) override;
     void accessKey() override { SetFocus(handle()); }
     void notified(unsigned code) override { static_cast<void>(code); }
@@ -43,7 +44,7 @@ public:
 
     // ---- the widget's peer
     void show(ui::Aspect changed) noexcept override;
-    void takeFocus() noexcept override { SetFocus(handle()); }
+    void takeFocus() noexcept override { host_->giveFocus(*this); }
     void widgetEnds() noexcept override;
     void cellsChanged(const ui::CellRange& cells) noexcept override;
     void layoutChanged() noexcept override;

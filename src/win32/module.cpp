@@ -13,7 +13,7 @@ namespace {
 
 std::atomic<UseCounter> useCounter{nullptr};
 
-constexpr WindowKind windowKinds[] = {WindowKind::Messages, WindowKind::Panel, WindowKind::Grid};
+constexpr WindowKind windowKinds[] = {WindowKind::Messages, WindowKind::Panel, WindowKind::Grid, WindowKind::Form};
 
 const wchar_t* kindName(WindowKind kind) noexcept {
     switch (kind) {
@@ -23,6 +23,8 @@ const wchar_t* kindName(WindowKind kind) noexcept {
         return L"Panel";
     case WindowKind::Grid:
         return L"Grid";
+    case WindowKind::Form:
+        return L"Form";
     }
     return L"";
 }

@@ -11,8 +11,8 @@ namespace telvar::win32 {
 
 [[nodiscard]] HINSTANCE moduleHandle() noexcept;
 
-// Told +1 for every window, timer and accessible object that comes and -1 for each that goes. Set once, before the
-// first window; without one nothing is counted.
+// Told +1 for every window, hook, timer and accessible object that comes and -1 for each that goes. Set once, before
+// the first window; without one nothing is counted.
 using UseCounter = void (*)(int change) noexcept;
 void setUseCounter(UseCounter counter) noexcept;
 
@@ -27,7 +27,7 @@ public:
     ~Use();
 };
 
-enum class WindowKind : std::uint8_t { Messages, Panel, Grid };
+enum class WindowKind : std::uint8_t { Messages, Panel, Grid, Form };
 
 // Registers the class when it is not registered yet; every class has the same window procedure.
 [[nodiscard]] std::wstring windowClass(WindowKind kind, WNDPROC procedure);

@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "win32/container_window.h"
+#include "win32/embedded_window.h"
 #include "win32/gdi.h"
 
 namespace telvar::win32 {
 
 PanelWindow::PanelWindow(WindowsDesktop& desktop, ui::Panel& panel, HWND parent, const RECT& at)
-    : window_(std::make_shared<ContainerWindow>(desktop, panel)) {
+    : window_(std::make_shared<EmbeddedWindow>(desktop, panel)) {
     window_->open(parent, at);
 }
 

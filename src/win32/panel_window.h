@@ -11,7 +11,7 @@
 
 namespace telvar::win32 {
 
-class ContainerWindow;
+class EmbeddedWindow;
 class WindowsDesktop;
 
 // All members belong on the user-interface thread. Panel and desktop must outlive the window, or the panel must end
@@ -54,7 +54,7 @@ public:
     bool pressAccessKey(wchar_t character);
 
 private:
-    std::shared_ptr<ContainerWindow> window_;
+    std::shared_ptr<EmbeddedWindow> window_;
 };
 
 }  // namespace telvar::win32

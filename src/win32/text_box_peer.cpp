@@ -4,39 +4,18 @@
 #include "win32/control_peer.h"
 #include "win32/convert.h"
 #include "win32/peers.h"
+#include "win32/text_keys.h"
 
 namespace telvar::win32 {
 
 namespace {
 
-bool editingShortcut(int code) noexcept {
-    return code == 'A' || code == 'C' || code == 'V' || code == 'X' || code == 'Z';
-}
-
 class TextBoxPeer final : public ControlPeer {
 public:
     TextBoxPeer(ui::TextBox& box, PeerHost& host) noexcept : ControlPeer(box, host) {}
 
-    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
-        using namespace ui;
-        if ((event.shift & shift::alt) != 0) {
-            return false;
-        }
-        const bool moves = event.code >= key::end && event.code <= key::down;
-        if (moves || event.code == key::backspace || event.code == key::deleteKey) {
-            return true;
-        }
-        if ((event.shift & shift::control) != 0) {
-            return editingShortcut(event.code);
-        }
-        constexpr int firstNumpad = VK_NUMPAD0;
-        constexpr int lastNumpad = VK_DIVIDE;
-        constexpr int firstPunctuation = VK_OEM_1;
-        constexpr int lastPunctuation = VK_OEM_102;
-        return event.code == key::space || (event.code >= '0' && event.code <= 'Z') ||
-               (event.code >= firstNumpad && event.code <= lastNumpad) ||
-               (event.code >= firstPunctuation && event.code <= lastPunctuation);
-    }
+    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override { return isTextKey(event); }
+    [[nodiscard]] bool takesCharacters() const noexcept override { return true; }
 
     [[nodiscard]] HBRUSH background(HDC dc) const override {
         static_cast<void>(ControlPeer::background(dc));

@@ -12,6 +12,13 @@ void Window::destroy() noexcept {
     }
 }
 
+// The class tells whose window it is, also when a host has put its own procedure before ours.
+Window* Window::of(HWND handle) noexcept {
+    const bool ours =
+        handle != nullptr && reinterpret_cast<WNDPROC>(GetClassLongPtrW(handle, GCLP_WNDPROC)) == procedure;
+    return ours ? reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA)) : nullptr;
+}
+
 void Window::create(WindowKind kind, DWORD style, DWORD extendedStyle, const RECT& at, HWND parent) {
     const std::wstring name = windowClass(kind, procedure);
     const HWND made = CreateWindowExW(extendedStyle, name.c_str(), L"", style, at.left, at.top, at.right - at.left,

@@ -24,6 +24,8 @@ public:
     // Null before creation and after the window is gone, whoever destroyed it.
     [[nodiscard]] HWND handle() const noexcept { return handle_; }
     void destroy() noexcept;
+    // The object behind a handle; null for a window that is not one of this module's.
+    [[nodiscard]] static Window* of(HWND handle) noexcept;
 
 protected:
     // Throws base::Failure when the system refuses.

@@ -9,6 +9,7 @@
 #include "win32/clipboard.h"
 #include "win32/convert.h"
 #include "win32/gdi.h"
+#include "win32/modal_time.h"
 #include "win32/module.h"
 
 namespace telvar::win32 {
@@ -40,28 +41,6 @@ UINT styleOf(const ui::MessageBox& box) noexcept {
     return style;
 }
 
-// The site's modeless windows are disabled for this guard's lifetime. Holds a copy: the site may change inside.
-class ModalTime {
-public:
-    explicit ModalTime(std::function<void(bool)> enableModeless) : enableModeless_(std::move(enableModeless)) {
-        if (enableModeless_) {
-            enableModeless_(false);
-        }
-    }
-    ModalTime(const ModalTime&) = delete;
-    ModalTime& operator=(const ModalTime&) = delete;
-    ModalTime(ModalTime&&) = delete;
-    ModalTime& operator=(ModalTime&&) = delete;
-    ~ModalTime() {
-        if (enableModeless_) {
-            enableModeless_(true);
-        }
-    }
-
-private:
-    std::function<void(bool)> enableModeless_;
-};
-
 // False when the message loop is quitting; the quit message is posted again for the loop outside.
 bool handle(const MSG& message) {
     if (message.message == WM_QUIT) {
@@ -83,17 +62,24 @@ UINT track(const PopupMenu& popup, HWND owner, POINT at) {
 WindowsDesktop::WindowsDesktop() : messages_(std::make_shared<DispatcherWindow>()) { messages_->open(); }
 
 WindowsDesktop::~WindowsDesktop() {
+    site_ = {};
+    closeForms();
     messages_->close();
     unregisterWindowClasses();
 }
 
 ui::Answer WindowsDesktop::show(const ui::MessageBox& box) {
-    const HWND owner = site_.owner ? site_.owner() : nullptr;
+    const HWND owner = ownerOfNext();
     const HWND focus = GetFocus();
     const UINT modality = owner == nullptr ? MB_TASKMODAL : MB_APPLMODAL;
     int answer = 0;
     {
         const ModalTime modal(site_.enableModeless);
+        // The box disables its owner itself, and lets it be active again before it goes.
+        DisabledWindows others;
+        for (const HWND other : othersThan(owner)) {
+            others.disable(other);
+        }
         answer = MessageBoxW(owner, widened(box.text).c_str(), widened(box.title).c_str(), styleOf(box) | modality);
     }
     // A host's frame seldom gives the focus back to the window inside it that had it.
@@ -201,22 +187,5 @@ void WindowsDesktop::startTimer(ui::Timer& timer, std::chrono::milliseconds inte
 }
 
 void WindowsDesktop::stopTimer(ui::Timer& timer) noexcept { messages_->stop(timer); }
-
-void WindowsDesktop::showModal(ui::Form& form) {
-    static_cast<void>(form);
-    throw base::Failure("Forms have no window yet");
-}
-
-void WindowsDesktop::showModeless(ui::Form& form) {
-    static_cast<void>(form);
-    throw base::Failure("Forms have no window yet");
-}
-
-void WindowsDesktop::hide(ui::Form& form) { static_cast<void>(form); }
-
-bool WindowsDesktop::isOpen(const ui::Form& form) const {
-    static_cast<void>(form);
-    return false;
-}
 
 }  // namespace telvar::win32

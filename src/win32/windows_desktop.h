@@ -9,12 +9,15 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ui/desktop.h"
 #include "win32/dispatcher_window.h"
 #include "win32/fonts.h"
 
 namespace telvar::win32 {
+
+class FormWindow;
 
 class WindowsDesktop final : public ui::Desktop {
 public:
@@ -24,6 +27,9 @@ public:
         std::function<HWND()> owner;
         // False before something modal is shown, True after it.
         std::function<void(bool enable)> enableModeless;
+        // Called before every message of a form; what it answers is released after the message. Lets the owner of the
+        // forms live to the end of a message in whose course its last user let go of it.
+        std::function<std::shared_ptr<void>()> holder;
     };
 
     WindowsDesktop();
@@ -58,11 +64,24 @@ public:
         std::erase_if(windows_, [window](const auto& entry) { return entry.second == window; });
     }
 
+    [[nodiscard]] std::shared_ptr<void> holdOwner() const { return site_.holder ? site_.holder() : nullptr; }
+    void formGone(const FormWindow& window) noexcept;
+
 private:
+    // ---- forms (windows_desktop_forms.cpp)
+    // The window that something modal or a form belongs to now: a form in use, else the site's; null for none.
+    [[nodiscard]] HWND ownerOfNext() const;
+    // The site's window and our forms, which take no input while something else is modal.
+    [[nodiscard]] std::vector<HWND> othersThan(HWND window) const;
+    [[nodiscard]] std::shared_ptr<FormWindow> windowOf(const ui::Form& form) const noexcept;
+    [[nodiscard]] std::shared_ptr<FormWindow> openWindow(std::shared_ptr<FormWindow> window, HWND owner);
+    void closeForms() noexcept;
+
     Site site_;
     std::shared_ptr<DispatcherWindow> messages_;
     std::map<int, std::shared_ptr<const FormFont>> fonts_;
     std::map<const ui::Widget*, HWND> windows_;
+    std::vector<std::shared_ptr<FormWindow>> forms_;  // in the order of their opening
     ui::Pointer pointer_ = ui::Pointer::Default;
 };
 

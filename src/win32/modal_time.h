@@ -1,0 +1,61 @@
+// Guards for the time in which something modal is shown: what it closes off opens again when it ends.
+#pragma once
+
+#include <windows.h>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace telvar::win32 {
+
+// The site is told that its modeless windows have to wait. Holds a copy: the site may change inside.
+class ModalTime {
+public:
+    explicit ModalTime(std::function<void(bool)> enableModeless) : enableModeless_(std::move(enableModeless)) {
+        if (enableModeless_) {
+            enableModeless_(false);
+        }
+    }
+    ModalTime(const ModalTime&) = delete;
+    ModalTime& operator=(const ModalTime&) = delete;
+    ModalTime(ModalTime&&) = delete;
+    ModalTime& operator=(ModalTime&&) = delete;
+    ~ModalTime() {
+        if (enableModeless_) {
+            enableModeless_(true);
+        }
+    }
+
+private:
+    std::function<void(bool)> enableModeless_;
+};
+
+// Windows that take no input. Those that took none before stay as they are.
+class DisabledWindows {
+public:
+    DisabledWindows() = default;
+    DisabledWindows(const DisabledWindows&) = delete;
+    DisabledWindows& operator=(const DisabledWindows&) = delete;
+    DisabledWindows(DisabledWindows&&) = delete;
+    DisabledWindows& operator=(DisabledWindows&&) = delete;
+    ~DisabledWindows() { enable(); }
+
+    void disable(HWND window) {
+        if (window != nullptr && IsWindowEnabled(window) != FALSE) {
+            windows_.push_back(window);
+            EnableWindow(window, FALSE);
+        }
+    }
+    void enable() noexcept {
+        for (const HWND window : std::exchange(windows_, {})) {
+            EnableWindow(window, TRUE);
+        }
+    }
+
+private:
+    std::vector<HWND> windows_;
+};
+
+}  // namespace telvar::win32

@@ -1,0 +1,40 @@
+// The keys that a field with a text uses itself.
+#pragma once
+
+#include <windows.h>
+
+#include "ui/input.h"
+
+namespace telvar::win32 {
+
+[[nodiscard]] inline bool isTextShortcut(int code) noexcept {
+    return code == 'A' || code == 'C' || code == 'V' || code == 'X' || code == 'Z';
+}
+
+[[nodiscard]] inline bool isTextKey(const ui::KeyEvent& event) noexcept {
+    using namespace ui;
+    if ((event.shift & shift::alt) != 0) {
+        return false;
+    }
+    const bool moves = event.code >= key::end && event.code <= key::down;
+    if (moves || event.code == key::backspace || event.code == key::deleteKey) {
+        return true;
+    }
+    if ((event.shift & shift::control) != 0) {
+        return isTextShortcut(event.code);
+    }
+    constexpr int firstNumpad = VK_NUMPAD0;
+    constexpr int lastNumpad = VK_DIVIDE;
+    constexpr int firstPunctuation = VK_OEM_1;
+    constexpr int lastPunctuation = VK_OEM_102;
+    return event.code == key::space || (event.code >= '0' && event.code <= 'Z') ||
+           (event.code >= firstNumpad && event.code <= lastNumpad) ||
+           (event.code >= firstPunctuation && event.code <= lastPunctuation);
+}
+
+// Of a field with one line: characters that it has no use for and would only beep at.
+[[nodiscard]] inline bool isNoText(WPARAM character) noexcept {
+    return character == L'\r' || character == L'\t' || character == VK_ESCAPE;
+}
+
+}  // namespace telvar::win32

@@ -1,0 +1,131 @@
+#include "form_world.h"
+
+#include <chrono>
+
+#include "win32/module.h"
+
+namespace telvar::win32 {
+
+FormWidgets::FormWidgets(ui::Desktop& desktop) {
+    form.setCaption("Everything");
+    nameLabel.setCaption("&Name");
+    noteLabel.setCaption("N&ote");
+    explanation.setCaption("A sentence that is too long for one line and goes on below.");
+    constexpr int explanationWidth = 34;
+    explanation.setWrapWidth(explanationWidth);
+    band.setCaption("Band");
+    wide.setCaption("&Wide");
+    narrow.setCaption("Na&rrow");
+    fixed.setCaption("&Fixed");
+    for (ui::OptionButton* const option : {&wide, &narrow, &fixed}) {
+        bands.add(*option);
+        band.surround(*option);
+    }
+    wide.loadValue(true);
+    locked.setCaption("&Locked");
+    list.setCaption("DCS");
+    list.addItem("023");
+    list.addItem("025");
+    list.addItem("026");
+    tones.setCaption("CTCSS");
+    tones.addItem("67.0");
+    tones.addItem("69.3");
+    level.setCaption("Level");
+    level.setRange(-255, 0);
+    ok.setCaption("OK");
+    ok.setDefault(true);
+    apply.setCaption("&Apply");
+    cancel.setCaption("Cancel");
+    cancel.setCancel(true);
+    const std::array<ui::Widget*, 17> inOrder = {&nameLabel, &name,   &noteLabel, &note,   &explanation, &band,
+                                                 &wide,      &narrow, &fixed,     &locked, &list,        &tones,
+                                                 &level,     &ok,     &apply,     &cancel};
+    for (ui::Widget* const child : inOrder) {
+        if (child != nullptr) {
+            form.add(*child);
+        }
+    }
+    using ui::Grow;
+    form.setLayout(
+        desktop,
+        ui::withMargin(ui::column(
+            {ui::row({ui::column({ui::table(2, {ui::widget(nameLabel), ui::widget(name, Grow::Wide),
+                                                ui::widget(noteLabel), ui::widget(note, Grow::Wide)}),
+                                  ui::widget(explanation),
+                                  ui::framed(band, ui::row({ui::widget(wide), ui::widget(narrow), ui::widget(fixed)},
+                                                           ui::Distance::Usual)),
+                                  ui::widget(locked), ui::row({ui::widget(list), ui::widget(tones)})}),
+                      ui::widget(level, Grow::High)},
+                     ui::Distance::Usual),
+             ui::buttonRow({&ok, &apply, &cancel})},
+            ui::Distance::Usual)));
+}
+
+FormWorld::FormWorld() {
+    desktop.setSite({.owner = [this] { return top.handle(); },
+                     .enableModeless = [this](bool enable) { modeless.push_back(enable); }});
+    pump();
+}
+
+bool FormWorld::until(const std::function<bool()>& condition) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    bool met = false;
+    desktop.pumpUntil([&] {
+        met = condition();
+        return met || std::chrono::steady_clock::now() > end;
+    });
+    EXPECT_TRUE(met);
+    return met;
+}
+
+HWND FormWorld::window() const { return FindWindowW(windowClassName(WindowKind::Form).c_str(), nullptr); }
+
+void FormWorld::whenOpen(std::function<void()> then) {
+    desktop.dispatcher().post([this, then = std::move(then)] {
+        if (window() == nullptr || IsWindowVisible(window()) == FALSE) {
+            whenOpen(then);
+            return;
+        }
+        pump();
+        then();
+    });
+}
+
+HWND FormWorld::windowOf(const ui::Widget& widget) const {
+    for (HWND child = GetWindow(window(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        RECT at{};
+        GetWindowRect(child, &at);
+        MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&at), 2);
+        if (at.left == widget.bounds().left && at.top == widget.bounds().top) {
+            return child;
+        }
+    }
+    return nullptr;
+}
+
+std::string FormWorld::focused() const {
+    HWND focus = GetFocus();
+    while (focus != nullptr && GetParent(focus) != window()) {
+        focus = GetAncestor(focus, GA_PARENT);
+    }
+    for (const ui::Widget* const child : widgets.form.children()) {
+        if (focus != nullptr && windowOf(*child) == focus) {
+            return child->name();
+        }
+    }
+    return {};
+}
+
+void FormWorld::click(HWND window) {
+    const LPARAM at = MAKELPARAM(3, 3);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    SendMessageW(window, WM_LBUTTONUP, 0, at);
+}
+
+void FormWorld::key(WPARAM code) {
+    PostMessageW(GetFocus(), WM_KEYDOWN, code, 1);
+    PostMessageW(GetFocus(), WM_KEYUP, code, static_cast<LPARAM>(0xC0000001U));
+    pump();
+}
+
+}  // namespace telvar::win32
