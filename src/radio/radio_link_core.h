@@ -1,33 +1,124 @@
-// The radio link behind its published operations. It has no transport, so that no radio is ever connected and no
-// exchange ever runs; it says so instead of pretending.
+// The radio link behind its published operations, on the user-interface thread: it reads the data store and writes it,
+// owns CommsBusy and ProgressCount, and reports. The conversation with the radio runs on a thread of its own
+// (radio_client), which touches neither the store nor a listener.
+//
+// Idle --operation--> Running --its report, posted by the worker--> Idle, ExchangeEnded
+// An operation that cannot begin ends in the same way, by a posted report; only one that meets a running exchange is
+// refused by a base::Failure, because the end that will be reported is not its own.
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
+#include "base/dispatcher.h"
 #include "base/event.h"
+#include "model/data_store.h"
 #include "model/radio_link.h"
+#include "radio/link_worker.h"
+#include "radio/radio_client.h"
 
 namespace telvar::radio {
 
-class RadioLinkCore : public model::RadioLink {
-public:
-    [[nodiscard]] bool connected() const noexcept { return false; }
-    // Between the start of an exchange and its ExchangeEnded.
-    [[nodiscard]] bool exchangeRunning() const noexcept { return false; }
+// As events name an exchange; loads, sends and level updates have the codes that CommsTask has for them.
+enum class Task : std::int16_t {
+    None = 0,
+    SelectChannel = 11,
+    Status = 12,
+    LoadTable = 22,
+    SendTable = 30,
+    RestoreBackup = 31,
+    SetLevels = 33,
+};
 
-    // Each needs the radio and is a base::Failure without one; texts and flag stay as they were passed.
+class RadioLinkCore final : public model::RadioLink {
+public:
+    // The dispatcher's thread is the one that calls everything here; it outlives the link. Tests bring a clock of
+    // their own.
+    explicit RadioLinkCore(base::Dispatcher& dispatcher, std::unique_ptr<LinkClock> clock = nullptr);
+    RadioLinkCore(const RadioLinkCore&) = delete;
+    RadioLinkCore& operator=(const RadioLinkCore&) = delete;
+    RadioLinkCore(RadioLinkCore&&) = delete;
+    RadioLinkCore& operator=(RadioLinkCore&&) = delete;
+    // Aborts what is running, waits for its thread, and reports nothing any more.
+    ~RadioLinkCore() override;
+
+    // Both for the exchanges that begin from now on. The store may be null.
+    void setDataStore(model::DataStorePointer store) { store_ = std::move(store); }
+    void setSettings(LinkSettings settings) { settings_ = std::move(settings); }
+    [[nodiscard]] const LinkSettings& settings() const noexcept { return settings_; }
+
     void SendChannelTable() override;
+    // Text and flag stay as they were passed.
     void LoadChannelTable(std::string& text, bool& flag) override;
     void SendPotValues(std::string& text) override;
+    // Decimal text of 1 to 255. When the radio has followed, the store's SelectedChannel is that channel.
     void SelectChannel(std::string& channel) override;
-
-    // Reports the end once also when nothing is running, so that a host re-enables its commands after a refused send.
+    // Ends the running exchange at its next frame; its end is reported as always. With nothing running the end is
+    // reported once, so that a host re-enables its commands after a refused send.
     void AbortTransfer() override;
 
+    // Sends a table that was kept before a send.
+    void restoreBackup(const std::string& file);
+    // Asks the radio how it is, once and for a second at most; StatusReported tells, not ExchangeEnded.
+    void queryStatus();
+
+    // A session with a radio is open, as of the last report.
+    [[nodiscard]] bool connected() const noexcept { return connected_; }
+    [[nodiscard]] bool exchangeRunning() const noexcept { return task_ != Task::None; }
+    // Of the exchange that ended last, status queries apart.
+    [[nodiscard]] const Outcome& lastOutcome() const noexcept { return lastOutcome_; }
+    [[nodiscard]] const std::string& lastBackup() const noexcept { return lastBackup_; }
+
+    // 0 to 100.
+    base::Event<std::int16_t> Progress;
     // The task's code (0 where none was running), whether all of it went through, and one sentence for the user,
     // empty where there is nothing to tell.
     base::Event<std::int16_t, bool, const std::string&> ExchangeEnded;
+    // Whether the radio answered, and who it is or why not.
+    base::Event<bool, const std::string&> StatusReported;
+
+private:
+    // What the worker hands over at the end.
+    struct Report {
+        Outcome outcome;
+        std::optional<TableImage> loaded;
+        bool connected = false;
+        std::string backup;
+    };
+    using Job = std::function<Report(RadioClient&, const Percent&)>;
+    // What the store is read for; made on the user-interface thread.
+    using Preparation = std::function<Job()>;
+
+    void start(Task task, const Preparation& prepare);
+    void runOnWorker(const Job& job);
+    void postReport(Report report);
+    void showProgress(int percent);
+    void finish(Report report);
+    [[nodiscard]] Outcome applied(Report& report);
+    bool putShared(model::StoreMember member, const base::Value& value) noexcept;
+    [[nodiscard]] model::DataStore& requiredStore() const;
+
+    base::Dispatcher& dispatcher_;
+    std::unique_ptr<LinkClock> clock_;
+    os::Interrupt interrupt_;
+    LinkSettings settings_;
+    model::DataStorePointer store_;
+
+    Task task_ = Task::None;
+    model::DataStorePointer taskStore_;  // as it was when the exchange began
+    std::uint8_t wantedChannel_ = 0;
+    bool abortWanted_ = false;
+    bool connected_ = false;
+    Outcome lastOutcome_;
+    std::string lastBackup_;
+
+    // Posted work finds out by it that the link is gone.
+    std::shared_ptr<RadioLinkCore*> alive_ = std::make_shared<RadioLinkCore*>(this);
+    RadioClient client_;  // the worker's own while a task runs
+    LinkWorker worker_;
 };
 
 }  // namespace telvar::radio

@@ -3,60 +3,90 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <tuple>
 #include <vector>
 
+#include "base/conversion.h"
 #include "base/failure.h"
+#include "model/memory_data_store.h"
+#include "queue_dispatcher.h"
+#include "support/temporary_folder.h"
+#include "tables.h"
+#include "virtual_clock.h"
 
 namespace telvar::tests {
 namespace {
 
 using End = std::tuple<std::int16_t, bool, std::string>;
+using model::StoreMember;
 
 struct RadioLinkCore : testing::Test {
     RadioLinkCore() {
-        link.ExchangeEnded.connect([this](std::int16_t task, bool succeeded, const std::string& message) {
+        link = std::make_unique<radio::RadioLinkCore>(dispatcher, std::make_unique<VirtualClock>());
+        link->setDataStore(store);
+        settings.backupFolder = folder.name();
+        link->setSettings(settings);
+        link->ExchangeEnded.connect([this](std::int16_t task, bool succeeded, const std::string& message) {
             ends.emplace_back(task, succeeded, message);
         });
+        link->StatusReported.connect(
+            [this](bool answered, const std::string& message) { reports.emplace_back(answered, message); });
+        link->Progress.connect([this](std::int16_t percent) { progress.push_back(percent); });
     }
 
-    [[nodiscard]] static std::string failureOf(const std::function<void()>& operation) {
-        try {
-            operation();
-        } catch (const base::Failure& failure) {
-            return failure.description();
-        }
-        return "no failure";
+    void set(const std::string& faults) {
+        settings.faults = *radio::parseFaults(faults);
+        link->setSettings(settings);
     }
+    [[nodiscard]] End ended() {
+        EXPECT_TRUE(dispatcher.runUntil([this] { return !link->exchangeRunning(); }));
+        EXPECT_FALSE(ends.empty());
+        return ends.empty() ? End() : ends.back();
+    }
+    [[nodiscard]] End send() {
+        link->SendChannelTable();
+        return ended();
+    }
+    [[nodiscard]] End load() {
+        std::string text;
+        bool flag = true;
+        link->LoadChannelTable(text, flag);
+        EXPECT_EQ(text, "");
+        EXPECT_TRUE(flag);
+        return ended();
+    }
+    [[nodiscard]] End select(std::string channel) {
+        link->SelectChannel(channel);
+        return ended();
+    }
+    [[nodiscard]] base::Value shared(StoreMember member) { return store->get(member); }
 
-    radio::RadioLinkCore link;
+    TemporaryFolder folder;
+    QueueDispatcher dispatcher;
+    std::shared_ptr<model::MemoryDataStore> store = std::make_shared<model::MemoryDataStore>();
+    radio::LinkSettings settings;
+    std::unique_ptr<radio::RadioLinkCore> link;
     std::vector<End> ends;
+    std::vector<std::pair<bool, std::string>> reports;
+    std::vector<std::int16_t> progress;
 };
 
-TEST_F(RadioLinkCore, IsNeitherConnectedNorBusy) {
-    EXPECT_FALSE(link.connected());
-    EXPECT_FALSE(link.exchangeRunning());
-}
+TEST_F(RadioLinkCore, WhatWasSentComesBackFromTheRadio) {
+    fill(*store, 1);
+    const auto sent = radio::imageOf(*store);
+    const auto [task, succeeded, message] = send();
+    EXPECT_EQ(task, 30);
+    EXPECT_TRUE(succeeded) << message;
+    EXPECT_EQ(message, "The radio holds the table; its former one is kept in " + link->lastBackup() + ".");
+    EXPECT_TRUE(link->connected());
 
-TEST_F(RadioLinkCore, SaysOfEveryOperationThatNeedsTheRadioThatItIsNotConnected) {
-    std::string text = "as passed";
-    bool flag = true;
-    const std::string expected = "The radio is not connected";
-    EXPECT_EQ(failureOf([&] { link.SendChannelTable(); }), expected);
-    EXPECT_EQ(failureOf([&] { link.LoadChannelTable(text, flag); }), expected);
-    EXPECT_EQ(failureOf([&] { link.SendPotValues(text); }), expected);
-    EXPECT_EQ(failureOf([&] { link.SelectChannel(text); }), expected);
-    EXPECT_EQ(text, "as passed");
-    EXPECT_TRUE(flag);
-    EXPECT_TRUE(ends.empty());
-}
-
-TEST_F(RadioLinkCore, ReportsTheEndOncePerAbort) {
-    link.AbortTransfer();
-    EXPECT_EQ(ends, (std::vector<End>{{std::int16_t{0}, false, ""}}));
-    link.AbortTransfer();
-    EXPECT_EQ(ends.size(), 2U);
+    fill(*store, 2);
+    EXPECT_EQ(load(), (End{std::int16_t{22}, true, "The table was loaded from the radio."}));
+    EXPECT_EQ(radio::imageOf(*store), sent);
+    EXPECT_EQ(shared(StoreMember::DataModified), base::Value{true});
+    EXPECT_EQ(shared(StoreMember::ChannelDataModified), base::Value{true});
 }
 
 }  // namespace

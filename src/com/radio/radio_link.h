@@ -1,13 +1,17 @@
-// The radio link as an automation object.
+// The radio link as an automation object. Exchanges and their outcomes are the core's; here texts, stores and events
+// cross the edge.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "VexloRadioLink.h"
 #include "com/kit/class_info.h"
 #include "com/kit/connection_point.h"
 #include "com/kit/dispatch.h"
+#include "com/kit/message_dispatcher.h"
 #include "com/kit/object.h"
 #include "com/kit/object_safety.h"
 #include "radio/radio_link_core.h"
@@ -25,6 +29,8 @@ public:
     STDMETHODIMP AbortTransfer() noexcept override;
     STDMETHODIMP SendPotValues(BSTR* text) noexcept override;
     STDMETHODIMP SelectChannel(BSTR* channel) noexcept override;
+    STDMETHODIMP RestoreBackup(BSTR path) noexcept override;
+    STDMETHODIMP QueryStatus() noexcept override;
 
     // Any object that dispatches, or none.
     STDMETHODIMP get_DataStore(IDispatch** store) noexcept override;
@@ -33,12 +39,34 @@ public:
 
     STDMETHODIMP Wait(long milliseconds, VARIANT_BOOL* ended) noexcept override;
     STDMETHODIMP get_Connected(VARIANT_BOOL* connected) noexcept override;
+    STDMETHODIMP get_Busy(VARIANT_BOOL* busy) noexcept override;
+    STDMETHODIMP get_Succeeded(VARIANT_BOOL* succeeded) noexcept override;
+    STDMETHODIMP get_Message(BSTR* message) noexcept override;
+    STDMETHODIMP get_LastBackup(BSTR* path) noexcept override;
+
+    STDMETHODIMP get_Connection(BSTR* address) noexcept override;
+    STDMETHODIMP put_Connection(BSTR address) noexcept override;
+    STDMETHODIMP get_Faults(BSTR* faults) noexcept override;
+    STDMETHODIMP put_Faults(BSTR faults) noexcept override;
+    STDMETHODIMP get_StateFile(BSTR* path) noexcept override;
+    STDMETHODIMP put_StateFile(BSTR path) noexcept override;
+    STDMETHODIMP get_TraceFile(BSTR* path) noexcept override;
+    STDMETHODIMP put_TraceFile(BSTR path) noexcept override;
+    STDMETHODIMP get_BackupFolder(BSTR* path) noexcept override;
+    STDMETHODIMP put_BackupFolder(BSTR path) noexcept override;
 
 private:
-    void fireExchangeEnded(std::int16_t task, bool succeeded, const std::string& message);
+    void fire(DISPID event, std::span<const Variant> arguments);
+    // What reaches beyond this object (files, ports, other machines) is not for callers that are not trusted.
+    void refuseToTheDistrusted() const;
+    // Changes one of the settings.
+    template <class Change>
+    [[nodiscard]] HRESULT set(Change change) noexcept;
 
-    radio::RadioLinkCore core_;
+    MessageDispatcher dispatcher_;
+    radio::RadioLinkCore core_{dispatcher_};
     ComPointer<IDispatch> store_;
+    std::string faults_;
 };
 
 }  // namespace telvar::com

@@ -1,0 +1,344 @@
+// Every fault at every frame of a send and of a load. Time is virtual and the radio in the same thread, so that what is
+// walked here is walked the same way every time.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "radio/radio_client.h"
+#include "tables.h"
+#include "virtual_clock.h"
+
+namespace telvar::tests {
+namespace {
+
+using namespace std::chrono_literals;
+using radio::Outcome;
+using radio::TableImage;
+
+// Hello, 32 runs of records and a checksum; the same twice with a beginning, 32 runs and a commit between.
+constexpr int framesOfALoad = 2 * (1 + 32 + 1);
+constexpr int framesOfASend = 2 * (1 + 33 + 1 + 32 + 1 + 33);
+
+const radio::Percent nobodyLooks = [](int) {};
+
+class Exchange : public testing::Test {
+protected:
+    Exchange() { EXPECT_TRUE(client.status().succeeded); }
+
+    [[nodiscard]] radio::SimulatedRadio& theRadio() { return *client.connection().simulatedRadio(); }
+    [[nodiscard]] radio::SimulatedLine& line() { return *client.connection().simulatedLine(); }
+
+    void misbehave(const std::string& faults) {
+        const auto plan = radio::parseFaults(faults);
+        ASSERT_TRUE(plan) << plan.error();
+        client.configure({.faults = *plan, .backupFolder = "another"});
+        client.configure({.faults = *plan});
+    }
+
+    [[nodiscard]] Outcome send() {
+        interrupt.reset();
+        theRadio().setTable(former);
+        kept = 0;
+        const auto began = clock.now();
+        const Outcome outcome = client.sendTable(wanted, nobodyLooks);
+        EXPECT_LT(clock.now() - began, 60s);
+        expectTheTruth(outcome);
+        return outcome;
+    }
+
+    // What the sentence says is so.
+    void expectTheTruth(const Outcome& outcome) {
+        const std::string& said = outcome.sentence;
+        EXPECT_TRUE(said.ends_with('.')) << said;
+        const TableImage& held = theRadio().table();
+        if (outcome.succeeded) {
+            EXPECT_EQ(held, wanted);
+            EXPECT_EQ(kept, 1);
+            return;
+        }
+        const auto claims = [&said](const char* what) { return said.find(what) != std::string::npos; };
+        if (claims("took the new table, which could not be verified")) {
+            EXPECT_EQ(held, wanted) << said;
+        } else if (claims("keeps its former table") || claims("nothing was written to the radio")) {
+            EXPECT_EQ(held, former) << said;
+        } else {
+            EXPECT_TRUE(claims("whether the radio took the new table is not known")) << said;
+        }
+    }
+
+    // A load that fails hands nothing over, one that succeeds what the radio holds.
+    [[nodiscard]] Outcome load() {
+        interrupt.reset();
+        theRadio().setTable(former);
+        const auto began = clock.now();
+        const auto [outcome, image] = client.loadTable(nobodyLooks);
+        EXPECT_LT(clock.now() - began, 60s);
+        EXPECT_TRUE(outcome.sentence.ends_with('.')) << outcome.sentence;
+        EXPECT_EQ(image.has_value(), outcome.succeeded);
+        if (image) {
+            EXPECT_EQ(*image, former);
+        }
+        return outcome;
+    }
+
+    VirtualClock clock;
+    os::Interrupt interrupt;
+    int kept = 0;
+    const TableImage& former = sampleImage(1);
+    const TableImage& wanted = sampleImage(2);
+    radio::RadioClient client{clock, interrupt, [this](const std::string&, const TableImage& image) {
+                                  EXPECT_EQ(image, former);
+                                  ++kept;
+                                  return std::expected<std::string, os::FileError>("kept");
+                              }};
+};
+
+TEST_F(Exchange, HasAsManyFramesAsItsWalkGoesThrough) {
+    misbehave("");
+    EXPECT_TRUE(send().succeeded);
+    EXPECT_EQ(line().frames(), framesOfASend);
+    EXPECT_TRUE(load().succeeded);
+    EXPECT_EQ(line().frames(), framesOfALoad);
+}
+
+// Single faults that repetitions make good.
+class PassingFault : public Exchange, public testing::WithParamInterface<const char*> {};
+
+TEST_P(PassingFault, AtAnyFrameOfASendIsMadeGood) {
+    for (int frame = 1; frame <= framesOfASend; ++frame) {
+        misbehave(GetParam() + std::string("@") + std::to_string(frame));
+        const auto outcome = send();
+        EXPECT_TRUE(outcome.succeeded) << "frame " << frame << ": " << outcome.sentence;
+    }
+}
+
+TEST_P(PassingFault, AtAnyFrameOfALoadIsMadeGood) {
+    for (int frame = 1; frame <= framesOfALoad; ++frame) {
+        misbehave(GetParam() + std::string("@") + std::to_string(frame));
+        const auto outcome = load();
+        EXPECT_TRUE(outcome.succeeded) << "frame " << frame << ": " << outcome.sentence;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, PassingFault,
+                         testing::Values("drop", "repeat", "cut", "noise", "reorder", "echo", "delay:400", "delay:2000",
+                                         "delay:7000"),
+                         [](const auto& tested) {
+                             std::string name = tested.param;
+                             std::erase(name, ':');
+                             return name;
+                         });
+
+// Faults that come again and again, and still leave enough through.
+class FrequentFault : public Exchange, public testing::WithParamInterface<const char*> {};
+
+TEST_P(FrequentFault, IsMadeGood) {
+    misbehave(GetParam());
+    const auto sent = send();
+    EXPECT_TRUE(sent.succeeded) << sent.sentence;
+    const auto loaded = load();
+    EXPECT_TRUE(loaded.succeeded) << loaded.sentence;
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, FrequentFault,
+                         testing::Values("drop/5", "drop/3", "repeat/1", "cut/5", "noise/5", "noise/3", "reorder/5",
+                                         "echo", "delay", "delay:1400", "drop/7,noise/5,repeat/3,cut/11,echo"),
+                         [](const auto& tested) { return std::to_string(tested.index); });
+
+TEST_F(Exchange, ASilenceFromAnyFrameOnEndsASendWithoutAFalseWord) {
+    for (int frame = 1; frame <= framesOfASend; ++frame) {
+        misbehave("silence@" + std::to_string(frame) + "+");
+        const auto outcome = send();
+        EXPECT_FALSE(outcome.succeeded);
+        EXPECT_TRUE(outcome.sentence.starts_with("The radio does not answer; ")) << outcome.sentence;
+    }
+}
+
+TEST_F(Exchange, ASilenceFromAnyFrameOnEndsALoadWithOneSentence) {
+    for (int frame = 1; frame <= framesOfALoad; ++frame) {
+        misbehave("silence@" + std::to_string(frame) + "+");
+        EXPECT_EQ(load(), (Outcome{false, "The radio does not answer; the table here was not changed."}));
+    }
+}
+
+TEST_F(Exchange, NoiseFromAnyFrameOnEndsWithoutAFalseWord) {
+    for (int frame = 1; frame <= framesOfASend; ++frame) {
+        misbehave("noise@" + std::to_string(frame) + "+");
+        EXPECT_FALSE(send().succeeded);
+    }
+}
+
+TEST_F(Exchange, ACutOfEveryFrameEndsWithoutAFalseWord) {
+    for (int frame = 1; frame <= framesOfASend; ++frame) {
+        misbehave("cut@" + std::to_string(frame) + "+");
+        EXPECT_FALSE(send().succeeded);
+    }
+}
+
+TEST_F(Exchange, AnswersThatAlwaysComeTooLateEndWithoutAFalseWord) {
+    for (int frame = 1; frame <= framesOfASend; frame += 7) {
+        misbehave("delay:60000@" + std::to_string(frame) + "+");
+        EXPECT_FALSE(send().succeeded);
+    }
+}
+
+// The radio comes back within the patience of the next question; what it holds is then known.
+TEST_F(Exchange, APowerFailureAtAnyFrameOfASendLeavesNoDoubt) {
+    for (int frame = 1; frame <= framesOfASend; ++frame) {
+        misbehave("power@" + std::to_string(frame));
+        const auto outcome = send();
+        EXPECT_EQ(outcome.sentence.find("not known"), std::string::npos) << frame << ": " << outcome.sentence;
+        EXPECT_FALSE(theRadio().writing());
+    }
+}
+
+TEST_F(Exchange, APowerFailureAtAnyFrameOfALoadChangesNothing) {
+    for (int frame = 1; frame <= framesOfALoad; ++frame) {
+        misbehave("power@" + std::to_string(frame));
+        const auto outcome = load();
+        EXPECT_TRUE(outcome.succeeded || outcome.sentence.ends_with("; the table here was not changed."))
+            << outcome.sentence;
+    }
+}
+
+TEST_F(Exchange, APowerFailureAfterTheCommitIsOvercome) {
+    // The answer to the commit is frame 136: the radio has the table, and nobody was told.
+    misbehave("power@136");
+    const auto outcome = send();
+    EXPECT_TRUE(outcome.succeeded) << outcome.sentence;
+}
+
+TEST_F(Exchange, AnotherRadioIsNotWrittenTo) {
+    misbehave("identity");
+    EXPECT_EQ(send(), (Outcome{false, "What answers is not a Telvar radio: it calls itself \"BASALT\"; nothing was "
+                                      "written to the radio."}));
+    EXPECT_EQ(kept, 0);
+    EXPECT_EQ(load(), (Outcome{false, "What answers is not a Telvar radio: it calls itself \"BASALT\"; the table here "
+                                      "was not changed."}));
+}
+
+TEST_F(Exchange, ALineThatOnlyEchoesIsTold) {
+    misbehave("echo,silence");
+    EXPECT_EQ(load(), (Outcome{false, "The line returns what is sent, and no radio answers; the table here was not "
+                                      "changed."}));
+}
+
+TEST_F(Exchange, AnAbortAtAnyFrameOfASendEndsItWithoutAFalseWord) {
+    for (int frame = 1; frame <= framesOfASend; ++frame) {
+        misbehave("");
+        ASSERT_TRUE(client.status().succeeded);
+        line().onFrame = [&](int now) {
+            if (now == frame) {
+                line().onFrame = nullptr;
+                interrupt.raise();
+            }
+        };
+        const auto outcome = send();
+        EXPECT_TRUE(outcome.sentence.starts_with("The exchange was aborted; ")) << frame << ": " << outcome.sentence;
+        EXPECT_EQ(outcome.sentence.find("not known"), std::string::npos) << frame << ": " << outcome.sentence;
+        EXPECT_FALSE(theRadio().writing());
+    }
+}
+
+TEST_F(Exchange, AnAbortAtAnyFrameOfALoadEndsIt) {
+    for (int frame = 1; frame <= framesOfALoad; ++frame) {
+        misbehave("");
+        ASSERT_TRUE(client.status().succeeded);
+        line().onFrame = [&](int now) {
+            if (now == frame) {
+                line().onFrame = nullptr;
+                interrupt.raise();
+            }
+        };
+        EXPECT_EQ(load(), (Outcome{false, "The exchange was aborted; the table here was not changed."}));
+    }
+}
+
+TEST_F(Exchange, ARadioThatHoldsSomethingElseIsTold) {
+    misbehave("");
+    ASSERT_TRUE(client.status().succeeded);
+    line().onFrame = [&](int now) {
+        // The commit is confirmed; somebody else changes the table before it is read back.
+        if (now == framesOfALoad + 2 + 64 + 2) {
+            TableImage changed = wanted;
+            changed[6][0] ^= 1;
+            changed[7][0] ^= 1;
+            theRadio().setTable(changed);
+        }
+    };
+    theRadio().setTable(former);
+    EXPECT_EQ(client.sendTable(wanted, nobodyLooks),
+              (Outcome{false, "The radio holds something else than was sent in channels 7 and 8."}));
+}
+
+TEST_F(Exchange, ATableThatChangesWhileItIsReadIsTold) {
+    misbehave("");
+    ASSERT_TRUE(client.status().succeeded);
+    line().onFrame = [&](int now) {
+        if (now == 20) {
+            theRadio().setTable(wanted);
+        }
+    };
+    EXPECT_EQ(load(), (Outcome{false, "The radio's table changed while it was read; the table here was not changed."}));
+}
+
+TEST_F(Exchange, WhatCannotBeKeptIsNotOverwritten) {
+    radio::RadioClient refusing(clock, interrupt, [](const std::string&, const TableImage&) {
+        return std::expected<std::string, os::FileError>(std::unexpect, os::FileError{"place", "No space left"});
+    });
+    ASSERT_TRUE(refusing.status().succeeded);
+    const auto before = refusing.connection().simulatedRadio()->table();
+    EXPECT_EQ(refusing.sendTable(wanted, nobodyLooks),
+              (Outcome{false, "What the radio holds cannot be kept (place: No space left); nothing was written to the "
+                              "radio."}));
+    EXPECT_EQ(refusing.connection().simulatedRadio()->table(), before);
+}
+
+TEST_F(Exchange, ARecordWithoutMeaningIsNotLoaded) {
+    TableImage bent = former;
+    bent[8][59] = 0xFF;
+    misbehave("");
+    theRadio().setTable(bent);
+    const auto [outcome, image] = client.loadTable(nobodyLooks);
+    EXPECT_EQ(outcome, (Outcome{false, "The radio holds something unusable in channel 9 (P25TxNetworkAccessCode); the "
+                                       "table here was not changed."}));
+    EXPECT_FALSE(image);
+}
+
+TEST_F(Exchange, ProgressGrowsToTheEnd) {
+    misbehave("");
+    std::vector<int> seen;
+    theRadio().setTable(former);
+    ASSERT_TRUE(client.sendTable(wanted, [&](int percent) { seen.push_back(percent); }).succeeded);
+    EXPECT_TRUE(std::ranges::is_sorted(seen));
+    EXPECT_EQ(seen.front(), 0);
+    EXPECT_EQ(seen.back(), 100);
+    EXPECT_GT(seen.size(), 90U);
+}
+
+TEST_F(Exchange, AStatusIsAskedOnceAndBriefly) {
+    misbehave("");
+    EXPECT_EQ(client.status(), (Outcome{true, "Simulated radio, serial number 000001, on channel 1."}));
+    misbehave("silence");
+    const auto began = clock.now();
+    EXPECT_EQ(client.status(), (Outcome{false, "The radio does not answer."}));
+    EXPECT_EQ(clock.now() - began, 1s);
+}
+
+TEST_F(Exchange, ARadioThatWasSwitchedOffBetweenTwoExchangesIsGreetedAgain) {
+    misbehave("");
+    ASSERT_TRUE(client.selectChannel(7).succeeded);
+    EXPECT_EQ(theRadio().selected(), 7);
+    theRadio().losePower();
+    EXPECT_TRUE(client.selectChannel(255).succeeded);
+    EXPECT_EQ(theRadio().selected(), 255);
+    EXPECT_TRUE(client.setLevels({1, 2, 254, 255}).succeeded);
+    EXPECT_EQ(theRadio().levels(), (radio::Levels{1, 2, 254, 255}));
+}
+
+}  // namespace
+}  // namespace telvar::tests
