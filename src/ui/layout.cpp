@@ -68,7 +68,10 @@ public:
     }
 };
 
-// Parts one behind the other: along the row's width or the column's height.
+[[nodiscard]] bool isSpring(const Layout& part) { return dynamic_cast<const Spring*>(part.get()) != nullptr; }
+
+// Parts one behind the other: along the row's width or the column's height. A spring is nothing but room along the
+// line: it has no distance of its own, and does not make the line grow across.
 class Line final : public LayoutPart {
 public:
     enum class Direction : std::uint8_t { Row, Column };
@@ -82,7 +85,7 @@ public:
         int across = 0;
         bool first = true;
         for (const Layout& part : parts_) {
-            if (!part->present()) {
+            if (!part->present() || isSpring(part)) {
                 continue;
             }
             const Size size = part->wanted(metrics);
@@ -91,37 +94,37 @@ public:
         }
         return row_ ? Size{along, across} : Size{across, along};
     }
-    [[nodiscard]] bool growsWide() const noexcept override { return anyGrows(&LayoutPart::growsWide); }
-    [[nodiscard]] bool growsHigh() const noexcept override {
-        return std::ranges::any_of(parts_, [](const Layout& part) {
-            return part->present() && part->growsHigh() && dynamic_cast<const Spring*>(part.get()) == nullptr;
-        });
-    }
+    [[nodiscard]] bool growsWide() const noexcept override { return anyGrows(&LayoutPart::growsWide, row_); }
+    [[nodiscard]] bool growsHigh() const noexcept override { return anyGrows(&LayoutPart::growsHigh, !row_); }
     void arrange(const Rect& at, const Metrics& metrics) const override {
         const Size size = wanted(metrics);
-        const int over = std::max(row_ ? at.width() - size.width : at.height() - size.height, 0);
+        int over = std::max(row_ ? at.width() - size.width : at.height() - size.height, 0);
         const auto grows = [&](const Layout& part) {
             return part->present() && (row_ ? part->growsWide() : part->growsHigh());
         };
-        const int growing = static_cast<int>(std::ranges::count_if(parts_, grows));
+        auto growing = static_cast<int>(std::ranges::count_if(parts_, grows));
         int position = row_ ? at.left : at.top;
         for (const Layout& part : parts_) {
             if (!part->present()) {
                 continue;
             }
             const Size own = part->wanted(metrics);
-            const int extent = (row_ ? own.width : own.height) + (growing > 0 && grows(part) ? over / growing : 0);
+            // What does not divide evenly goes to the last ones.
+            const int share = grows(part) ? over / growing-- : 0;
+            over -= share;
+            const int extent = (row_ ? own.width : own.height) + share;
             part->arrange(row_ ? Rect{position, at.top, position + extent, at.bottom}
                                : Rect{at.left, position, at.right, position + extent},
                           metrics);
-            position += extent + pixels(distance_, metrics);
+            position += extent + (isSpring(part) ? 0 : pixels(distance_, metrics));
         }
     }
 
 private:
-    [[nodiscard]] bool anyGrows(bool (LayoutPart::*grows)() const noexcept) const noexcept {
-        return std::ranges::any_of(parts_,
-                                   [grows](const Layout& part) { return part->present() && ((*part).*grows)(); });
+    [[nodiscard]] bool anyGrows(bool (LayoutPart::*grows)() const noexcept, bool along) const {
+        return std::ranges::any_of(parts_, [grows, along](const Layout& part) {
+            return part->present() && ((*part).*grows)() && (along || !isSpring(part));
+        });
     }
 
     LayoutParts parts_;
@@ -147,7 +150,10 @@ public:
     void arrange(const Rect& at, const Metrics& metrics) const override {
         auto widths = this->widths(metrics);
         const auto heights = this->heights(metrics);
-        widths.back() += std::max(at.width() - lengthOf(widths, metrics.gap()), 0);
+        const auto last = std::find_if(widths.rbegin(), widths.rend(), [](int width) { return width > 0; });
+        if (last != widths.rend()) {
+            *last += std::max(at.width() - lengthOf(widths, metrics.gap()), 0);
+        }
         int top = at.top;
         for (std::size_t row = 0; row < heights.size(); ++row) {
             int left = at.left;
@@ -201,6 +207,12 @@ public:
     explicit Overlay(LayoutParts parts) : parts_(std::move(parts)) {}
 
     [[nodiscard]] bool present() const noexcept override { return true; }
+    [[nodiscard]] bool growsWide() const noexcept override {
+        return std::ranges::any_of(parts_, [](const Layout& part) { return part->growsWide(); });
+    }
+    [[nodiscard]] bool growsHigh() const noexcept override {
+        return std::ranges::any_of(parts_, [](const Layout& part) { return part->growsHigh(); });
+    }
     [[nodiscard]] Size wanted(const Metrics& metrics) const override {
         Size largest;
         for (const Layout& part : parts_) {
@@ -264,6 +276,9 @@ public:
     [[nodiscard]] bool present() const noexcept override { return count() > 0; }
     [[nodiscard]] bool growsWide() const noexcept override { return true; }
     [[nodiscard]] Size wanted(const Metrics& metrics) const override {
+        if (!present()) {
+            return {};
+        }
         const Size one = largest(metrics);
         return {count() * (one.width + metrics.smallGap()) - metrics.smallGap(), one.height};
     }
