@@ -342,7 +342,8 @@ TEST_F(FillDialog, OkAsksItsOwnerAndCancelOnlyHides) {
     EXPECT_EQ(asked, 1);
     EXPECT_FALSE(desktop.isOpen(form));
     EXPECT_EQ(tableText(*table), before);
-    EXPECT_EQ(tableText(*backup), tableText(model::MemoryDataStore()));
+    model::MemoryDataStore empty;
+    EXPECT_EQ(tableText(*backup), tableText(empty));
 }
 
 TEST_F(FillDialog, ASeriesGrowsByItsStepInWholeHertz) {
