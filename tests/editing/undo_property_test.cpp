@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "editing/frmFill.h"
 #include "editing_world.h"
 
 namespace telvar::tests {
@@ -50,8 +51,8 @@ private:
     Rows rows_{};
 };
 
-enum class Operation : std::uint8_t { Paste, RefusedPaste, Delete, Undo, Redo, ChangeP25Key };
-constexpr int operationCount = 6;
+enum class Operation : std::uint8_t { Paste, RefusedPaste, Delete, Undo, Redo, ChangeP25Key, Fill };
+constexpr int operationCount = 7;
 
 // The rules once more, in whole megahertz: frequencies are backed up, talk groups are not.
 struct Model {
@@ -93,6 +94,8 @@ protected:
     Sequences() {
         store = live;
         history.setTables(backedUp, toRedo);
+        dialog.setCentralDataStore(live);
+        dialog.step_val.setText("1000");
         for (std::int16_t row = firstRow; row < firstRow + static_cast<std::int16_t>(rowsOfModel); ++row) {
             EditingWorld::render(row);
         }
@@ -142,6 +145,9 @@ protected:
             live->channel(static_cast<std::int16_t>(row))
                 .put(ChannelKey::P25TalkgroupID, base::textValue(model.talkgroups[at]));
             break;
+        case Operation::Fill:
+            fillTwo(at, row, value, frequencies);
+            break;
         }
         trace += " " + std::to_string(static_cast<int>(operation));
     }
@@ -175,6 +181,20 @@ protected:
             model.talkgroups[at] = "0" + number;
         }
         model.undo();
+    }
+
+    // One channel after the other, a megahertz apart.
+    void fillTwo(std::size_t at, int row, int value, bool transmitter) {
+        dialog.setChannels(row, row + 1);
+        dialog.start_freq_val.setText(std::to_string(value));
+        dialog.module_sel[transmitter ? 0 : 1].setValue(true);
+        dialog.fill();
+        model.takeBackup();
+        for (const std::size_t channel : {at, at + 1}) {
+            auto& frequencies = model.live[channel];
+            (transmitter ? frequencies.transmit : frequencies.receive) = value + static_cast<int>(channel - at);
+            renderedInModel(channel);
+        }
     }
 
     // One comparison, so that thousands of steps cost little.
@@ -255,6 +275,7 @@ protected:
     std::shared_ptr<SmallTable> live = std::make_shared<SmallTable>();
     std::shared_ptr<SmallTable> backedUp = std::make_shared<SmallTable>();
     std::shared_ptr<SmallTable> toRedo = std::make_shared<SmallTable>();
+    editing::frmFill dialog{surroundings, history};
     Model model;
     int step = 0;
     int steps = 0;
