@@ -21,25 +21,39 @@ constexpr std::size_t longestList = 20;
 constexpr wchar_t dialogClass[] = L"#32770";
 constexpr wchar_t menuClass[] = L"#32768";
 
+using IsWanted = bool (*)(HWND window) noexcept;
+
 struct Search {
-    std::wstring_view className;
+    IsWanted wanted;
     HWND found = nullptr;
 };
 
 BOOL CALLBACK findVisible(HWND window, LPARAM data) noexcept {
     auto& search = *reinterpret_cast<Search*>(data);
-    std::array<wchar_t, 16> name{};
-    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    if (IsWindowVisible(window) && search.className == name.data()) {
+    if (IsWindowVisible(window) && search.wanted(window)) {
         search.found = window;
     }
     return search.found == nullptr;
 }
 
-HWND topmost(std::wstring_view className) noexcept {
-    Search search{className};
+HWND findWindow(IsWanted wanted) noexcept {
+    Search search{wanted};
     EnumThreadWindows(GetCurrentThreadId(), findVisible, reinterpret_cast<LPARAM>(&search));
     return search.found;
+}
+
+bool hasClass(HWND window, std::wstring_view className) noexcept {
+    std::array<wchar_t, 16> name{};
+    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    return className == name.data();
+}
+
+bool isMenu(HWND window) noexcept { return hasClass(window, menuClass); }
+
+// The control's own forms are no dialogs of the system's; like these they disable whom they belong to.
+bool isDialog(HWND window) noexcept {
+    const HWND owner = GetWindow(window, GW_OWNER);
+    return IsWindowEnabled(window) && (hasClass(window, dialogClass) || (owner != nullptr && !IsWindowEnabled(owner)));
 }
 
 BOOL CALLBACK addText(HWND child, LPARAM collected) noexcept {
@@ -70,9 +84,9 @@ Walk::~Walk() {
     }
 }
 
-HWND Walk::dialog() noexcept { return topmost(dialogClass); }
+HWND Walk::dialog() noexcept { return findWindow(isDialog); }
 
-bool Walk::menuShows() noexcept { return topmost(menuClass) != nullptr; }
+bool Walk::menuShows() noexcept { return findWindow(isMenu) != nullptr; }
 
 void Walk::start(std::vector<WalkStep> steps) {
     steps_ = std::move(steps);

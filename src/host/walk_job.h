@@ -1,0 +1,73 @@
+// What the steps of the main job share: the program, what they have seen of it so far, and how they look at it. The
+// steps themselves are in walk_steps.cpp, those that edit the table in walk_editing.cpp.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Tesslin.h"
+#include "com/kit/pointer.h"
+#include "host/table_copy.h"
+#include "host/walk.h"
+
+namespace telvar::host {
+
+// The frequency that the steps look at and change.
+inline constexpr int transmitColumn = 1;
+
+class WalkJob {
+public:
+    WalkJob(MainWindow& window, std::wstring sample, const std::wstring& folder)
+        : window_(window), sample_(std::move(sample)), copy_(folder + L"\\walk-copy.telvar") {
+        DeleteFileW(copy_.c_str());
+    }
+
+    [[nodiscard]] std::vector<WalkStep> steps();
+
+private:
+    using Lines = std::vector<std::wstring>;
+
+    WalkStep startStep();
+    void addOpening(std::vector<WalkStep>& steps);
+    void addScrolling(std::vector<WalkStep>& steps);
+    void addChange(std::vector<WalkStep>& steps);
+    void addEditing(std::vector<WalkStep>& steps);
+    void addPasswords(std::vector<WalkStep>& steps);
+    void addLogin(std::vector<WalkStep>& steps);
+    void addFill(std::vector<WalkStep>& steps);
+    void addSaving(std::vector<WalkStep>& steps);
+    void addReopening(std::vector<WalkStep>& steps);
+    WalkStep endStep();
+
+    [[nodiscard]] com::ComPointer<IChannelGrid> grid() const;
+    [[nodiscard]] std::wstring cell(int row, int column) const;
+    [[nodiscard]] long gridNumber(HRESULT (STDMETHODCALLTYPE IChannelGrid::*property)(long*)) const;
+    [[nodiscard]] long currentRow() const { return gridNumber(&IChannelGrid::get_CurrentRow); }
+    [[nodiscard]] long topRow() const { return gridNumber(&IChannelGrid::get_TopRow); }
+    [[nodiscard]] std::wstring title() const;
+    [[nodiscard]] bool opened(const std::wstring& path) const;
+    [[nodiscard]] bool idle() const { return Walk::dialog() == nullptr; }
+
+    Lines checkOpened();
+    Lines checkCells();
+    Lines checkPasted();
+    Lines checkFilled();
+    Lines checkUnchanged();
+    void changeFrequency();
+    static void enterFileName(const std::wstring& path);
+
+    MainWindow& window_;
+    std::wstring sample_;
+    std::wstring copy_;
+    std::string sampleBytes_;
+    TableCopy expected_;
+    int changedChannel_ = 0;
+    std::wstring changedText_;
+};
+
+[[nodiscard]] std::string contentsOf(const std::wstring& path);
+// One sentence where the two differ.
+[[nodiscard]] std::vector<std::wstring> expectEqual(const std::wstring& what, const std::wstring& expected,
+                                                    const std::wstring& found);
+
+}  // namespace telvar::host
