@@ -156,7 +156,8 @@ void MemoryDataStore::EnterChannelSelect() {}
 
 bool MemoryDataStore::AutomaticSelect(std::int16_t /*query*/) { return automaticSelect_; }
 
-bool MemoryDataStore::CheckKey(std::int16_t code) { return code >= '0' && code <= '9'; }
+// The sign as well: a step may be negative.
+bool MemoryDataStore::CheckKey(std::int16_t code) { return (code >= '0' && code <= '9') || code == '-'; }
 
 float MemoryDataStore::CtcssTone(std::int16_t index) { return ctcssTones[position(index, ctcssToneCount)]; }
 

@@ -276,10 +276,10 @@ TEST(MemoryStore, StagesFourLevels) {
     }
 }
 
-TEST(MemoryStore, OnlyDigitsMayEnterANumericField) {
+TEST(MemoryStore, OnlyDigitsAndTheSignMayEnterANumericField) {
     MemoryDataStore store;
     for (int code = -1; code <= 300; ++code) {
-        EXPECT_EQ(store.CheckKey(static_cast<std::int16_t>(code)), code >= 48 && code <= 57) << code;
+        EXPECT_EQ(store.CheckKey(static_cast<std::int16_t>(code)), (code >= 48 && code <= 57) || code == 45) << code;
     }
 }
 
