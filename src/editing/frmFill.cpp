@@ -93,12 +93,16 @@ void frmFill::arrange() {
 }
 
 void frmFill::wire() {
+    ui::on(start_chan_val.GotFocus, this, &frmFill::start_chan_val_GotFocus);
     ui::on(start_chan_val.KeyPress, this, &frmFill::start_chan_val_KeyPress);
     ui::on(start_chan_val.LostFocus, this, &frmFill::start_chan_val_LostFocus);
+    ui::on(end_chan_val.GotFocus, this, &frmFill::end_chan_val_GotFocus);
     ui::on(end_chan_val.KeyPress, this, &frmFill::end_chan_val_KeyPress);
     ui::on(end_chan_val.LostFocus, this, &frmFill::end_chan_val_LostFocus);
+    ui::on(start_freq_val.GotFocus, this, &frmFill::start_freq_val_GotFocus);
     ui::on(start_freq_val.KeyPress, this, &frmFill::start_freq_val_KeyPress);
     ui::on(start_freq_val.LostFocus, this, &frmFill::start_freq_val_LostFocus);
+    ui::on(step_val.GotFocus, this, &frmFill::step_val_GotFocus);
     ui::on(step_val.KeyPress, this, &frmFill::step_val_KeyPress);
     ui::on(step_val.LostFocus, this, &frmFill::step_val_LostFocus);
     ui::on(ok_but.Click, this, &frmFill::ok_but_Click);
@@ -128,6 +132,13 @@ void frmFill::setChannels(int first, int last) {
     start_chan_val.setText(std::to_string(first));
     end_chan_val.setText(std::to_string(last));
 }
+
+// -- entering a field: what is typed takes the place of what stands there --------------------------------------------
+
+void frmFill::start_chan_val_GotFocus() { start_chan_val.selectAll(); }
+void frmFill::end_chan_val_GotFocus() { end_chan_val.selectAll(); }
+void frmFill::start_freq_val_GotFocus() { start_freq_val.selectAll(); }
+void frmFill::step_val_GotFocus() { step_val.selectAll(); }
 
 // -- key filters -----------------------------------------------------------------------------------------------------
 

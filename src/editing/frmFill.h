@@ -55,12 +55,16 @@ public:
     ui::Button cancel_but{"cancel_but"};
 
 private:
+    void start_chan_val_GotFocus();
     void start_chan_val_KeyPress(ui::KeyPressEvent& event);
     void start_chan_val_LostFocus();
+    void end_chan_val_GotFocus();
     void end_chan_val_KeyPress(ui::KeyPressEvent& event);
     void end_chan_val_LostFocus();
+    void start_freq_val_GotFocus();
     void start_freq_val_KeyPress(ui::KeyPressEvent& event);
     void start_freq_val_LostFocus();
+    void step_val_GotFocus();
     void step_val_KeyPress(ui::KeyPressEvent& event);
     void step_val_LostFocus();
     void ok_but_Click();

@@ -158,14 +158,23 @@ TEST_F(FillDialog, AlignsLabelsAndFieldsAndKeepsEverythingInside) {
     }
 }
 
+TEST_F(FillDialog, EnteredFieldsAreSelectedWhole) {
+    for (auto* box : boxes4()) {
+        box->setText("12345");
+        box->setFocus();
+        EXPECT_EQ(box->selStart(), 0) << box->name();
+        EXPECT_EQ(box->selLength(), 5) << box->name();
+    }
+}
+
 // -- key filters -----------------------------------------------------------------------------------------------------
 
 TEST_F(FillDialog, FieldsTakeWhatTheStoreAcceptsAndBackspace) {
     for (auto* box : boxes4()) {
         for (int code = 1; code < 300; ++code) {
-            const bool digit = code >= '0' && code <= '9';
+            const bool number = (code >= '0' && code <= '9') || code == '-';
             const bool separator = code == '.' && (box == &form.start_freq_val || box == &form.step_val);
-            EXPECT_EQ(passes(*box, code), digit || separator || code == backspace) << box->name() << " " << code;
+            EXPECT_EQ(passes(*box, code), number || separator || code == backspace) << box->name() << " " << code;
         }
         EXPECT_FALSE(passes(*box, 0x1F600)) << box->name();
     }
@@ -178,7 +187,7 @@ TEST_F(FillDialog, TheStoreIsAskedForEveryKeyButBackspaceAndTheSeparator) {
     EXPECT_FALSE(passes(form.end_chan_val, '.'));
     EXPECT_TRUE(passes(form.start_freq_val, '.'));
     EXPECT_TRUE(passes(form.step_val, backspace));
-    EXPECT_FALSE(passes(form.step_val, '-'));
+    EXPECT_TRUE(passes(form.step_val, '-'));
     EXPECT_EQ(recording->calls(), (std::vector<std::string>{"CheckKey(55)", "CheckKey(46)", "CheckKey(45)"}));
 }
 
