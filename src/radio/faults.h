@@ -1,6 +1,6 @@
 // How a simulated line misbehaves, as a plan that can be written as text. "drop@12" loses the twelfth frame once,
-// "drop@12+" every frame from the twelfth on, "drop/5" every fifth one. Frames of both directions are counted together,
-// beginning with the greeting that opens a session.
+// "drop@12+" every frame from the twelfth on, for good, "drop/5" every fifth one. Frames of both directions are counted
+// together, beginning anew with the greeting that opens a session.
 #pragma once
 
 #include <array>

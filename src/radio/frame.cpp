@@ -1,10 +1,22 @@
 #include "radio/frame.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "radio/crc32.h"
 
 namespace telvar::radio {
+
+namespace {
+
+// The part in front of the first flag or escape.
+[[nodiscard]] ByteView upToSpecial(ByteView bytes) {
+    const auto end =
+        std::ranges::find_if(bytes, [](std::uint8_t byte) { return byte == frameFlag || byte == frameEscape; });
+    return bytes.first(static_cast<std::size_t>(end - bytes.begin()));
+}
+
+}  // namespace
 
 Bytes encoded(const Frame& frame) {
     Bytes content;
@@ -19,12 +31,14 @@ Bytes encoded(const Frame& frame) {
     Bytes line;
     line.reserve(content.size() + content.size() / 16 + 2);
     line.push_back(frameFlag);
-    for (const std::uint8_t byte : content) {
-        if (byte == frameFlag || byte == frameEscape) {
+    for (ByteView rest = content; !rest.empty();) {
+        const ByteView plain = upToSpecial(rest);
+        line.insert(line.end(), plain.begin(), plain.end());
+        rest = rest.subspan(plain.size());
+        if (!rest.empty()) {
             line.push_back(frameEscape);
-            line.push_back(byte ^ escapeMask);
-        } else {
-            line.push_back(byte);
+            line.push_back(rest.front() ^ escapeMask);
+            rest = rest.subspan(1);
         }
     }
     line.push_back(frameFlag);
@@ -32,17 +46,33 @@ Bytes encoded(const Frame& frame) {
 }
 
 void FrameDecoder::push(ByteView bytes) {
-    for (const std::uint8_t byte : bytes) {
-        if (byte == frameFlag) {
-            end();
-        } else if (content_.size() == largestContent) {
-            lost_ = true;
-        } else if (byte == frameEscape && !escaped_) {
-            escaped_ = true;
-        } else {
-            content_.push_back(escaped_ ? byte ^ escapeMask : byte);
-            escaped_ = false;
+    while (!bytes.empty()) {
+        const ByteView plain = upToSpecial(bytes);
+        take(plain);
+        bytes = bytes.subspan(plain.size());
+        if (bytes.empty()) {
+            return;
         }
+        if (bytes.front() == frameFlag) {
+            end();
+        } else if (escaped_) {
+            take(bytes.first(1));
+        } else {
+            escaped_ = true;
+        }
+        bytes = bytes.subspan(1);
+    }
+}
+
+void FrameDecoder::take(ByteView bytes) {
+    if (content_.size() + bytes.size() > largestContent) {
+        lost_ = true;
+        return;
+    }
+    const auto before = content_.size();
+    content_.insert(content_.end(), bytes.begin(), bytes.end());
+    if (!bytes.empty() && std::exchange(escaped_, false)) {
+        content_[before] ^= escapeMask;
     }
 }
 

@@ -62,6 +62,7 @@ public:
 
 private:
     void end();
+    void take(ByteView bytes);
 
     Bytes content_;
     bool escaped_ = false;

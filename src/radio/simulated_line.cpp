@@ -1,5 +1,6 @@
 #include "radio/simulated_line.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace telvar::radio {
@@ -26,9 +27,12 @@ SimulatedLine::SimulatedLine(SimulatedRadio& radio, FaultPlan faults) : radio_(r
 }
 
 void SimulatedLine::send(ByteView bytes, LinkTime now) {
-    for (const std::uint8_t byte : bytes) {
-        unfinished_.push_back(byte);
-        if (byte != frameFlag || unfinished_.size() == 1) {
+    while (!bytes.empty()) {
+        const auto flag = std::ranges::find(bytes, frameFlag);
+        const auto length = static_cast<std::size_t>(flag - bytes.begin()) + (flag == bytes.end() ? 0 : 1);
+        unfinished_.insert(unfinished_.end(), bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length));
+        bytes = bytes.subspan(length);
+        if (unfinished_.back() != frameFlag || unfinished_.size() == 1) {
             continue;
         }
         if (unfinished_.size() == 2 && unfinished_.front() == frameFlag) {
@@ -109,14 +113,15 @@ void SimulatedLine::count(Direction direction, const Bytes& frame) {
 const Fault* SimulatedLine::hit(FaultKind kind) {
     for (Planned& planned : faults_) {
         const Fault& fault = planned.fault;
-        if (fault.kind != kind || planned.spent) {
+        if (fault.kind != kind || planned.reached == Reached::Over) {
             continue;
         }
-        const bool now = fault.span == FaultSpan::Every         ? frames_ % fault.frame == 0
-                         : fault.span == FaultSpan::FromThereOn ? frames_ >= fault.frame
-                                                                : frames_ == fault.frame;
+        const bool now = fault.span == FaultSpan::Every ? frames_ % fault.frame == 0
+                                                        : frames_ == fault.frame || planned.reached == Reached::Lasting;
         if (now) {
-            planned.spent = fault.span == FaultSpan::Once;
+            planned.reached = fault.span == FaultSpan::Once          ? Reached::Over
+                              : fault.span == FaultSpan::FromThereOn ? Reached::Lasting
+                                                                     : Reached::NotYet;
             return &fault;
         }
     }

@@ -45,14 +45,15 @@ private:
         Direction direction;
         Bytes bytes;
     };
+    enum class Reached : std::uint8_t { NotYet, Lasting, Over };
     struct Planned {
         Fault fault;
-        bool spent = false;
+        Reached reached = Reached::NotYet;
     };
 
     void pass(Direction direction, const Bytes& frame, LinkTime now);
     void count(Direction direction, const Bytes& frame);
-    // The fault of that kind that hits the present frame, which is then spent if it is for once.
+    // The fault of that kind that hits the present frame, which is over then if it is for once.
     [[nodiscard]] const Fault* hit(FaultKind kind);
     void failPower(LinkTime now);
     void damage(Bytes& frame);
