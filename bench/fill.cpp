@@ -5,60 +5,33 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "control/channel_information.h"
 #include "editing/columns.h"
 #include "editing/table_copy.h"
 #include "model/memory_data_store.h"
-#include "support/store_decorator.h"
+#include "store_calls.h"
 #include "support/test_desktop.h"
 
 namespace {
 
 using namespace telvar;
 
-// Every channel configured, so that every column is read.
-[[nodiscard]] std::shared_ptr<model::MemoryDataStore> filledTable() {
-    auto store = std::make_shared<model::MemoryDataStore>();
-    for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-        store->channel(channel).put(model::ChannelKey::TxFreq, std::int32_t{450'000'000 + 12'500 * (channel - 1)});
-        store->channel(channel).put(model::ChannelKey::RxFreq, std::int32_t{455'000'000 + 12'500 * channel});
-        store->channel(channel).put(model::ChannelKey::TxSub, 67.0F);
-    }
-    return store;
-}
-
-// Notes what rendering asks of the store.
-class ReadList final : public tests::StoreDecorator {
-public:
-    using StoreDecorator::StoreDecorator;
-    std::vector<tests::StoreCall> reads;
-
-protected:
-    void onCall(const tests::StoreCall& call) override { reads.push_back(call); }
-};
-
 void storeCallsOfAFill(benchmark::State& state) {
-    const auto store = filledTable();
-    ReadList list(*store);
+    const auto store = bench::configuredTable();
+    bench::CallList reads(*store);
     for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-        editing::renderRow({.store = list, .channel = channel, .format = {}}, [](std::int16_t, const std::string&) {});
+        editing::renderRow({.store = reads, .channel = channel, .format = {}}, [](std::int16_t, const std::string&) {});
     }
     model::MemoryDataStore backup;
-    model::DataStore& asked = *store;
     for (auto _ : state) {
         editing::copyTable(*store, backup);
         for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-            asked.channel(channel).put(model::ChannelKey::TxFreq, std::int32_t{450'000'000 + 12'500 * (channel - 1)});
+            store->channel(channel).put(model::ChannelKey::TxFreq, std::int32_t{450'000'000 + 12'500 * (channel - 1)});
         }
-        for (const auto& read : list.reads) {
-            auto value = read.kind == tests::StoreCall::Kind::Get ? asked.get(read.member)
-                                                                  : asked.readChannel(read.index, read.key);
-            benchmark::DoNotOptimize(value);
-        }
+        reads.repeat(*store);
     }
-    state.counters["calls"] = static_cast<double>(list.reads.size()) + 255.0 + 2.0 * 255.0 * 28.0;
+    state.counters["calls"] = static_cast<double>(reads.count()) + 255.0 + 2.0 * 255.0 * 28.0;
 }
 BENCHMARK(storeCallsOfAFill)->Unit(benchmark::kMicrosecond);
 
@@ -68,7 +41,7 @@ void fillOfEveryChannel(benchmark::State& state) {
                                          .makeTable = [] { return std::make_shared<model::MemoryDataStore>(); },
                                          .numberFormat = {},
                                          .logPath = {}});
-    control.setCentralDataStore(filledTable());
+    control.setCentralDataStore(bench::configuredTable());
     control.DistributeDataStoreLink();
     control.Prepare();
     control.UpdateControlsFromMemory();

@@ -4,54 +4,27 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "control/channel_information.h"
 #include "editing/columns.h"
 #include "model/memory_data_store.h"
-#include "support/store_decorator.h"
+#include "store_calls.h"
 #include "support/test_desktop.h"
 
 namespace {
 
 using namespace telvar;
 
-// Every channel configured, so that every column is read.
-[[nodiscard]] std::shared_ptr<model::MemoryDataStore> configuredTable() {
-    auto store = std::make_shared<model::MemoryDataStore>();
-    for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-        store->channel(channel).put(model::ChannelKey::TxFreq, std::int32_t{450'000'000 + 12'500 * channel});
-        store->channel(channel).put(model::ChannelKey::RxFreq, std::int32_t{455'000'000 + 12'500 * channel});
-        store->channel(channel).put(model::ChannelKey::TxSub, 67.0F);
-    }
-    return store;
-}
-
-// Notes what a refresh asks of the store.
-class ReadList final : public tests::StoreDecorator {
-public:
-    using StoreDecorator::StoreDecorator;
-    std::vector<tests::StoreCall> reads;
-
-protected:
-    void onCall(const tests::StoreCall& call) override { reads.push_back(call); }
-};
-
 void storeReadsAlone(benchmark::State& state) {
-    const auto store = configuredTable();
-    ReadList list(*store);
+    const auto store = bench::configuredTable();
+    bench::CallList reads(*store);
     for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-        editing::renderRow({.store = list, .channel = channel, .format = {}}, [](std::int16_t, const std::string&) {});
+        editing::renderRow({.store = reads, .channel = channel, .format = {}}, [](std::int16_t, const std::string&) {});
     }
-    model::DataStore& asked = *store;
     for (auto _ : state) {
-        for (const auto& read : list.reads) {
-            auto value = read.kind == tests::StoreCall::Kind::Get ? asked.get(read.member)
-                                                                  : asked.readChannel(read.index, read.key);
-            benchmark::DoNotOptimize(value);
-        }
+        reads.repeat(*store);
     }
-    state.counters["reads"] = static_cast<double>(list.reads.size());
+    state.counters["reads"] = static_cast<double>(reads.count());
 }
 BENCHMARK(storeReadsAlone)->Unit(benchmark::kMicrosecond);
 
@@ -61,7 +34,7 @@ void fullRefresh(benchmark::State& state) {
                                          .makeTable = [] { return std::make_shared<model::MemoryDataStore>(); },
                                          .numberFormat = {},
                                          .logPath = {}});
-    control.setCentralDataStore(configuredTable());
+    control.setCentralDataStore(bench::configuredTable());
     control.DistributeDataStoreLink();
     control.Prepare();
     for (auto _ : state) {
