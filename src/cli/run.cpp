@@ -105,7 +105,8 @@ int run(const std::vector<std::string>& arguments, std::istream& in, std::ostrea
     CommonOptions options;
     CLI::App app("Works with the channel tables of the Telvar base station.", "telvar");
     declareCommon(app, options);
-    const std::array<std::unique_ptr<Command>, 4> commands{newCommand(), showCommand(), setCommand(), convertCommand()};
+    const std::array<std::unique_ptr<Command>, 7> commands{
+        newCommand(), showCommand(), setCommand(), validateCommand(), pasteCommand(), fillCommand(), convertCommand()};
     for (const auto& command : commands) {
         command->declare(*app.add_subcommand(command->name(), command->summary()));
     }

@@ -3,9 +3,8 @@
 
 #include "base/text.h"
 #include "cli/commands.h"
-#include "cli/table_files.h"
+#include "cli/table_edit.h"
 #include "interchange/key_text.h"
-#include "os/file_lock.h"
 #include "store/json_text.h"
 
 namespace telvar::cli {
@@ -96,29 +95,21 @@ public:
         if (const auto problem = understandAll(console.format)) {
             return console.refuse(*problem);
         }
-        // Another program that changes the same file now would lose one of both changes.
-        std::optional<os::FileLock> lock;
-        if (file_ != standardStream) {
-            auto acquired = os::FileLock::acquire(os::lockFileFor(file_));
-            if (!acquired) {
-                return console.refuse(acquired.error());
-            }
-            lock.emplace(*std::move(acquired));
+        if (const auto* assignment = outsideCsv()) {
+            return console.refuse(os::FileError{file_, store::jsonQuoted(assignment->key) + " is not part of CSV"});
         }
-        auto contents = readTable(console, file_);
-        if (!contents) {
-            return console.refuse(contents.error());
+        auto edit = TableEdit::begin(console, file_);
+        if (!edit) {
+            return console.refuse(edit.error());
         }
-        const auto before = *contents;
-        apply(*contents);
-        if (*contents != before || file_ == standardStream) {
-            if (const auto done = writeTable(console, file_, *contents, FileFormat::Table); !done) {
-                return console.refuse(done.error());
-            }
+        apply(edit->contents);
+        const auto changed = edit->finish(console);
+        if (!changed) {
+            return console.refuse(changed.error());
         }
         if (console.json) {
             console.out << "{\"file\": " << store::jsonQuoted(file_)
-                        << ", \"changed\": " << (*contents != before ? "true" : "false") << "}\n";
+                        << ", \"changed\": " << (*changed ? "true" : "false") << "}\n";
         }
         return Outcome::Fine;
     }
@@ -152,6 +143,13 @@ private:
             return "--channel is given, but no key that belongs to a channel";
         }
         return std::nullopt;
+    }
+
+    // A value that the file could not hold; null where there is none.
+    [[nodiscard]] const Assignment* outsideCsv() const {
+        const auto ofTable = std::ranges::find_if(
+            assignments_, [](const Assignment& assignment) { return !assignment.channelKey.has_value(); });
+        return formatOf(file_) == FileFormat::Csv && ofTable != assignments_.end() ? &*ofTable : nullptr;
     }
 
     void apply(store::TableContents& contents) const {

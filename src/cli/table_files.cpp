@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "interchange/csv_reader.h"
 #include "interchange/csv_writer.h"
 #include "os/files.h"
 #include "store/table_file.h"
@@ -35,17 +36,6 @@ using Text = std::expected<std::string, os::FileError>;
     return text;
 }
 
-[[nodiscard]] Text textOf(const Console& console, const std::string& name, const store::TableContents& contents,
-                          FileFormat format) {
-    if (format == FileFormat::Table) {
-        return store::tableText(contents, name);
-    }
-    model::MemoryDataStore table;
-    store::putInto(table, contents);
-    auto text = interchange::csvText(table, console.format);
-    return text ? Text(*std::move(text)) : std::unexpected(os::FileError{name, text.error()});
-}
-
 // A channel number at the beginning of the text, which is shortened by it.
 [[nodiscard]] std::optional<std::int16_t> takeChannel(std::string_view& text) {
     std::int16_t number = 0;
@@ -70,19 +60,44 @@ std::optional<FileFormat> formatOf(const std::string& path) {
     return extension == ".csv" ? std::optional(FileFormat::Csv) : std::nullopt;
 }
 
+std::expected<std::string, os::FileError> readText(const Console& console, const std::string& path) {
+    return path == standardStream ? readStream(console.in) : os::readWholeFile(path, store::largestTableFile);
+}
+
 std::expected<store::TableContents, os::FileError> readTable(const Console& console, const std::string& path) {
     const auto format = formatOf(path);
     if (!format) {
-        return std::unexpected(os::FileError{path, "The name must end in .telvar"});
+        return std::unexpected(os::FileError{path, "The name must end in .telvar or .csv"});
     }
     if (*format == FileFormat::Csv) {
-        return std::unexpected(os::FileError{path, "CSV can be written but not read; give a .telvar file"});
+        return readCsvTable(console, path, store::emptyTable());
     }
-    if (path != standardStream) {
-        return store::loadTable(path);
+    const auto text = readText(console, path);
+    return text ? store::parseTable(*text, shownName(path, standardInput)) : std::unexpected(text.error());
+}
+
+std::expected<store::TableContents, os::FileError> readCsvTable(const Console& console, const std::string& path,
+                                                                const store::TableContents& around) {
+    const auto text = readText(console, path);
+    if (!text) {
+        return std::unexpected(text.error());
     }
-    const auto text = readStream(console.in);
-    return text ? store::parseTable(*text, std::string(standardInput)) : std::unexpected(text.error());
+    auto contents = interchange::readCsv(*text, around, console.format);
+    if (!contents) {
+        return std::unexpected(os::FileError{shownName(path, standardInput), contents.error()});
+    }
+    return *std::move(contents);
+}
+
+std::expected<std::string, os::FileError> textOf(const Console& console, const std::string& name,
+                                                 const store::TableContents& contents, FileFormat format) {
+    if (format == FileFormat::Table) {
+        return store::tableText(contents, name);
+    }
+    model::MemoryDataStore table;
+    store::putInto(table, contents);
+    auto text = interchange::csvText(table, console.format);
+    return text ? Text(*std::move(text)) : std::unexpected(os::FileError{name, text.error()});
 }
 
 std::expected<void, os::FileError> writeTable(const Console& console, const std::string& path,

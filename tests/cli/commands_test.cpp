@@ -6,6 +6,7 @@
 #include "base/conversion.h"
 #include "command_line.h"
 #include "store/table_file.h"
+#include "support/build_paths.h"
 #include "support/table_builder.h"
 #include "support/temporary_folder.h"
 #include "support/unprivileged.h"
@@ -144,9 +145,8 @@ TEST_F(Show, RefusesWhatItCannotShow) {
     saveEmpty();
     EXPECT_EQ(refusal({"show", folder / "missing.telvar"}),
               (folder / "missing.telvar") + ": No such file or directory.");
-    EXPECT_EQ(refusal({"show", folder / "a.csv"}),
-              (folder / "a.csv") + ": CSV can be written but not read; give a .telvar file.");
-    EXPECT_EQ(refusal({"show", folder / "a.txt"}), (folder / "a.txt") + ": The name must end in .telvar.");
+    EXPECT_EQ(refusal({"show", folder / "a.csv"}), (folder / "a.csv") + ": No such file or directory.");
+    EXPECT_EQ(refusal({"show", folder / "a.txt"}), (folder / "a.txt") + ": The name must end in .telvar or .csv.");
     EXPECT_EQ(refusal({"show", path, "--channels", "0"}),
               "telvar: --channels takes numbers and ranges of 1 to 255 such as 1-20,25, not \"0\".");
     TemporaryFolder::write(
@@ -226,6 +226,18 @@ TEST_F(Set, WritesNothingWhereNothingChanges) {
     EXPECT_EQ(folder.entries(), Names{"table.telvar"});
 }
 
+TEST_F(Set, ChangesCsvInItsOwnForm) {
+    const auto csv = folder / "table.csv";
+    saveEmpty();
+    ASSERT_EQ(telvar({"convert", path, csv}).status, 0);
+    ASSERT_EQ(telvar({"set", csv, "RxFreq=145500000", "--channel", "4"}).status, 0);
+    const auto text = TemporaryFolder::read(csv);
+    EXPECT_TRUE(text.starts_with("Channel,")) << text;
+    EXPECT_NE(text.find("\r\n4,X,145.500000,"), std::string::npos) << text;
+    EXPECT_EQ(telvar({"set", csv, "sm=1"}).err, csv + ": \"sm\" is not part of CSV.\n");
+    EXPECT_EQ(TemporaryFolder::read(csv), text);
+}
+
 TEST_F(Set, PassesATableThroughStandardStreams) {
     const auto ran = telvar({"set", "-", "title=Piped"}, store::tableText(store::emptyTable(), "").value());
     EXPECT_EQ(ran.status, 0) << ran.err;
@@ -254,14 +266,96 @@ TEST_F(Convert, WritesCsv) {
     EXPECT_EQ(telvar({"convert", path, "-", "--to", "csv"}).out, text);
 }
 
+// The lines of the channels; a table's title and radio are no part of CSV.
+[[nodiscard]] std::string channelLines(const std::string& table) { return table.substr(table.find("\"channels\"")); }
+
+TEST_F(Convert, BringsEverySampleThereAndBackByteByByte) {
+    for (const std::string name : {"maritime", "pmr446", "gmrs", "fixed-bandwidth", "every-reading"}) {
+        const std::string sample = std::string(TELVAR_SOURCE_DIR "/samples/") + name + ".telvar";
+        const auto csv = folder / (name + ".csv");
+        const auto back = folder / (name + ".telvar");
+        for (const auto* separator : {".", ","}) {
+            ASSERT_EQ(telvar({"convert", sample, csv, "--locale", separator}).status, 0);
+            const auto ran = telvar({"convert", csv, back, "--like", sample, "--locale", separator});
+            ASSERT_EQ(ran.status, 0) << ran.err;
+            EXPECT_EQ(TemporaryFolder::read(back), TemporaryFolder::read(sample)) << name;
+        }
+        const auto alone = telvar({"convert", csv, "-", "--locale", ","});
+        EXPECT_EQ(channelLines(alone.out), channelLines(TemporaryFolder::read(sample))) << name << alone.err;
+    }
+}
+
+TEST_F(Convert, KeepsTheRadioOfTheTableThatItReplaces) {
+    auto contents = store::emptyTable();
+    contents.title = "Harbour";
+    contents.referenceDividerScaling = 2;
+    contents.channels[8][0] = 145'500'000;
+    contents.unknown = {{"source", "\"plan\""}};
+    ASSERT_TRUE(store::saveTable(path, contents));
+    const auto csv = folder / "table.csv";
+    ASSERT_EQ(telvar({"convert", path, csv}).status, 0);
+    ASSERT_EQ(telvar({"set", csv, "TxFreq=146000000", "--channel", "9"}).status, 0);
+    ASSERT_EQ(telvar({"convert", csv, path}).status, 0);
+    contents.channels[8][0] = 146'000'000;
+    EXPECT_EQ(store::loadTable(path).value(), contents);
+    EXPECT_EQ(telvar({"convert", csv, "-"}).out.find("Harbour"), std::string::npos);
+}
+
+TEST_F(Convert, ReadsCsvFromStandardInput) {
+    save(*tests::fullStore());
+    const auto csv = telvar({"convert", path, "-", "--to", "csv"}).out;
+    EXPECT_EQ(telvar({"convert", "-", "-", "--from", "csv"}, csv).out, TemporaryFolder::read(path));
+    EXPECT_EQ(telvar({"convert", "-", "-", "--from", "csv", "--to", "csv"}, csv).out, csv);
+}
+
+TEST_F(Convert, LeavesTheTableAloneWhenARowIsRefused) {
+    const auto csv = folder / "table.csv";
+    auto text = telvar({"convert", TELVAR_SOURCE_DIR "/samples/maritime.telvar", "-", "--to", "csv"}).out;
+    saveEmpty();
+    TemporaryFolder::write(csv, text + "256" + text.substr(text.rfind(',', text.size() - 3)));
+    const auto lines = std::ranges::count(text, '\n');
+    EXPECT_EQ(refusal({"convert", csv, path}),
+              csv + ": line " + std::to_string(lines + 1) + ": has 2 fields where the first line has 61.");
+    TemporaryFolder::write(csv, text + text.substr(text.find('\n') + 1));
+    EXPECT_EQ(refusal({"convert", csv, path}),
+              csv + ": line " + std::to_string(lines + 1) + ": channel 1: is there twice, first in line 2.");
+    TemporaryFolder::write(path, "precious");
+    TemporaryFolder::write(csv, text);
+    EXPECT_TRUE(refusal({"convert", csv, path}).starts_with(path + ": damaged at line 1"));
+}
+
+TEST_F(Convert, RefusesACellAsTheGridWould) {
+    auto text = telvar({"convert", TELVAR_SOURCE_DIR "/samples/fixed-bandwidth.telvar", "-", "--to", "csv"}).out;
+    // Without the keys: everything behind the 27th column goes.
+    std::string cells;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::size_t end = 0;
+        for (std::size_t column = 0; column < editing::columnCount; ++column) {
+            end = line.find(',', end) + 1;
+        }
+        cells += line.substr(0, end - 1) + "\n";
+    }
+    const auto csv = folder / "cells.csv";
+    TemporaryFolder::write(csv, cells);
+    EXPECT_EQ(telvar({"convert", csv, "-"}).err,
+              csv + ": line 2: channel 1: \"WB/NB Selection\": Invalid value for Wide/Narrow band (must be Wide or "
+                    "Narrow) WB/NB.\n");
+    const auto taken = telvar({"convert", csv, path, "--like", TELVAR_SOURCE_DIR "/samples/fixed-bandwidth.telvar"});
+    EXPECT_EQ(taken.status, 0) << taken.err;
+    EXPECT_EQ(telvar({"show", path}).out, telvar({"show", TELVAR_SOURCE_DIR "/samples/fixed-bandwidth.telvar"}).out);
+}
+
 TEST_F(Convert, RefusesWhatItCannotReadOrWrite) {
     saveEmpty();
-    EXPECT_EQ(refusal({"convert", folder / "a.csv", path}),
-              (folder / "a.csv") + ": CSV can be written but not read; give a .telvar file.");
     EXPECT_EQ(refusal({"convert", path, folder / "a.txt"}),
               (folder / "a.txt") + ": The name must end in .telvar or .csv.");
     EXPECT_EQ(refusal({"convert", path, folder / "missing/a.csv"}),
               (folder / "missing/a.csv") + ": No such file or directory.");
+    EXPECT_EQ(refusal({"convert", folder / "a", path}), (folder / "a") + ": The name must end in .telvar or .csv.");
+    EXPECT_EQ(refusal({"convert", path, path, "--like", path}), "telvar: --like is for a table that is read from CSV.");
+    EXPECT_EQ(refusal({"convert", "-", path, "--from", "csv", "--like", "-"}),
+              "telvar: IN and --like cannot both come from standard input.");
     std::filesystem::create_directory(TemporaryFolder::pathOf(folder / "folder.csv"));
     EXPECT_EQ(refusal({"convert", path, folder / "folder.csv"}), (folder / "folder.csv") + ": Is a folder.");
 }

@@ -57,6 +57,33 @@ TEST_F(Program, FailsOnAFullDevice) {
     EXPECT_EQ(ended.out, "telvar: standard output cannot be written to.\n");
 }
 
+TEST_F(Program, EditsAsTheGridDoes) {
+    const auto ended =
+        shell("\"$T\" new " + quotedPath + " && printf '145.5\\t146\\r\\n145.6' | \"$T\" paste --row 2 --column 1 " +
+              quotedPath + " && \"$T\" fill --from 4 --to 5 --start 450 --step -25 --rx " + quotedPath +
+              " && \"$T\" convert " + quotedPath +
+              " - --to csv | \"$T\" convert --from csv - - | \"$T\" show --channels 2-5 - | cut -f 1-3 | tail -n 4");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, "2\t145.500000\t146.000000\n3\t145.600000\tX\n4\tX\t450.000000\n5\tX\t449.975000\n");
+}
+
+TEST_F(Program, TellsARefusedEditByItsStatus) {
+    ASSERT_EQ(shell("\"$T\" new " + quotedPath).status, 0);
+    const auto before = TemporaryFolder::read(path);
+    const auto pasted =
+        shell("printf 145.5,abc | tr , '\\t' | \"$T\" paste --row 2 --column 1 " + quotedPath + " 2>&1");
+    EXPECT_EQ(pasted.status, 1);
+    EXPECT_EQ(pasted.out, path +
+                              ": Error during pasting data. Error in validating channel frequency (Type mismatch) RX "
+                              "Freq. Unable to continue.\n");
+    const auto filled = shell("\"$T\" fill --from 1 --to 2 --start 19 " + quotedPath + " 2>&1");
+    EXPECT_EQ(filled.status, 1);
+    EXPECT_EQ(filled.out, path + ": Transmit frequency must be between 20 and 1000 MHz or 0 to disable.\n");
+    EXPECT_EQ(TemporaryFolder::read(path), before);
+    EXPECT_EQ(shell("\"$T\" validate Scan maybe").status, 1);
+    EXPECT_EQ(shell("\"$T\" validate Scan yes").status, 0);
+}
+
 TEST_F(Program, LosesNoChangeWhenSeveralSetAtOnce) {
     ASSERT_EQ(shell("\"$T\" new " + quotedPath).status, 0);
     std::vector<std::jthread> threads;

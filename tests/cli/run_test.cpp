@@ -21,7 +21,7 @@ TEST(Telvar, ExplainsItself) {
     const auto help = telvar({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.err, "");
-    for (const auto* command : {"new", "show", "set", "convert"}) {
+    for (const auto* command : {"new", "show", "set", "validate", "paste", "fill", "convert"}) {
         EXPECT_NE(help.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
         const auto own = telvar({command, "--help"});
         EXPECT_EQ(own.status, 0);

@@ -43,6 +43,38 @@ TEST_F(Program, WritesTheSamplesAgainByteByByte) {
     }
 }
 
+TEST_F(Program, BringsASampleToCsvAndBackByteByByte) {
+    const std::string sample = TELVAR_SOURCE_DIR "/samples/every-reading.telvar";
+    const auto csv = folder / "table.csv";
+    ASSERT_EQ(telvar({"convert", sample, csv}).output, "");
+    ASSERT_EQ(telvar({"convert", csv, path, "--like", sample}).output, "");
+    EXPECT_EQ(TemporaryFolder::read(path), TemporaryFolder::read(sample));
+}
+
+TEST_F(Program, ValidatesPastesAndFillsAsTheGridDoes) {
+    const auto refused = telvar({"validate", "SynthStepTX", "30"});
+    EXPECT_EQ(refused.output, "Invalid Synthesizer Step size value (out of range) TX Synth Step Size\n");
+    EXPECT_EQ(refused.exitCode, 1U);
+    ASSERT_EQ(telvar({"new", path}).output, "");
+    const auto cells = folder / "cells.txt";
+    TemporaryFolder::write(cells, "145.5\t146\r\n145.6\t146.1");
+    ASSERT_EQ(telvar({"paste", path, "--row", "2", "--column", "1", "--text", cells}).output, "");
+    ASSERT_EQ(telvar({"fill", path, "--from", "4", "--to", "5", "--start", "450", "--step", "12.5"}).output, "");
+    const auto shown = telvar({"show", path, "--channels", "2-5"}).output;
+    for (const auto* row :
+         {"2\t145.500000\t146.000000", "3\t145.600000\t146.100000", "4\t450.000000\tX", "5\t450.012500\tX"}) {
+        EXPECT_NE(shown.find(std::string("\n") + row), std::string::npos) << shown;
+    }
+    const auto before = TemporaryFolder::read(path);
+    TemporaryFolder::write(cells, "145.5\tabc");
+    const auto failed = telvar({"paste", path, "--row", "2", "--column", "1", "--text", cells});
+    EXPECT_EQ(failed.exitCode, 1U);
+    EXPECT_EQ(failed.output, path +
+                                 ": Error during pasting data. Error in validating channel frequency (Type mismatch) "
+                                 "RX Freq. Unable to continue.\n");
+    EXPECT_EQ(TemporaryFolder::read(path), before);
+}
+
 TEST_F(Program, SaysWhatItRefuses) {
     const auto missing = telvar({"show", path});
     EXPECT_EQ(missing.exitCode, 2U);

@@ -1,0 +1,41 @@
+// The control's grid with its editing, for commands: one table, a selection, undo and redo, and no window.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "cli/console_desktop.h"
+#include "editing/grid_surroundings.h"
+#include "editing/undo.h"
+#include "store/reference_data_store.h"
+
+namespace telvar::cli {
+
+class WindowlessGrid {
+public:
+    // `file` as ConsoleDesktop has it.
+    WindowlessGrid(const Console& console, const std::string& file, const store::TableContents& contents);
+
+    // What editing works with; they live as long as this does.
+    [[nodiscard]] ui::Grid& grid() noexcept { return grid_; }
+    [[nodiscard]] ConsoleDesktop& desktop() noexcept { return desktop_; }
+    [[nodiscard]] const editing::GridSurroundings& surroundings() const noexcept { return surroundings_; }
+    [[nodiscard]] editing::UndoHistory& history() noexcept { return history_; }
+    [[nodiscard]] model::DataStorePointer store() const noexcept { return store_; }
+
+    // The table as it was edited; title and unknown members as they were given.
+    [[nodiscard]] store::TableContents contents() { return store_->snapshot(); }
+
+private:
+    void renderRow(std::int16_t row);
+
+    ConsoleDesktop desktop_;
+    std::shared_ptr<store::ReferenceDataStore> store_ = std::make_shared<store::ReferenceDataStore>();
+    ui::Grid grid_;
+    ui::MenuItem undo_{"mnuPopUpMenuUndo", "Undo"};
+    ui::MenuItem redo_{"mnuPopUpMenuRedo", "Redo"};
+    editing::GridSurroundings surroundings_;
+    editing::UndoHistory history_;
+};
+
+}  // namespace telvar::cli
