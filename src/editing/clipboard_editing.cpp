@@ -9,7 +9,6 @@
 #include "base/text.h"
 #include "editing/cell_storing.h"
 #include "editing/validators.h"
-#include "ui/trapped.h"
 
 namespace telvar::editing {
 
@@ -74,7 +73,7 @@ std::string withUnifiedBreaks(std::string_view text) {
 }
 
 void ClipboardEditing::CopySelection() {
-    ui::trapped(surroundings_.desktop, "CopySelection", [&] {
+    trapped(surroundings_, "CopySelection", [&] {
         const auto block = recordExtent();
         surroundings_.grid.refresh();
         surroundings_.desktop.setClipboardText(blockText(surroundings_.grid, block));
@@ -83,7 +82,7 @@ void ClipboardEditing::CopySelection() {
 
 bool ClipboardEditing::PasteToCells() {
     bool wrote = false;
-    ui::trapped(surroundings_.desktop, "PasteToCells", [&] {
+    trapped(surroundings_, "PasteToCells", [&] {
         // Taken first: every re-rendered row moves the grid's current cell.
         const auto where = target();
         // A paste that could not be taken back is not begun.
@@ -108,7 +107,7 @@ bool ClipboardEditing::PasteToCells() {
 
 bool ClipboardEditing::DeleteSelectedCells() {
     bool wrote = false;
-    ui::trapped(surroundings_.desktop, "DeleteSelectedCells", [&] {
+    trapped(surroundings_, "DeleteSelectedCells", [&] {
         const auto answer =
             surroundings_.desktop.show({.text = "This will delete selected channel(s). Would you like to proceed?",
                                         .buttons = ui::Buttons::YesNo});
@@ -125,7 +124,7 @@ bool ClipboardEditing::DeleteSelectedCells() {
 }
 
 void ClipboardEditing::ClearSelection() {
-    ui::trapped(surroundings_.desktop, "ClearSelection", [&] {
+    trapped(surroundings_, "ClearSelection", [&] {
         extentRows_ = 0;
         surroundings_.grid.refresh();
     });
@@ -168,6 +167,7 @@ ClipboardEditing::CellOutcome ClipboardEditing::pasteCell(std::string_view text,
     const auto cell = base::trimmed(text);
     const auto error = validateCell(context, column, cell);
     if (!error.empty()) {
+        surroundings_.stayOpen();
         surroundings_.desktop.show({.text = "Error during pasting data. " + error + ". Unable to continue."});
         surroundings_.stayOpen();
         // Behind the box the host may have replaced the table, which the backup is not of.

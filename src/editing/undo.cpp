@@ -3,7 +3,6 @@
 #include "base/failure.h"
 #include "editing/table_copy.h"
 #include "ui/redraw_off.h"
-#include "ui/trapped.h"
 
 namespace telvar::editing {
 
@@ -20,7 +19,7 @@ namespace {
 }  // namespace
 
 bool UndoHistory::UpdateBackUpFrequencyMemory() {
-    return ui::trapped(surroundings_.desktop, "UpdateBackUpFrequencyMemory", [&] {
+    return trapped(surroundings_, "UpdateBackUpFrequencyMemory", [&] {
         undo_.setEnabled(true);
         const auto backup = present(backupTable_);
         copyTable(*surroundings_.store(), *backup);
@@ -29,7 +28,7 @@ bool UndoHistory::UpdateBackUpFrequencyMemory() {
 
 bool UndoHistory::UndoChanges() {
     bool wrote = false;
-    ui::trapped(surroundings_.desktop, "UndoChanges", [&] {
+    trapped(surroundings_, "UndoChanges", [&] {
         undo_.setEnabled(false);
         redo_.setEnabled(true);
         const auto live = surroundings_.store();
@@ -46,7 +45,7 @@ bool UndoHistory::UndoChanges() {
 // The backup is not refreshed: a further undo goes back to before the last edit, not to before the redo.
 bool UndoHistory::RedoChanges() {
     bool wrote = false;
-    ui::trapped(surroundings_.desktop, "RedoChanges", [&] {
+    trapped(surroundings_, "RedoChanges", [&] {
         redo_.setEnabled(false);
         undo_.setEnabled(true);
         const auto live = surroundings_.store();
@@ -59,7 +58,7 @@ bool UndoHistory::RedoChanges() {
 }
 
 bool UndoHistory::UpdateAllRowData() {
-    return ui::trapped(surroundings_.desktop, "UpdateAllRowData", [&] {
+    return trapped(surroundings_, "UpdateAllRowData", [&] {
         // Ends before the box: what the user sees behind it is the table as far as it was rendered.
         const ui::RedrawOff off(surroundings_.grid);
         for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
