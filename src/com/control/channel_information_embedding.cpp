@@ -51,7 +51,9 @@ HRESULT ChannelInformationObject::Close(DWORD save) noexcept {
             client->SaveObject();
         }
         inPlace_.deactivate();
+        // Whoever waits for a modal form goes on.
         desktop_.hide(control_.frmCE);
+        desktop_.hide(control_.frmFill());
         if (const auto advises = advises_) {
             advises->SendOnClose();
         }
