@@ -132,8 +132,8 @@ private:
     }
 
     void showState() {
-        note(access_.needsPassword(level) ? L"The level has a password; leave both fields empty to remove it."
-                                          : L"The level has no password: everybody can enter it.");
+        note(access_.needsPassword(level) ? L"Leave both fields empty to remove the password."
+                                          : L"This level has no password yet.");
     }
 
     Access& access_;

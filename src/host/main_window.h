@@ -101,6 +101,7 @@ private:
     void edit(const EditCommand& command);
     void showEditMenu(HMENU menu);
     void showTable();
+    void showTableName();
     void callControl(ControlMethod method);
     void goToChannel();
     // Asks for a level and its password, and enters it; false when the user cancels.

@@ -63,6 +63,7 @@ void MainWindow::logOut() { (void)enterLevel(AccessLevel::View); }
 
 bool MainWindow::enterLevel(AccessLevel level) {
     access_.enter(level);
+    showTableName();
     return attempt([this] {
         const ControlCall call(*this);
         applyAccess();

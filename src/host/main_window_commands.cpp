@@ -149,7 +149,7 @@ bool MainWindow::saveAs() {
         return false;
     }
     recent_.add(document_->path());
-    showStatus(document_->path());
+    showTableName();
     return true;
 }
 
@@ -180,6 +180,10 @@ void MainWindow::showTable() {
         grid->put_TopRow(1);
         grid->put_LeftColumn(1);
     }
+    showTableName();
+}
+
+void MainWindow::showTableName() {
     const std::wstring path = document_->path();
     showStatus(path.empty() ? L"New channel table" : path);
 }
