@@ -6,6 +6,7 @@
 #include "Tesslin.h"
 #include "VexloDataStore.h"
 #include "com/kit/failure.h"
+#include "dialog_answers.h"
 #include "host/control_events.h"
 #include "host/embedded_control.h"
 #include "host/event_sink.h"
@@ -122,6 +123,42 @@ TEST_F(Closing, TheControlIsClosedAndLetGoInsideAnEvent) {
     _ChannelInformation* const last = channels.get();
     (void)last->UpdateControlsFromMemory();
     EXPECT_FALSE(channels);
+}
+
+TEST_F(Closing, TheControlIsClosedWhileItsFillDialogIsOpen) {
+    embed();
+    short level = 5;
+    com::check(channels->UpdateAccess(&level));
+    DialogAnswers dialogs;
+    dialogs.expect([this](HWND) { control->close(); });
+    (void)channels->ChannelFillSeries();
+    EXPECT_EQ(dialogs.shown().size(), 1U);
+    EXPECT_EQ(control->window(), nullptr);
+}
+
+TEST_F(Closing, TheControlIsClosedAndLetGoWhileItsFillDialogIsOpen) {
+    embed();
+    short level = 5;
+    com::check(channels->UpdateAccess(&level));
+    DialogAnswers dialogs;
+    dialogs.expect([this](HWND) {
+        control.reset();
+        channels.reset();
+    });
+    _ChannelInformation* const last = channels.get();
+    (void)last->ChannelFillSeries();
+    EXPECT_FALSE(channels);
+}
+
+TEST_F(Closing, TheWindowGoesWhileTheFillDialogIsOpen) {
+    embed();
+    short level = 5;
+    com::check(channels->UpdateAccess(&level));
+    DialogAnswers dialogs;
+    dialogs.expect([this](HWND) { DestroyWindow(window.siteWindow()); });
+    (void)channels->ChannelFillSeries();
+    control->close();
+    EXPECT_EQ(control->window(), nullptr);
 }
 
 TEST_F(Closing, AForeignCloseIsFollowedByOurs) {

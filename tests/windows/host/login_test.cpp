@@ -131,7 +131,7 @@ TEST_F(Login, TheMenuOffersWhatTheLevelAllows) {
 TEST_F(Login, APasswordIsSetAndHoldsInTheNextRun) {
     start();
     dialogs.expect([](HWND dialog) {
-        EXPECT_EQ(textOf(dialog, DIALOG_NOTE), L"The level has no password: everybody can enter it.");
+        EXPECT_EQ(textOf(dialog, DIALOG_NOTE), L"This level has no password yet.");
         SetDlgItemTextW(dialog, PASSWORD_NEW, L"chief");
         SetDlgItemTextW(dialog, PASSWORD_AGAIN, L"cheif");
         ok(dialog);
@@ -154,7 +154,7 @@ TEST_F(Login, APasswordIsChangedAndTakenAway) {
     start();
     logIn(2, L"chief");
     dialogs.expect([](HWND dialog) {
-        EXPECT_EQ(textOf(dialog, DIALOG_NOTE), L"The level has a password; leave both fields empty to remove it.");
+        EXPECT_EQ(textOf(dialog, DIALOG_NOTE), L"Leave both fields empty to remove the password.");
         ok(dialog);
     });
     command(COMMAND_SET_PASSWORDS);
@@ -228,6 +228,23 @@ TEST_F(Login, FillAsksForALoginBelowEditChannels) {
         EXPECT_TRUE(pumpUntil([&] { return dialogs.shown().size() > before; })) << fill;
         EXPECT_EQ(program->accessLevel(), AccessLevel::View);
     }
+}
+
+TEST_F(Login, TheFillDialogFollowsTheLogin) {
+    start(sample("gmrs.telvar", "a.telvar"));
+    command(COMMAND_LOG_OUT);
+    dialogs.expectBox(IDOK);
+    std::wstring title(64, L'\0');
+    dialogs.expect([&title](HWND dialog) {
+        title.resize(static_cast<std::size_t>(GetWindowTextW(dialog, title.data(), 64)));
+        PostMessageW(dialog, WM_CLOSE, 0, 0);
+    });
+    command(COMMAND_FILL_SERIES);
+    EXPECT_TRUE(pumpUntil([this] { return dialogs.shown().size() == 2; }));
+    pump();
+    EXPECT_EQ(title, L"Channel Fill");
+    EXPECT_EQ(program->accessLevel(), AccessLevel::EditChannels);
+    EXPECT_FALSE(program->document().modified());
 }
 
 }  // namespace telvar::tests
