@@ -6,6 +6,7 @@
 #include "win32/control_peer.h"
 #include "win32/convert.h"
 #include "win32/peers.h"
+#include "win32/text_keys.h"
 
 namespace telvar::win32 {
 
@@ -16,8 +17,21 @@ constexpr int droppedItems = 12;
 class ComboBoxPeer final : public ControlPeer {
 public:
     ComboBoxPeer(ui::ComboBox& box, PeerHost& host) noexcept : ControlPeer(box, host) {}
+    ComboBoxPeer(const ComboBoxPeer&) = delete;
+    ComboBoxPeer& operator=(const ComboBoxPeer&) = delete;
+    ComboBoxPeer(ComboBoxPeer&&) = delete;
+    ComboBoxPeer& operator=(ComboBoxPeer&&) = delete;
+    ~ComboBoxPeer() override {
+        if (window() != nullptr && fieldOriginal_ != nullptr) {
+            SetWindowLongPtrW(field_, GWLP_USERDATA, 0);
+            SetWindowLongPtrW(field_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(fieldOriginal_));
+        }
+    }
 
     [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
+        if (isTyped() && isTextKey(event)) {
+            return true;
+        }
         const bool moves = event.code >= ui::key::pageUp && event.code <= ui::key::down;
         const bool types = event.code >= '0' && event.code <= 'Z' && (event.shift & ui::shift::control) == 0;
         const bool closes = (event.code == ui::key::enter || event.code == ui::key::escape) &&
@@ -25,6 +39,7 @@ public:
         return moves || closes || event.code == VK_F4 ||
                ((event.shift & ui::shift::alt) == 0 && (types || event.code == ui::key::space));
     }
+    [[nodiscard]] bool takesCharacters() const noexcept override { return true; }
 
     [[nodiscard]] HBRUSH background(HDC dc) const override {
         static_cast<void>(ControlPeer::background(dc));
@@ -34,10 +49,9 @@ public:
 
 protected:
     [[nodiscard]] Control control() const noexcept override {
-        const bool typed = box()->style() == ui::ComboBox::Style::DropDown;
         return {.className = L"COMBOBOX",
                 .style = WS_TABSTOP | WS_VSCROLL | CBS_AUTOHSCROLL |
-                         static_cast<DWORD>(typed ? CBS_DROPDOWN : CBS_DROPDOWNLIST)};
+                         static_cast<DWORD>(isTyped() ? CBS_DROPDOWN : CBS_DROPDOWNLIST)};
     }
     [[nodiscard]] bool showsCaption() const noexcept override { return false; }
 
@@ -52,12 +66,15 @@ protected:
     void showAspect(ui::Aspect changed) override {
         using ui::Aspect;
         const bool everything = changed == Aspect::Everything;
+        if (everything) {
+            listenToField();
+        }
         if (everything || changed == Aspect::Items) {
             fill();
         }
         if (everything || changed == Aspect::Items || changed == Aspect::Value) {
             SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(box()->listIndex()), 0);
-            if (box()->listIndex() < 0 && box()->style() == ui::ComboBox::Style::DropDown) {
+            if (box()->listIndex() < 0 && isTyped()) {
                 setWindowText(box()->text());
             }
         }
@@ -89,7 +106,8 @@ protected:
     }
 
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
+        // The field tells its keys itself, and hands some of them on to the box.
+        if (message == WM_SETFOCUS || message == WM_KILLFOCUS || fieldOriginal_ != nullptr) {
             return original(message, wParam, lParam);
         }
         return ControlPeer::message(message, wParam, lParam);
@@ -97,6 +115,29 @@ protected:
 
 private:
     [[nodiscard]] ui::ComboBox* box() const noexcept { return static_cast<ui::ComboBox*>(widget()); }
+    [[nodiscard]] bool isTyped() const noexcept {
+        return box() != nullptr && box()->style() == ui::ComboBox::Style::DropDown;
+    }
+
+    // What is typed goes to the field inside, a window of its own.
+    void listenToField() {
+        const HWND field = isTyped() ? GetWindow(window(), GW_CHILD) : nullptr;
+        if (field != nullptr && fieldOriginal_ == nullptr) {
+            field_ = field;
+            SetWindowLongPtrW(field, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(static_cast<ControlPeer*>(this)));
+            fieldOriginal_ = reinterpret_cast<WNDPROC>(
+                SetWindowLongPtrW(field, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&fieldProcedure)));
+        }
+    }
+
+    static LRESULT CALLBACK fieldProcedure(HWND field, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+        return onPeer(field, message, wParam, lParam, [&](ControlPeer& peer) -> LRESULT {
+            auto& combo = static_cast<ComboBoxPeer&>(peer);
+            const WNDPROC fieldOriginal = combo.fieldOriginal_;
+            const auto going = combo.raiseKey(message, wParam);
+            return going ? CallWindowProcW(fieldOriginal, field, message, *going, lParam) : 0;
+        });
+    }
 
     // Adds what is missing; a list that was cleared or changed is filled anew.
     void fill() {
@@ -119,6 +160,9 @@ private:
             SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
         }
     }
+
+    HWND field_ = nullptr;
+    WNDPROC fieldOriginal_ = nullptr;
 };
 
 }  // namespace

@@ -30,6 +30,7 @@ void ContainerWindow::fill() {
 }
 
 void ContainerWindow::makePeers() {
+    const ControlsContext::Active presentLook(desktop_->controls());
     for (ui::Widget* const child : container_->children()) {
         if (auto peer = makePeer(*child, *this, handle(), font_)) {
             desktop_->widgetShown(*child, peer->window());

@@ -4,6 +4,7 @@
 #include "win32/convert.h"
 #include "win32/fonts.h"
 #include "win32/module.h"
+#include "win32/text_keys.h"
 
 namespace telvar::win32 {
 
@@ -127,22 +128,37 @@ bool ControlPeer::settled() const {
     return widget_ != nullptr;
 }
 
-bool ControlPeer::raiseKeyDown(WPARAM code) {
+std::optional<WPARAM> ControlPeer::raiseKeyDown(WPARAM code) {
     if (!settled()) {
-        return false;
+        return std::nullopt;
     }
     ui::KeyEvent event{.code = static_cast<int>(code), .shift = shiftState()};
     widget_->KeyDown(event);
-    return event.code != 0 && window_ != nullptr;
+    return event.code != 0 && window_ != nullptr ? std::optional(code) : std::nullopt;
 }
 
-WPARAM ControlPeer::raiseKeyPress(WPARAM code) {
+std::optional<WPARAM> ControlPeer::raiseKeyPress(WPARAM character) {
     if (widget_ == nullptr) {
-        return 0;
+        return std::nullopt;
     }
-    ui::KeyPressEvent event{.code = static_cast<int>(code)};
+    ui::KeyPressEvent event{.code = static_cast<int>(character)};
     widget_->KeyPress(event);
-    return window_ != nullptr ? static_cast<WPARAM>(event.code) : 0;
+    if (event.code == 0 || window_ == nullptr || isNoText(event.code)) {
+        return std::nullopt;
+    }
+    return static_cast<WPARAM>(event.code);
+}
+
+std::optional<WPARAM> ControlPeer::raiseKey(UINT message, WPARAM wParam) {
+    switch (message) {
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+        return raiseKeyDown(wParam);
+    case WM_CHAR:
+        return raiseKeyPress(wParam);
+    default:
+        return wParam;
+    }
 }
 
 LRESULT ControlPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -160,34 +176,21 @@ LRESULT ControlPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return result;
     }
-    case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
-        return raiseKeyDown(wParam) ? original(message, wParam, lParam) : 0;
-    case WM_CHAR: {
-        const WPARAM character = raiseKeyPress(wParam);
-        return character != 0 ? original(message, character, lParam) : 0;
+    default: {
+        const auto going = raiseKey(message, wParam);
+        return going ? original(message, *going, lParam) : 0;
     }
-    default:
-        return original(message, wParam, lParam);
     }
 }
 
 LRESULT CALLBACK ControlPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    auto* const peer = reinterpret_cast<ControlPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const auto alive = peer != nullptr ? peer->weak_from_this().lock() : nullptr;
-    if (!alive) {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
-    try {
-        const auto held = alive->widget_ != nullptr ? alive->host_->hold() : nullptr;
-        const LRESULT result = alive->message(message, wParam, lParam);
+    return onPeer(window, message, wParam, lParam, [&](ControlPeer& peer) {
+        const LRESULT result = peer.message(message, wParam, lParam);
         if (message == WM_NCDESTROY) {
-            alive->window_ = nullptr;
+            peer.window_ = nullptr;
         }
         return result;
-    } catch (...) {
-        return 0;
-    }
+    });
 }
 
 }  // namespace telvar::win32

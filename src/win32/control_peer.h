@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "win32/peer.h"
@@ -49,6 +50,25 @@ protected:
     [[nodiscard]] virtual bool showsCaption() const noexcept { return true; }
     [[nodiscard]] virtual RECT windowBounds() const noexcept;
 
+    // Raises the key event that a message stands for. Answers the key or character to go on with, and nothing where the
+    // widget swallowed it or the control has no use for it; any other message goes on as it is.
+    [[nodiscard]] std::optional<WPARAM> raiseKey(UINT message, WPARAM wParam);
+    // The body of a window procedure: `handle` gets the living peer that the window's user data names.
+    template <class Handle>
+    static LRESULT onPeer(HWND window, UINT message, WPARAM wParam, LPARAM lParam, Handle handle) noexcept {
+        auto* const peer = reinterpret_cast<ControlPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        const auto alive = peer != nullptr ? peer->weak_from_this().lock() : nullptr;
+        if (!alive) {
+            return DefWindowProcW(window, message, wParam, lParam);
+        }
+        try {
+            const auto held = alive->widget_ != nullptr ? alive->host_->hold() : nullptr;
+            return handle(*alive);
+        } catch (...) {
+            return 0;
+        }
+    }
+
     // A message of the control; the default raises focus and key events around the control's own handling.
     virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT original(UINT message, WPARAM wParam, LPARAM lParam) const noexcept;
@@ -61,9 +81,8 @@ protected:
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void showAny(ui::Aspect changed);
-    bool raiseKeyDown(WPARAM code);
-    // Answers the character to go on with, 0 for none.
-    WPARAM raiseKeyPress(WPARAM code);
+    std::optional<WPARAM> raiseKeyDown(WPARAM code);
+    std::optional<WPARAM> raiseKeyPress(WPARAM character);
 
     ui::Widget* widget_;
     PeerHost* host_;

@@ -3,15 +3,10 @@
 
 #include <windows.h>
 
-#include "ui/geometry.h"
-
 namespace telvar::win32 {
 
 // Of the window where the system can tell (Windows 10 and later), else of the screen.
 [[nodiscard]] int dpiOf(HWND window) noexcept;
 [[nodiscard]] int screenDpi() noexcept;
-
-// Of a whole window without a menu whose client area has that size, in pixels.
-[[nodiscard]] ui::Size sizeAround(ui::Size client, DWORD style, DWORD extendedStyle, int dpi) noexcept;
 
 }  // namespace telvar::win32

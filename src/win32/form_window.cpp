@@ -26,9 +26,10 @@ ui::Rect around(ui::Point middle, ui::Size size) noexcept {
 
 void FormWindow::open(HWND owner) {
     focusBefore_ = GetFocus();
-    // There first, so that it has the dots per inch of that screen.
+    // There first, so that it has the dots per inch of that screen, and with room for its frame.
+    constexpr int anySize = 300;
     const ui::Point middle = middleOver(owner);
-    create(WindowKind::Form, style, extendedStyle, {middle.x, middle.y, middle.x, middle.y}, owner);
+    create(WindowKind::Form, style, extendedStyle, rectOf(around(middle, {anySize, anySize})), owner);
     useFont(dpiOf(handle()));
     placeFirst(owner);
     placing_ = false;
@@ -41,14 +42,24 @@ void FormWindow::open(HWND owner) {
 
 void FormWindow::placeFirst(HWND owner) {
     const ui::Form& form = *openForm();
-    const ui::Size wanted = form.wantedSize(ui::Metrics(desktop(), dpi()));
-    const ui::Size size = sizeAround(wanted, style, extendedStyle, dpi());
+    const ui::Size size = wholeSize(form.wantedSize(ui::Metrics(desktop(), dpi())));
     const ui::Rect& last = form.bounds();
     if (isModal() || last.empty()) {
         place(keptOnScreen(around(middleOver(owner), size)));
     } else {
         place(keptOnScreen({last.left, last.top, last.left + size.width, last.top + size.height}));
     }
+}
+
+// Of the window with that client area; the frame is as wide as the system makes it now.
+ui::Size FormWindow::wholeSize(ui::Size client) const noexcept {
+    RECT whole{};
+    RECT inside{};
+    GetWindowRect(handle(), &whole);
+    GetClientRect(handle(), &inside);
+    const ui::Rect around = rectOf(whole);
+    return {client.width + around.width() - static_cast<int>(inside.right),
+            client.height + around.height() - static_cast<int>(inside.bottom)};
 }
 
 void FormWindow::place(const ui::Rect& bounds) noexcept {
@@ -58,7 +69,7 @@ void FormWindow::place(const ui::Rect& bounds) noexcept {
 
 void FormWindow::fitToLayout() {
     const ui::Form& form = *openForm();
-    const ui::Size size = sizeAround(form.wantedSize(ui::Metrics(desktop(), dpi())), style, extendedStyle, dpi());
+    const ui::Size size = wholeSize(form.wantedSize(ui::Metrics(desktop(), dpi())));
     const ui::Rect& now = form.bounds();
     place(keptOnScreen({now.left, now.top, now.left + size.width, now.top + size.height}));
 }

@@ -59,6 +59,7 @@ private:
 
     [[nodiscard]] ui::Form* openForm() const noexcept { return static_cast<ui::Form*>(container()); }
     void placeFirst(HWND owner);
+    [[nodiscard]] ui::Size wholeSize(ui::Size client) const noexcept;
     void place(const ui::Rect& bounds) noexcept;
     void fitToLayout();
     void follow();

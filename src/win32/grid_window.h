@@ -76,6 +76,7 @@ private:
     // ---- scrolling (grid_window_scroll.cpp)
     [[nodiscard]] View view() const;
     void follow();
+    void keepWithinLastPage();
     void scrollPicture(const View& from, const View& to);
     void updateBars();
     void setBar(int bar, int first, int last, int page, int position);

@@ -24,6 +24,7 @@ void GridWindow::follow() {
         return;
     }
     updateBars();
+    keepWithinLastPage();
     View now = view();
     if (now == shown_) {
         return;
@@ -37,6 +38,13 @@ void GridWindow::follow() {
     } else {
         scrollPicture(before, shown_);
     }
+}
+
+// The grid may ask for more than can be scrolled away; what others read there is what is shown.
+void GridWindow::keepWithinLastPage() {
+    const ui::GridLayout inForce = layout();
+    grid_->setTopRow(inForce.topRow());
+    grid_->setLeftColumn(inForce.leftColumn());
 }
 
 void GridWindow::scrollPicture(const View& from, const View& to) {

@@ -20,7 +20,10 @@ public:
         return false;
     }
 
-    static Control labelControl() noexcept { return {.className = L"STATIC", .style = SS_LEFT}; }
+    // Broken between words, or one line that is cut off where its room ends.
+    static Control labelControl(bool wraps) noexcept {
+        return {.className = L"STATIC", .style = static_cast<DWORD>(wraps ? SS_LEFT : SS_LEFTNOWORDWRAP)};
+    }
     // Paints its border only; transparent, so that the window around it paints what lies inside.
     static Control frameControl() noexcept {
         return {.className = L"BUTTON", .style = BS_GROUPBOX, .extendedStyle = WS_EX_TRANSPARENT};
@@ -38,7 +41,7 @@ private:
 }  // namespace
 
 std::shared_ptr<ControlPeer> makeLabelPeer(ui::Label& label, PeerHost& host) {
-    return std::make_shared<StillPeer>(label, host, StillPeer::labelControl());
+    return std::make_shared<StillPeer>(label, host, StillPeer::labelControl(label.wrapWidth() > 0));
 }
 
 std::shared_ptr<ControlPeer> makeFramePeer(ui::Frame& frame, PeerHost& host) {

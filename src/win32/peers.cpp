@@ -7,6 +7,7 @@
 #include "ui/grid.h"
 #include "ui/label.h"
 #include "ui/option_button.h"
+#include "ui/slider.h"
 #include "ui/text_box.h"
 #include "win32/control_peer.h"
 #include "win32/grid_window.h"
@@ -30,6 +31,9 @@ std::shared_ptr<ControlPeer> makeControlPeer(ui::Widget& widget, PeerHost& host)
     }
     if (auto* const combo = dynamic_cast<ui::ComboBox*>(&widget)) {
         return makeComboBoxPeer(*combo, host);
+    }
+    if (auto* const slider = dynamic_cast<ui::Slider*>(&widget)) {
+        return makeSliderPeer(*slider, host);
     }
     if (auto* const label = dynamic_cast<ui::Label*>(&widget)) {
         return makeLabelPeer(*label, host);

@@ -14,6 +14,7 @@ class ComboBox;
 class Frame;
 class Label;
 class OptionButton;
+class Slider;
 class TextBox;
 }  // namespace telvar::ui
 
@@ -32,6 +33,7 @@ class ControlPeer;
 [[nodiscard]] std::shared_ptr<ControlPeer> makeFramePeer(ui::Frame& frame, PeerHost& host);
 [[nodiscard]] std::shared_ptr<ControlPeer> makeLabelPeer(ui::Label& label, PeerHost& host);
 [[nodiscard]] std::shared_ptr<ControlPeer> makeOptionButtonPeer(ui::OptionButton& option, PeerHost& host);
+[[nodiscard]] std::shared_ptr<ControlPeer> makeSliderPeer(ui::Slider& slider, PeerHost& host);
 [[nodiscard]] std::shared_ptr<ControlPeer> makeTextBoxPeer(ui::TextBox& box, PeerHost& host);
 
 }  // namespace telvar::win32

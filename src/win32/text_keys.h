@@ -32,9 +32,9 @@ namespace telvar::win32 {
            (event.code >= firstPunctuation && event.code <= lastPunctuation);
 }
 
-// Of a field with one line: characters that it has no use for and would only beep at.
-[[nodiscard]] inline bool isNoText(WPARAM character) noexcept {
-    return character == L'\r' || character == L'\t' || character == VK_ESCAPE;
+// Characters that no control with one line has a use for; a field would only beep at them.
+[[nodiscard]] inline bool isNoText(int character) noexcept {
+    return character == ui::key::enter || character == ui::key::tab || character == ui::key::escape;
 }
 
 }  // namespace telvar::win32

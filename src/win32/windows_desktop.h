@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ui/desktop.h"
+#include "win32/controls_context.h"
 #include "win32/dispatcher_window.h"
 #include "win32/fonts.h"
 
@@ -64,6 +65,8 @@ public:
         std::erase_if(windows_, [window](const auto& entry) { return entry.second == window; });
     }
 
+    // To be active while controls are made.
+    [[nodiscard]] const ControlsContext& controls() const noexcept { return controls_; }
     [[nodiscard]] std::shared_ptr<void> holdOwner() const { return site_.holder ? site_.holder() : nullptr; }
     void formGone(const FormWindow& window) noexcept;
 
@@ -71,7 +74,8 @@ private:
     // ---- forms (windows_desktop_forms.cpp)
     // The window that something modal or a form belongs to now: a form in use, else the site's; null for none.
     [[nodiscard]] HWND ownerOfNext() const;
-    // The site's window and our forms, which take no input while something else is modal.
+    // The site's window, or all of the thread's without a site, and our forms: what takes no input while something else
+    // is modal.
     [[nodiscard]] std::vector<HWND> othersThan(HWND window) const;
     [[nodiscard]] std::shared_ptr<FormWindow> windowOf(const ui::Form& form) const noexcept;
     [[nodiscard]] std::shared_ptr<FormWindow> openWindow(std::shared_ptr<FormWindow> window, HWND owner);
@@ -79,6 +83,7 @@ private:
 
     Site site_;
     std::shared_ptr<DispatcherWindow> messages_;
+    ControlsContext controls_;
     std::map<int, std::shared_ptr<const FormFont>> fonts_;
     std::map<const ui::Widget*, HWND> windows_;
     std::vector<std::shared_ptr<FormWindow>> forms_;  // in the order of their opening

@@ -10,6 +10,17 @@
 
 namespace telvar::win32 {
 
+namespace {
+
+BOOL CALLBACK addVisible(HWND window, LPARAM windows) noexcept {
+    if (IsWindowVisible(window) != FALSE) {
+        reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
+    }
+    return TRUE;
+}
+
+}  // namespace
+
 std::shared_ptr<FormWindow> WindowsDesktop::windowOf(const ui::Form& form) const noexcept {
     const auto found = std::ranges::find_if(forms_, [&form](const auto& window) { return window->form() == &form; });
     return found != forms_.end() ? *found : nullptr;
@@ -42,7 +53,11 @@ std::vector<HWND> WindowsDesktop::othersThan(HWND window) const {
     for (const auto& form : forms_) {
         others.push_back(form->handle());
     }
-    others.push_back(site_.owner ? site_.owner() : nullptr);
+    if (const HWND owner = site_.owner ? site_.owner() : nullptr) {
+        others.push_back(owner);
+    } else {
+        EnumThreadWindows(GetCurrentThreadId(), addVisible, reinterpret_cast<LPARAM>(&others));
+    }
     std::erase(others, window);
     return others;
 }

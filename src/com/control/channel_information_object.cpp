@@ -41,12 +41,14 @@ ChannelInformationObject::ChannelInformationObject()
     desktop_.setSite(desktopSite());
     inPlace_.listen({.focusEntered = [this] { focusEntered(); },
                      .focusLeft = [this] { site_.focusChanged(false); },
-                     .holder = [this]() -> std::shared_ptr<void> { return std::make_shared<Held>(*this); }});
+                     .holder = [this] { return hold(); }});
     wireEvents();
 }
 
 ChannelInformationObject::~ChannelInformationObject() {
     ending_ = true;
+    // Nothing may hold on to an object that is ending.
+    desktop_.setSite({});
     inPlace_.deactivate();
     control_.close();
     if (accelerators_ != nullptr) {
@@ -63,7 +65,10 @@ void ChannelInformationObject::referenceLost(ULONG left) noexcept {
 
 win32::WindowsDesktop::Site ChannelInformationObject::desktopSite() {
     return {.owner = [this] { return site_.ownerWindow(); },
-            .enableModeless = [this](bool enable) { inPlace_.enableModeless(enable); }};
+            .enableModeless = [this](bool enable) { inPlace_.enableModeless(enable); },
+            .holder = [this] { return hold(); }};
 }
+
+std::shared_ptr<void> ChannelInformationObject::hold() { return std::make_shared<Held>(*this); }
 
 }  // namespace telvar::com

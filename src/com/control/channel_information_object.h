@@ -243,6 +243,8 @@ private:
     void focusEntered() noexcept;
     void readAmbients() noexcept;
     [[nodiscard]] win32::WindowsDesktop::Site desktopSite();
+    // For the length of one message of a window.
+    [[nodiscard]] std::shared_ptr<void> hold();
 
     // ---- state that hosts keep
     [[nodiscard]] SavedState state() const noexcept { return {.extent = extent_, .hidden = control_.bHidden}; }

@@ -37,13 +37,11 @@ FormWidgets::FormWidgets(ui::Desktop& desktop) {
     apply.setCaption("&Apply");
     cancel.setCaption("Cancel");
     cancel.setCancel(true);
-    const std::array<ui::Widget*, 17> inOrder = {&nameLabel, &name,   &noteLabel, &note,   &explanation, &band,
+    const std::array<ui::Widget*, 16> inOrder = {&nameLabel, &name,   &noteLabel, &note,   &explanation, &band,
                                                  &wide,      &narrow, &fixed,     &locked, &list,        &tones,
                                                  &level,     &ok,     &apply,     &cancel};
     for (ui::Widget* const child : inOrder) {
-        if (child != nullptr) {
-            form.add(*child);
-        }
+        form.add(*child);
     }
     using ui::Grow;
     form.setLayout(
@@ -122,9 +120,34 @@ void FormWorld::click(HWND window) {
     SendMessageW(window, WM_LBUTTONUP, 0, at);
 }
 
-void FormWorld::key(WPARAM code) {
-    PostMessageW(GetFocus(), WM_KEYDOWN, code, 1);
-    PostMessageW(GetFocus(), WM_KEYUP, code, static_cast<LPARAM>(0xC0000001U));
+void FormWorld::press(WORD code, std::initializer_list<WORD> held) {
+    std::vector<INPUT> inputs;
+    const auto add = [&inputs](WORD key, DWORD flags) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = key;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+        input.ki.dwFlags = flags | (key >= VK_PRIOR && key <= VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0U);
+        inputs.push_back(input);
+    };
+    for (const WORD key : held) {
+        add(key, 0);
+    }
+    add(code, 0);
+    add(code, KEYEVENTF_KEYUP);
+    for (const WORD key : held) {
+        add(key, KEYEVENTF_KEYUP);
+    }
+    EXPECT_EQ(SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)), inputs.size());
+}
+
+void FormWorld::key(WORD code, std::initializer_list<WORD> held) {
+    press(code, held);
+    pump();
+}
+
+void FormWorld::openModeless() {
+    desktop.showModeless(widgets.form);
     pump();
 }
 

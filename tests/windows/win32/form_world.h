@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -52,8 +53,14 @@ protected:
     // Name of the widget that has the focus, empty for none.
     [[nodiscard]] std::string focused() const;
     void click(HWND window);
-    // A key pressed and released, as the keyboard puts it into the queue; handled when this returns.
-    void key(WPARAM code);
+    // Pressed and released, with others held meanwhile; handled when this returns.
+    void key(WORD code, std::initializer_list<WORD> held = {});
+    static void press(WORD code, std::initializer_list<WORD> held = {});
+    // Until the form is not open any more.
+    void untilClosed() {
+        until([this] { return !desktop.isOpen(widgets.form); });
+    }
+    void openModeless();
 
     WindowsDesktop desktop;
     TopWindow top{900, 700};

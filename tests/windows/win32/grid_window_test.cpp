@@ -344,6 +344,24 @@ TEST_F(GridWindows, TheBarsFollowTheGrid) {
     EXPECT_EQ(bar(SB_VERT).nPos, layout().lastTopRow());
 }
 
+TEST_F(GridWindows, TheGridReadsTheValuesInForce) {
+    widgets.grid.setColumnWidth(9, 4000);
+    widgets.grid.setTopRow(255);
+    widgets.grid.setLeftColumn(26);
+    EXPECT_EQ(widgets.grid.topRow(), layout().lastTopRow());
+    EXPECT_EQ(widgets.grid.leftColumn(), layout().lastLeftColumn());
+    pump();
+    const Picture scrolled(window);
+    EXPECT_EQ(clean().differing(scrolled), ui::Rect{});
+    // A window that grows shows rows above instead of nothing below.
+    widgets.grid.setTopRow(255);
+    const int before = widgets.grid.topRow();
+    widgets.grid.setBounds({8, 8, 708, 558});
+    pump();
+    EXPECT_LT(widgets.grid.topRow(), before);
+    EXPECT_EQ(widgets.grid.topRow(), layout().lastTopRow());
+}
+
 TEST_F(GridWindows, TheBarsScroll) {
     const auto rows = [this](WORD request) { SendMessageW(window, WM_VSCROLL, request, 0); };
     rows(SB_LINEDOWN);

@@ -1,0 +1,42 @@
+// The present look of the system's controls. A program that does not ask for it gets the old ones, and this module
+// cannot know what program it is in, so it asks for itself while it makes its controls.
+#pragma once
+
+#include <windows.h>
+
+namespace telvar::win32 {
+
+// Number of the manifest among the resources of a module that wants the present look; not one that the system looks for
+// by itself.
+inline constexpr WORD controlsManifest = 100;
+
+// Where the module carries no manifest, or the system refuses, controls have the look of their program.
+class ControlsContext {
+public:
+    ControlsContext() noexcept;
+    ControlsContext(const ControlsContext&) = delete;
+    ControlsContext& operator=(const ControlsContext&) = delete;
+    ControlsContext(ControlsContext&&) = delete;
+    ControlsContext& operator=(ControlsContext&&) = delete;
+    ~ControlsContext();
+
+    // In use on this thread for the life of this object.
+    class Active {
+    public:
+        explicit Active(const ControlsContext& context) noexcept;
+        Active(const Active&) = delete;
+        Active& operator=(const Active&) = delete;
+        Active(Active&&) = delete;
+        Active& operator=(Active&&) = delete;
+        ~Active();
+
+    private:
+        ULONG_PTR cookie_ = 0;
+        bool active_;
+    };
+
+private:
+    HANDLE context_;
+};
+
+}  // namespace telvar::win32

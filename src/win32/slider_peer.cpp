@@ -1,0 +1,65 @@
+// The peer of a vertical slider. The control counts downwards from its upper end, the widget upwards.
+#include "ui/slider.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "win32/control_peer.h"
+#include "win32/peers.h"
+
+namespace telvar::win32 {
+
+namespace {
+
+class SliderPeer final : public ControlPeer {
+public:
+    SliderPeer(ui::Slider& slider, PeerHost& host) noexcept : ControlPeer(slider, host) {}
+
+    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
+        return event.code >= ui::key::pageUp && event.code <= ui::key::down && (event.shift & ui::shift::alt) == 0;
+    }
+
+protected:
+    [[nodiscard]] Control control() const noexcept override {
+        INITCOMMONCONTROLSEX needed{.dwSize = sizeof needed, .dwICC = ICC_BAR_CLASSES};
+        InitCommonControlsEx(&needed);
+        return {.className = TRACKBAR_CLASSW, .style = WS_TABSTOP | TBS_VERT | TBS_NOTICKS | TBS_BOTH};
+    }
+
+    void showAspect(ui::Aspect changed) override {
+        using ui::Aspect;
+        const bool everything = changed == Aspect::Everything;
+        if (everything || changed == Aspect::Items) {
+            send(TBM_SETRANGEMIN, FALSE, slider()->minimum());
+            send(TBM_SETRANGEMAX, FALSE, slider()->maximum());
+            send(TBM_SETLINESIZE, 0, slider()->smallChange());
+            send(TBM_SETPAGESIZE, 0, slider()->largeChange());
+        }
+        if (everything || changed == Aspect::Items || changed == Aspect::Value) {
+            send(TBM_SETPOS, TRUE, turned(slider()->value()));
+        }
+    }
+
+    void userDid(unsigned code) override {
+        static_cast<void>(code);
+        if (settled()) {
+            slider()->userMoved(turned(static_cast<int>(send(TBM_GETPOS, 0, 0))));
+        }
+    }
+
+private:
+    [[nodiscard]] ui::Slider* slider() const noexcept { return static_cast<ui::Slider*>(widget()); }
+    [[nodiscard]] int turned(int value) const noexcept { return slider()->minimum() + slider()->maximum() - value; }
+    LRESULT send(UINT message, WPARAM wParam, LPARAM lParam) const noexcept {
+        return SendMessageW(window(), message, wParam, lParam);
+    }
+};
+
+}  // namespace
+
+std::shared_ptr<ControlPeer> makeSliderPeer(ui::Slider& slider, PeerHost& host) {
+    return std::make_shared<SliderPeer>(slider, host);
+}
+
+}  // namespace telvar::win32
