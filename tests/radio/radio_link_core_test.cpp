@@ -2,16 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "base/conversion.h"
 #include "base/failure.h"
 #include "model/memory_data_store.h"
+#include "os/tcp.h"
 #include "queue_dispatcher.h"
+#include "radio/image_file.h"
+#include "support/failing_store.h"
 #include "support/temporary_folder.h"
 #include "tables.h"
 #include "virtual_clock.h"
@@ -22,18 +27,47 @@ namespace {
 using End = std::tuple<std::int16_t, bool, std::string>;
 using model::StoreMember;
 
+// Takes connections and says nothing.
+class SilentRadio {
+public:
+    [[nodiscard]] radio::Address address() const {
+        return {.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = listener_.port()};
+    }
+
+private:
+    os::TcpListener listener_ = *os::TcpListener::open(0);
+};
+
 struct RadioLinkCore : testing::Test {
     RadioLinkCore() {
-        link = std::make_unique<radio::RadioLinkCore>(dispatcher, std::make_unique<VirtualClock>());
-        link->setDataStore(store);
         settings.backupFolder = folder.name();
-        link->setSettings(settings);
-        link->ExchangeEnded.connect([this](std::int16_t task, bool succeeded, const std::string& message) {
+        link = made(std::make_unique<VirtualClock>());
+    }
+
+    [[nodiscard]] std::unique_ptr<radio::RadioLinkCore> made(std::unique_ptr<radio::LinkClock> clock) {
+        auto one = std::make_unique<radio::RadioLinkCore>(dispatcher, std::move(clock));
+        one->setDataStore(store);
+        one->setSettings(settings);
+        one->ExchangeEnded.connect([this](std::int16_t task, bool succeeded, const std::string& message) {
             ends.emplace_back(task, succeeded, message);
         });
-        link->StatusReported.connect(
+        one->StatusReported.connect(
             [this](bool answered, const std::string& message) { reports.emplace_back(answered, message); });
-        link->Progress.connect([this](std::int16_t percent) { progress.push_back(percent); });
+        one->Progress.connect([this](std::int16_t percent) { progress.push_back(percent); });
+        return one;
+    }
+    // Time passes, so that an exchange with a silent radio is still waiting when the test goes on.
+    [[nodiscard]] std::unique_ptr<radio::RadioLinkCore> onSystemTime(const radio::Address& address) {
+        settings.address = address;
+        return made(nullptr);
+    }
+    [[nodiscard]] static std::string failureOf(const std::function<void()>& operation) {
+        try {
+            operation();
+        } catch (const base::Failure& failure) {
+            return failure.description();
+        }
+        return "no failure";
     }
 
     void set(const std::string& faults) {
@@ -87,6 +121,267 @@ TEST_F(RadioLinkCore, WhatWasSentComesBackFromTheRadio) {
     EXPECT_EQ(radio::imageOf(*store), sent);
     EXPECT_EQ(shared(StoreMember::DataModified), base::Value{true});
     EXPECT_EQ(shared(StoreMember::ChannelDataModified), base::Value{true});
+}
+
+TEST_F(RadioLinkCore, MovesTheStoresProgressAndOwnsItsBusyFlag) {
+    std::vector<std::int16_t> counts;
+    link->Progress.connect([&](std::int16_t) {
+        EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{true});
+        counts.push_back(std::get<std::int16_t>(shared(StoreMember::ProgressCount)));
+    });
+    link->ExchangeEnded.connect([&](std::int16_t, bool, const std::string&) {
+        EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{false});
+        EXPECT_FALSE(link->exchangeRunning());
+    });
+    link->SendChannelTable();
+    EXPECT_TRUE(link->exchangeRunning());
+    EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{true});
+    EXPECT_TRUE(std::get<1>(ended()));
+    EXPECT_EQ(counts, progress);
+    EXPECT_TRUE(std::ranges::is_sorted(progress));
+    EXPECT_EQ(progress.front(), 0);
+    EXPECT_EQ(progress.back(), 100);
+}
+
+TEST_F(RadioLinkCore, SendsTheTableAsItWasAtTheStart) {
+    fill(*store, 1);
+    link->SendChannelTable();
+    fill(*store, 2);
+    ASSERT_TRUE(std::get<1>(ended()));
+    ASSERT_TRUE(std::get<1>(load()));
+    EXPECT_EQ(radio::imageOf(*store), sampleImage(1));
+}
+
+TEST_F(RadioLinkCore, KeepsWhatTheRadioHeldAndCanRestoreIt) {
+    fill(*store, 1);
+    ASSERT_TRUE(std::get<1>(send()));
+    fill(*store, 2);
+    ASSERT_TRUE(std::get<1>(send()));
+    const auto kept = link->lastBackup();
+    EXPECT_EQ(radio::loadImage(kept), sampleImage(1));
+    link->restoreBackup(kept);
+    const auto [task, succeeded, message] = ended();
+    EXPECT_EQ(task, 31);
+    EXPECT_TRUE(succeeded) << message;
+    ASSERT_TRUE(std::get<1>(load()));
+    EXPECT_EQ(radio::imageOf(*store), sampleImage(1));
+    EXPECT_EQ(folder.entries().size(), 3U);
+}
+
+TEST_F(RadioLinkCore, RestoresNothingFromAFileThatIsNone) {
+    link->restoreBackup(folder / "none");
+    EXPECT_EQ(ended(), (End{std::int16_t{31}, false, folder / "none" + ": No such file or directory."}));
+}
+
+TEST_F(RadioLinkCore, TheRadioFollowsAndTheStoreWithIt) {
+    EXPECT_EQ(select("200"), (End{std::int16_t{11}, true, ""}));
+    EXPECT_EQ(shared(StoreMember::SelectedChannel), base::Value{std::int16_t{200}});
+    link->queryStatus();
+    ASSERT_TRUE(dispatcher.runUntil([this] { return !link->exchangeRunning(); }));
+    EXPECT_EQ(reports.back(), (std::pair{true, std::string("Simulated radio, serial number 000001, on channel 200.")}));
+}
+
+TEST_F(RadioLinkCore, AChannelThatIsNoneIsNotSelected) {
+    for (const char* text : {"0", "256", "-1", "", "twelve", "12abc"}) {
+        EXPECT_EQ(select(text), (End{std::int16_t{11}, false,
+                                     "\"" + std::string(text) + "\" is not a channel; channels are 1 to 255."}));
+    }
+    EXPECT_EQ(shared(StoreMember::SelectedChannel), base::Value{std::int16_t{1}});
+}
+
+TEST_F(RadioLinkCore, TheStagedLevelsGoToTheRadio) {
+    const auto trace = folder / "trace.txt";
+    settings.traceFile = trace;
+    link->setSettings(settings);
+    for (std::int16_t index = 0; index < 4; ++index) {
+        store->SetPotValue(index, static_cast<std::uint8_t>(16 + index));
+    }
+    std::string text;
+    link->SendPotValues(text);
+    EXPECT_EQ(ended(), (End{std::int16_t{33}, true, ""}));
+    const auto lines = TemporaryFolder::read(trace);
+    EXPECT_NE(lines.find(" > set levels "), std::string::npos) << lines;
+    EXPECT_NE(lines.find(" < set levels answered "), std::string::npos) << lines;
+    EXPECT_NE(lines.find(": 10111213\n"), std::string::npos) << lines;
+}
+
+TEST_F(RadioLinkCore, ATraceThatCannotBeWrittenStopsTheExchange) {
+    settings.traceFile = folder / "missing/trace.txt";
+    link->setSettings(settings);
+    EXPECT_EQ(std::get<2>(load()), "The trace cannot be written (" + settings.traceFile +
+                                       ": No such file or directory); the table here was not changed.");
+}
+
+TEST_F(RadioLinkCore, RefusesASecondExchangeWithOneSentence) {
+    link->SendChannelTable();
+    std::string text;
+    bool flag = true;
+    const std::string busy = "The radio link is busy with another exchange";
+    EXPECT_EQ(failureOf([&] { link->SendChannelTable(); }), busy);
+    EXPECT_EQ(failureOf([&] { link->LoadChannelTable(text, flag); }), busy);
+    EXPECT_EQ(failureOf([&] { link->SendPotValues(text); }), busy);
+    EXPECT_EQ(failureOf([&] { link->SelectChannel(text); }), busy);
+    EXPECT_EQ(failureOf([&] { link->queryStatus(); }), busy);
+    EXPECT_EQ(failureOf([&] { link->restoreBackup(""); }), busy);
+    EXPECT_TRUE(std::get<1>(ended()));
+    EXPECT_EQ(ends.size(), 1U);
+}
+
+TEST_F(RadioLinkCore, AnExchangeMayFollowFromInsideTheEndOfAnother) {
+    bool first = true;
+    link->ExchangeEnded.connect([&](std::int16_t, bool, const std::string&) {
+        if (std::exchange(first, false)) {
+            link->queryStatus();
+        }
+    });
+    EXPECT_TRUE(std::get<1>(load()));
+    EXPECT_EQ(ends.size(), 1U);
+    EXPECT_EQ(reports.size(), 1U);
+}
+
+TEST_F(RadioLinkCore, WithoutADataStoreThereIsNothingToSend) {
+    link->setDataStore(nullptr);
+    EXPECT_EQ(send(), (End{std::int16_t{30}, false, "The radio link has no data store."}));
+    EXPECT_EQ(load(), (End{std::int16_t{22}, false, "The radio link has no data store."}));
+    EXPECT_EQ(select("7"), (End{std::int16_t{11}, true, ""}));
+}
+
+TEST_F(RadioLinkCore, WhatTheRadioCannotHoldIsNotSent) {
+    store->writeChannel(6, model::ChannelKey::TxFreq, 5e9);
+    EXPECT_EQ(send(), (End{std::int16_t{30}, false, "Channel 7: TxFreq is out of the radio's range."}));
+    EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{false});
+    EXPECT_TRUE(folder.entries().empty());
+}
+
+TEST_F(RadioLinkCore, AFailedLoadLeavesTheTableAlone) {
+    fill(*store, 1);
+    const auto revision = store->tableRevision();
+    for (const char* faults : {"silence@40+", "noise@10+", "cut@60+", "identity", "power@30", "echo,silence"}) {
+        set(faults);
+        const auto [task, succeeded, message] = load();
+        EXPECT_FALSE(succeeded) << faults;
+        EXPECT_TRUE(message.ends_with("; the table here was not changed.")) << message;
+    }
+    EXPECT_EQ(store->tableRevision(), revision);
+    EXPECT_EQ(shared(StoreMember::DataModified), base::Value{false});
+}
+
+// With nothing running each abort is answered by itself; the host counts on it after a refused send.
+TEST_F(RadioLinkCore, ReportsTheEndOncePerAbort) {
+    link->AbortTransfer();
+    EXPECT_EQ(ends, (std::vector<End>{{std::int16_t{0}, false, ""}}));
+    link->AbortTransfer();
+    EXPECT_EQ(ends.size(), 2U);
+}
+
+TEST_F(RadioLinkCore, AnAbortOfARunningExchangeReportsItsEndOnce) {
+    SilentRadio silent;
+    auto waiting = onSystemTime(silent.address());
+    waiting->SendChannelTable();
+    waiting->AbortTransfer();
+    waiting->AbortTransfer();
+    ASSERT_TRUE(dispatcher.runUntil([&] { return !waiting->exchangeRunning(); }));
+    EXPECT_EQ(ends, (std::vector<End>{
+                        {std::int16_t{30}, false, "The exchange was aborted; nothing was written to the radio."}}));
+    EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{false});
+}
+
+TEST_F(RadioLinkCore, AnAbortedStatusReportsAnEndAsWell) {
+    SilentRadio silent;
+    auto waiting = onSystemTime(silent.address());
+    waiting->queryStatus();
+    waiting->AbortTransfer();
+    ASSERT_TRUE(dispatcher.runUntil([&] { return !waiting->exchangeRunning(); }));
+    EXPECT_EQ(reports, (std::vector<std::pair<bool, std::string>>{{false, "The exchange was aborted."}}));
+    EXPECT_EQ(ends, (std::vector<End>{{std::int16_t{0}, false, ""}}));
+}
+
+TEST_F(RadioLinkCore, ALinkThatGoesInTheMiddleFreesTheStoreAndSaysNothingMore) {
+    SilentRadio silent;
+    auto waiting = onSystemTime(silent.address());
+    waiting->SendChannelTable();
+    waiting.reset();
+    EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{false});
+    ASSERT_TRUE(dispatcher.runUntil([this] { return dispatcher.idle(); }));
+    EXPECT_TRUE(ends.empty());
+}
+
+TEST_F(RadioLinkCore, AListenerMayLetTheLinkGo) {
+    link->Progress.connect([this](std::int16_t percent) {
+        if (percent == 50) {
+            link.reset();
+        }
+    });
+    link->SendChannelTable();
+    ASSERT_TRUE(dispatcher.runUntil([this] { return link == nullptr; }));
+    ASSERT_TRUE(dispatcher.runUntil([this] { return dispatcher.idle(); }));
+    EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{false});
+    EXPECT_TRUE(ends.empty());
+}
+
+TEST_F(RadioLinkCore, AListenerOfTheEndMayLetTheLinkGo) {
+    link->ExchangeEnded.connect([this](std::int16_t, bool, const std::string&) { link.reset(); });
+    link->SendChannelTable();
+    ASSERT_TRUE(dispatcher.runUntil([this] { return link == nullptr; }));
+    EXPECT_EQ(ends.size(), 1U);
+}
+
+// A store whose n-th call fails: whatever call it is, one sentence comes of it, and the link is free again.
+TEST_F(RadioLinkCore, AStoreThatFailsAtAnyCallOfASendEndsItWithOneSentence) {
+    const auto failing = std::make_shared<FailingStore>(*store);
+    link->setDataStore(failing);
+    failing->failAt(0);
+    ASSERT_TRUE(std::get<1>(send()));
+    const int calls = failing->calls();
+    for (int call = 1; call <= calls; call += call < 5 || call > calls - 8 ? 1 : 997) {
+        ends.clear();
+        failing->failAt(call);
+        const auto [task, succeeded, message] = send();
+        EXPECT_EQ(task, 30);
+        EXPECT_EQ(ends.size(), 1U);
+        EXPECT_TRUE(succeeded || message == "the data store does not answer.") << call << ": " << message;
+        EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{false}) << call;
+    }
+}
+
+TEST_F(RadioLinkCore, AStoreThatFailsForGoodEndsALoadWithOneSentence) {
+    const auto failing = std::make_shared<FailingStore>(*store);
+    link->setDataStore(failing);
+    for (const int call : {1, 2, 50, 500, 5'000}) {
+        ends.clear();
+        failing->failAt(call, FailureSpan::FromThereOn);
+        const auto [task, succeeded, message] = load();
+        EXPECT_EQ(task, 22);
+        EXPECT_FALSE(succeeded && call < 500) << message;
+        EXPECT_EQ(ends.size(), 1U);
+        EXPECT_NE(message.find("The data store could not be told that the link is free."), std::string::npos)
+            << message;
+    }
+}
+
+TEST_F(RadioLinkCore, AStoreThatCallsBackFindsTheLinkBusy) {
+    class CallingStore final : public StoreDecorator {
+    public:
+        using StoreDecorator::StoreDecorator;
+        std::function<void()> inside;
+
+    private:
+        void onCall(const StoreCall& call) override {
+            if (call.kind == StoreCall::Kind::ReadChannel && inside) {
+                std::exchange(inside, nullptr)();
+            }
+        }
+    };
+    const auto calling = std::make_shared<CallingStore>(*store);
+    calling->inside = [this] {
+        EXPECT_EQ(failureOf([this] { link->queryStatus(); }), "The radio link is busy with another exchange");
+        link->AbortTransfer();
+    };
+    link->setDataStore(calling);
+    EXPECT_EQ(std::get<2>(send()), "The exchange was aborted; nothing was written to the radio.");
+    calling->inside = [this] { link.reset(); };
+    link->SendChannelTable();
+    EXPECT_EQ(link, nullptr);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 // them.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <memory>
 #include <string>
 #include <thread>
@@ -10,6 +9,7 @@
 #include "pseudo_terminal.h"
 #include "radio/radio_client.h"
 #include "radio/radio_server.h"
+#include "support/served_radio.h"
 #include "support/temporary_folder.h"
 #include "tables.h"
 
@@ -17,37 +17,6 @@ namespace telvar::tests {
 namespace {
 
 const radio::Percent nobodyLooks = [](int) {};
-
-// A radio of its own, on a thread of its own, until the end of the test.
-class ServedRadio {
-public:
-    explicit ServedRadio(const std::string& faults = {}) : line_(radio, *radio::parseFaults(faults)) {
-        thread_ = std::thread([this] { EXPECT_TRUE(radio::serve(line_, listener_, interrupt_)); });
-    }
-    ServedRadio(const ServedRadio&) = delete;
-    ServedRadio& operator=(const ServedRadio&) = delete;
-    ServedRadio(ServedRadio&&) = delete;
-    ServedRadio& operator=(ServedRadio&&) = delete;
-    ~ServedRadio() { stop(); }
-
-    void stop() {
-        interrupt_.raise();
-        if (thread_.joinable()) {
-            thread_.join();
-        }
-    }
-    [[nodiscard]] radio::Address address() const {
-        return {.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = listener_.port()};
-    }
-
-    radio::SimulatedRadio radio;
-
-private:
-    radio::SimulatedLine line_;
-    os::Interrupt interrupt_;
-    os::TcpListener listener_ = *os::TcpListener::open(0);
-    std::thread thread_;
-};
 
 struct RealLine : testing::Test {
     [[nodiscard]] bool connect(const radio::Address& address) {
