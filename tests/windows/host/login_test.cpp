@@ -208,8 +208,8 @@ TEST_F(Login, AWishThatCannotBeAnsweredNowWaits) {
         EXPECT_EQ(program->accessLevel(), AccessLevel::View);
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
-    command(COMMAND_ABOUT);
     expectLogin(1, L"");
+    command(COMMAND_ABOUT);
     EXPECT_TRUE(pumpUntil([this] { return program->accessLevel() == AccessLevel::EditChannels; }));
 }
 

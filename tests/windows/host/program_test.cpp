@@ -113,7 +113,7 @@ TEST_F(ProgramProcess, WalksTheMainJobByItself) {
     EXPECT_EQ(program.waitForEnd(walkTime), fine);
     const std::string transcript = TemporaryFolder::read(folder / "transcript.txt");
     EXPECT_TRUE(transcript.ends_with(" steps, everything as expected.\n")) << transcript;
-    EXPECT_TRUE(std::filesystem::exists(TemporaryFolder::pathOf(folder / "12-reopened.png")));
+    EXPECT_TRUE(std::filesystem::exists(TemporaryFolder::pathOf(folder / "17-reopened.png")));
 }
 
 TEST_F(ProgramProcess, AWalkThatCannotBeginSaysSoInItsTranscript) {
