@@ -24,7 +24,7 @@ constexpr wchar_t menuClass[] = L"#32768";
 using IsWanted = bool (*)(HWND window) noexcept;
 
 struct Search {
-    IsWanted wanted;
+    IsWanted wanted = nullptr;
     HWND found = nullptr;
 };
 
