@@ -25,19 +25,24 @@ constexpr std::size_t largestFile = 1U << 20U;
 
 [[nodiscard]] std::filesystem::path pathOf(std::string_view text) { return {std::u8string(text.begin(), text.end())}; }
 
-[[nodiscard]] std::expected<std::string, os::FileError> backupFolder(const std::string& folder) {
-    auto chosen = folder;
+[[nodiscard]] std::string textOf(const std::filesystem::path& path) {
+    const auto text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+[[nodiscard]] std::expected<std::filesystem::path, os::FileError> backupFolder(const std::string& folder) {
+    auto chosen = pathOf(folder);
     if (chosen.empty()) {
         const auto state = os::userStateFolder();
         if (!state) {
             return std::unexpected(state.error());
         }
-        chosen = *state + "/radio-backups";
+        chosen = pathOf(*state) / "radio-backups";
     }
     std::error_code error;
-    std::filesystem::create_directories(pathOf(chosen), error);
+    std::filesystem::create_directories(chosen, error);
     if (error) {
-        return std::unexpected(os::FileError{chosen, error.message()});
+        return std::unexpected(os::FileError{textOf(chosen), error.message()});
     }
     return chosen;
 }
@@ -97,7 +102,7 @@ std::expected<std::string, os::FileError> saveDated(const std::string& folder, c
         return std::unexpected(place.error());
     }
     // Colons are no part of a file's name on every system.
-    const auto stem = *place + "/radio " + base::replacedAll(os::isoText(os::localTime()), ":", ".");
+    const auto stem = textOf(*place / ("radio " + base::replacedAll(os::isoText(os::localTime()), ":", ".")));
     std::string path = stem + std::string(imageExtension);
     for (int again = 2; os::fileExists(path); ++again) {
         path = stem + " (" + std::to_string(again) + ")" + std::string(imageExtension);

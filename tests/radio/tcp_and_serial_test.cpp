@@ -6,9 +6,9 @@
 #include <string>
 #include <thread>
 
-#include "pseudo_terminal.h"
 #include "radio/radio_client.h"
 #include "radio/radio_server.h"
+#include "support/posix/pseudo_terminal.h"
 #include "support/served_radio.h"
 #include "support/temporary_folder.h"
 #include "tables.h"

@@ -1,6 +1,7 @@
 // Who keeps whom alive, and when the library may leave the process.
 #include <cstdint>
 
+#include "VexloRadioLink.h"
 #include "support/windows/command.h"
 #include "world.h"
 

@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 
+#include "VexloRadioLink.h"
 #include "com/kit/registry_key.h"
 #include "support/windows/command.h"
 #include "world.h"

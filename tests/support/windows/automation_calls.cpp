@@ -1,4 +1,4 @@
-#include "world.h"
+#include "support/windows/automation_calls.h"
 
 #include "base/conversion.h"
 
