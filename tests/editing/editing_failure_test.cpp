@@ -183,14 +183,15 @@ public:
         at(index, key) = base::toInt32(value);
     }
 
-    Numbers numbers;  // in the order in which they are copied
-    int untilFailure = 0;
+    Numbers numbers;       // in the order in which they are copied
+    int untilFailure = 0;  // the call that fails, from 1; none where it is not positive
 
 private:
     void count() {
-        if (untilFailure > 0 && --untilFailure == 0) {
+        if (untilFailure == 1) {
             throw base::Failure(FailingStore::description);
         }
+        --untilFailure;
     }
     [[nodiscard]] std::int32_t& at(std::int16_t index, ChannelKey key) {
         static const auto places = [] {
