@@ -9,10 +9,13 @@ namespace telvar::cli {
 
 [[nodiscard]] std::unique_ptr<Command> newCommand();
 [[nodiscard]] std::unique_ptr<Command> showCommand();
+[[nodiscard]] std::unique_ptr<Command> checkCommand();
 [[nodiscard]] std::unique_ptr<Command> setCommand();
 [[nodiscard]] std::unique_ptr<Command> validateCommand();
 [[nodiscard]] std::unique_ptr<Command> pasteCommand();
 [[nodiscard]] std::unique_ptr<Command> fillCommand();
+[[nodiscard]] std::unique_ptr<Command> pllCommand();
+[[nodiscard]] std::unique_ptr<Command> proposeCommand();
 [[nodiscard]] std::unique_ptr<Command> convertCommand();
 
 }  // namespace telvar::cli

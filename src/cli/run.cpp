@@ -105,8 +105,9 @@ int run(const std::vector<std::string>& arguments, std::istream& in, std::ostrea
     CommonOptions options;
     CLI::App app("Works with the channel tables of the Telvar base station.", "telvar");
     declareCommon(app, options);
-    const std::array<std::unique_ptr<Command>, 7> commands{
-        newCommand(), showCommand(), setCommand(), validateCommand(), pasteCommand(), fillCommand(), convertCommand()};
+    const std::array<std::unique_ptr<Command>, 10> commands{
+        newCommand(),   showCommand(), checkCommand(), setCommand(),     validateCommand(),
+        pasteCommand(), fillCommand(), pllCommand(),   proposeCommand(), convertCommand()};
     for (const auto& command : commands) {
         command->declare(*app.add_subcommand(command->name(), command->summary()));
     }
