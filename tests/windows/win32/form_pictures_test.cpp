@@ -1,6 +1,9 @@
 #include "form_pictures.h"
 
+#include "editing/frmFill.h"
+#include "editing/frmMsgBox.h"
 #include "form_world.h"
+#include "ui/menu.h"
 
 namespace telvar::win32 {
 namespace {
@@ -15,6 +18,25 @@ TEST_F(FormPictures, EveryKindOfWidgetIsReadable) {
     widgets.level.loadValue(-64);
     widgets.narrow.setEnabled(false);
     expectReadable(desktop, widgets.form, "frmEverything");
+}
+
+TEST_F(FormPictures, TheFillDialogIsReadable) {
+    ui::Grid grid("fgdDatabase", 256, 27);
+    const editing::GridSurroundings surroundings{.grid = grid, .desktop = desktop};
+    ui::MenuItem undo{"mnuUndo", "&Undo"};
+    ui::MenuItem redo{"mnuRedo", "&Redo"};
+    editing::UndoHistory history(surroundings, undo, redo);
+    editing::frmFill fill(surroundings, history);
+    fill.offerSeries();
+    expectReadable(desktop, fill, "frmFill-series");
+    fill.offerFillDown();
+    expectReadable(desktop, fill, "frmFill-down");
+}
+
+TEST_F(FormPictures, TheMessageBoxIsReadable) {
+    editing::frmMsgBox box(desktop, "Channels");
+    box.InitControls("Changes will also be copied to the other selected channels. Would you like to proceed?");
+    expectReadable(desktop, box, "frmMsgBox");
 }
 
 }  // namespace
