@@ -72,6 +72,7 @@ void ChannelInformation::wire() {
     ui::on(fgdDatabase.KeyDown, this, &ChannelInformation::fgdDatabase_KeyDown);
     ui::on(fgdDatabase.KeyPress, this, &ChannelInformation::fgdDatabase_KeyPress);
     ui::on(fgdDatabase.MouseDown, this, &ChannelInformation::fgdDatabase_MouseDown);
+    ui::on(fgdDatabase.DblClick, this, &ChannelInformation::fgdDatabase_DblClick);
     ui::on(cmdChannelSelect.Click, this, &ChannelInformation::cmdChannelSelect_Click);
     for (std::int16_t index = 0; index < static_cast<std::int16_t>(optLockMode.size()); ++index) {
         optLockMode[static_cast<std::size_t>(index)].Click.connect([this, index] { optLockMode_Click(index); });

@@ -170,6 +170,7 @@ private:
     void fgdDatabase_KeyDown(ui::KeyEvent& event);
     void fgdDatabase_KeyPress(ui::KeyPressEvent& event);
     void fgdDatabase_MouseDown(const ui::MouseEvent& event);
+    void fgdDatabase_DblClick();
     void frmCE_DataChanged();
     void frmCE_EditClosed();
     void frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo);

@@ -194,6 +194,51 @@ TEST_F(ChannelSelection, SteppingWithoutAStoreIsToldAfterTheStep) {
     EXPECT_EQ(typed(), "6");
 }
 
+// -- clicks on the grid -----------------------------------------------------------------------------------------------
+
+TEST_F(ChannelSelection, ADoubleClickMakesTheGridsRowTheSelectedChannel) {
+    const auto recording = decorate<RecordingStore>();
+    grid().select({7, 3}, {7, 3});
+    grid().DblClick();
+    EXPECT_EQ(selectedChannel(), 7);
+    EXPECT_EQ(typed(), "7");
+    EXPECT_EQ(recording->calls(), (Log{"SelectedChannel=", "SelectedChannel"}));
+    EXPECT_EQ(events, Log{});
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(link->calls, Log{});
+}
+
+TEST_F(ChannelSelection, ADoubleClickShowsWhatTheStoreMakesOfTheChannel) {
+    const auto answering = decorate<AnsweringStore>();
+    answering->answer(StoreMember::SelectedChannel, base::Value{std::int16_t{42}});
+    grid().select({7, 3}, {7, 3});
+    grid().DblClick();
+    EXPECT_EQ(typed(), "42");
+}
+
+TEST_F(ChannelSelection, ADoubleClickLeavesSeveralSelectedRowsSelected) {
+    grid().select({3, 1}, {8, 5});
+    grid().DblClick();
+    EXPECT_EQ(selection(), (ui::CellRange{3, 1, 8, 5}));
+    EXPECT_EQ(selectedChannel(), 3);
+}
+
+TEST_F(ChannelSelection, ADoubleClickThatFailsIsToldOnce) {
+    control->setCentralDataStore(nullptr);
+    grid().DblClick();
+    EXPECT_EQ(boxes(), (Boxes{errorIn("fgdDatabase_DblClick")}));
+}
+
+TEST_F(ChannelSelection, ASingleClickSelectsNoChannel) {
+    type("9");
+    const auto before = selectedChannel();
+    grid().select({7, 3}, {7, 3});
+    grid().Click();
+    EXPECT_EQ(selectedChannel(), before);
+    EXPECT_EQ(typed(), "9");
+    EXPECT_EQ(events, Log{});
+}
+
 // -- the button ------------------------------------------------------------------------------------------------------
 
 TEST_F(ChannelSelection, TheButtonSwitchesTheRadio) {
