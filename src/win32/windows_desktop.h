@@ -78,7 +78,7 @@ private:
     // is modal.
     [[nodiscard]] std::vector<HWND> othersThan(HWND window) const;
     [[nodiscard]] std::shared_ptr<FormWindow> windowOf(const ui::Form& form) const noexcept;
-    [[nodiscard]] std::shared_ptr<FormWindow> openWindow(std::shared_ptr<FormWindow> window, HWND owner);
+    [[nodiscard]] std::shared_ptr<FormWindow> openWindow(const std::shared_ptr<FormWindow>& window, HWND owner);
     void closeForms() noexcept;
 
     Site site_;

@@ -63,7 +63,7 @@ std::vector<HWND> WindowsDesktop::othersThan(HWND window) const {
 }
 
 // Empty when the form ended, or was hidden, in its own Load.
-std::shared_ptr<FormWindow> WindowsDesktop::openWindow(std::shared_ptr<FormWindow> window, HWND owner) {
+std::shared_ptr<FormWindow> WindowsDesktop::openWindow(const std::shared_ptr<FormWindow>& window, HWND owner) {
     forms_.push_back(window);
     try {
         window->open(owner);
