@@ -5,12 +5,12 @@
 namespace telvar::radio {
 
 void LinkWorker::run(std::function<void()> job) {
+    if (!thread_.joinable()) {
+        thread_ = std::thread([this] { work(); });
+    }
     {
         const std::scoped_lock held(lock_);
         jobs_.push_back(std::move(job));
-    }
-    if (!thread_.joinable()) {
-        thread_ = std::thread([this] { work(); });
     }
     changed_.notify_one();
 }

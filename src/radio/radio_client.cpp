@@ -72,7 +72,10 @@ Outcome RadioClient::readBack(LinkSession& session, const TableImage& image, con
 // Before the commit no doubt is possible; a new session only makes the radio forget what it was sent.
 Outcome RadioClient::writeFailed(const LinkFailure& failure, WriteStage stage, const TableImage& former,
                                  const TableImage& image, const Percent& percent) {
-    interrupt_.reset();
+    // An abort has had its effect; one that comes now is a new one.
+    if (failure.cause == Cause::Aborted) {
+        interrupt_.reset();
+    }
     const auto session = connection_.fresh(recoveryPatience);
     if (stage != WriteStage::Committing) {
         return failed(failure, formerTable);

@@ -131,7 +131,7 @@ void RadioLinkCore::start(Task task, const Preparation& prepare) {
     if (!alive.expired()) {
         refused.connected = connected_;
         refused.backup = lastBackup_;
-        postReport(std::move(refused));
+        postReport(alive, std::move(refused));
     }
 }
 
@@ -159,12 +159,12 @@ void RadioLinkCore::runOnWorker(const Job& job) {
         }
         report.connected = client_.connected();
         report.backup = client_.lastBackup();
-        postReport(std::move(report));
+        postReport(alive, std::move(report));
     });
 }
 
-void RadioLinkCore::postReport(Report report) {
-    dispatcher_.post([alive = std::weak_ptr(alive_), shared = std::make_shared<Report>(std::move(report))] {
+void RadioLinkCore::postReport(const Alive& alive, Report report) {
+    dispatcher_.post([alive, shared = std::make_shared<Report>(std::move(report))] {
         if (const auto link = alive.lock()) {
             (*link)->finish(std::move(*shared));
         }

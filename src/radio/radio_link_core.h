@@ -88,13 +88,15 @@ private:
         bool connected = false;
         std::string backup;
     };
+    // How posted work finds out that the link is gone; looked at on the user-interface thread only.
+    using Alive = std::weak_ptr<RadioLinkCore*>;
     using Job = std::function<Report(RadioClient&, const Percent&)>;
     // What the store is read for; made on the user-interface thread.
     using Preparation = std::function<Job()>;
 
     void start(Task task, const Preparation& prepare);
     void runOnWorker(const Job& job);
-    void postReport(Report report);
+    void postReport(const Alive& alive, Report report);
     void showProgress(int percent);
     void finish(Report report);
     [[nodiscard]] Outcome applied(Report& report);
@@ -115,7 +117,6 @@ private:
     Outcome lastOutcome_;
     std::string lastBackup_;
 
-    // Posted work finds out by it that the link is gone.
     std::shared_ptr<RadioLinkCore*> alive_ = std::make_shared<RadioLinkCore*>(this);
     RadioClient client_;  // the worker's own while a task runs
     LinkWorker worker_;

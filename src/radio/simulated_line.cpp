@@ -20,7 +20,7 @@ namespace {
 
 }  // namespace
 
-SimulatedLine::SimulatedLine(SimulatedRadio& radio, FaultPlan faults) : radio_(radio) {
+SimulatedLine::SimulatedLine(SimulatedRadio& radio, const FaultPlan& faults) : radio_(radio) {
     for (const Fault& fault : faults) {
         faults_.push_back({.fault = fault});
     }

@@ -23,7 +23,7 @@ public:
     static constexpr std::chrono::milliseconds bootTime{700};
 
     // The radio outlives the line.
-    SimulatedLine(SimulatedRadio& radio, FaultPlan faults);
+    SimulatedLine(SimulatedRadio& radio, const FaultPlan& faults);
 
     // Bytes on their way to the radio.
     void send(ByteView bytes, LinkTime now);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <ranges>
 #include <span>
 
 #include "base/conversion.h"
@@ -79,8 +80,8 @@ static_assert(fieldsStandInOrder());
 [[nodiscard]] const Field& fieldOf(ChannelKey key) noexcept { return fields[static_cast<std::size_t>(key)]; }
 
 void putBytes(std::span<std::uint8_t> bytes, std::uint64_t value) noexcept {
-    for (auto at = bytes.rbegin(); at != bytes.rend(); ++at) {
-        *at = static_cast<std::uint8_t>(value);
+    for (std::uint8_t& byte : bytes | std::views::reverse) {
+        byte = static_cast<std::uint8_t>(value);
         value >>= 8U;
     }
 }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "os/windows/interrupt_handle.h"
 #include "os/windows/wide_text.h"
@@ -19,13 +21,22 @@ class SerialStream final : public ByteStream {
 public:
     SerialStream(Handle port, const Interrupt& interrupt) : port_(std::move(port)), interrupt_(interrupt) {}
 
+    // Waits for one byte and takes what else is there: how a longer read would end depends on the driver.
     [[nodiscard]] std::expected<std::size_t, std::string> read(std::span<std::uint8_t> buffer,
                                                                std::chrono::milliseconds wait) override {
-        OVERLAPPED operation{};
-        operation.hEvent = event_.get();
-        const bool done =
-            ::ReadFile(port_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), nullptr, &operation) != 0;
-        return finished(operation, done, Clock::now() + wait);
+        const auto until = Clock::now() + wait;
+        const auto first = readExactly(buffer.first(1), until);
+        if (!first || *first == 0) {
+            return first;
+        }
+        COMSTAT state{};
+        DWORD errors = 0;
+        if (::ClearCommError(port_.get(), &errors, &state) == 0 || state.cbInQue == 0) {
+            return first;
+        }
+        const auto rest = buffer.subspan(1);
+        const auto more = readExactly(rest.first(std::min<std::size_t>(rest.size(), state.cbInQue)), until);
+        return 1 + more.value_or(0);
     }
 
     [[nodiscard]] std::expected<void, std::string> write(std::span<const std::uint8_t> bytes,
@@ -52,6 +63,15 @@ public:
     }
 
 private:
+    [[nodiscard]] std::expected<std::size_t, std::string> readExactly(std::span<std::uint8_t> bytes,
+                                                                      Clock::time_point until) {
+        OVERLAPPED operation{};
+        operation.hEvent = event_.get();
+        const bool done =
+            ::ReadFile(port_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), nullptr, &operation) != 0;
+        return finished(operation, done, until);
+    }
+
     // Waits for an operation under way and takes it back when its time is over; the bytes that it moved.
     [[nodiscard]] std::expected<std::size_t, std::string> finished(OVERLAPPED& operation, bool done,
                                                                    Clock::time_point until) {
@@ -97,11 +117,8 @@ private:
     settings.fNull = FALSE;
     settings.fRtsControl = RTS_CONTROL_ENABLE;
     settings.fAbortOnError = FALSE;
-    // A read ends with the first bytes that come; how long it may wait is decided by whoever waits for it.
+    // None: whoever waits decides how long.
     COMMTIMEOUTS timeouts{};
-    timeouts.ReadIntervalTimeout = MAXDWORD;
-    timeouts.ReadTotalTimeoutMultiplier = MAXDWORD;
-    timeouts.ReadTotalTimeoutConstant = MAXDWORD - 1;
     return ::SetCommState(port, &settings) != 0 && ::SetCommTimeouts(port, &timeouts) != 0;
 }
 
