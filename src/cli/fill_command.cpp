@@ -47,7 +47,7 @@ public:
             tellWhatWasTaken(console, form);
             form.ok_but.userPress();
         }
-        return finish(console, *edit, grid, form);
+        return keepEdit(console, file_, *edit, grid, takenAsJson(form));
     }
 
 private:
@@ -98,27 +98,11 @@ private:
         }
     }
 
-    [[nodiscard]] Outcome finish(const Console& console, TableEdit& edit, WindowlessGrid& grid,
-                                 const editing::frmFill& form) const {
-        const bool filled = grid.desktop().messages().empty();
-        bool changed = false;
-        if (filled) {
-            edit.contents = grid.contents();
-            const auto done = edit.finish(console);
-            if (!done) {
-                return console.refuse(done.error());
-            }
-            changed = *done;
-        }
-        if (console.json) {
-            console.out << "{\"file\": " << store::jsonQuoted(file_)
-                        << ", \"changed\": " << (changed ? "true" : "false")
-                        << ", \"from\": " << form.start_chan_val.text() << ", \"to\": " << form.end_chan_val.text()
-                        << ", \"start\": " << store::jsonQuoted(form.start_freq_val.text())
-                        << ", \"step\": " << store::jsonQuoted(form.step_val.text())
-                        << ", \"messages\": " << grid.desktop().messagesAsJson() << "}\n";
-        }
-        return filled ? Outcome::Fine : Outcome::Findings;
+    // Channels and numbers as the dialog took them.
+    [[nodiscard]] static std::string takenAsJson(const editing::frmFill& form) {
+        return ", \"from\": " + form.start_chan_val.text() + ", \"to\": " + form.end_chan_val.text() +
+               ", \"start\": " + store::jsonQuoted(form.start_freq_val.text()) +
+               ", \"step\": " + store::jsonQuoted(form.step_val.text());
     }
 
     std::string file_;

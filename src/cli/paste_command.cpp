@@ -56,7 +56,7 @@ public:
         grid.desktop().setClipboardText(*text);
         grid.grid().select({row_, *column}, {row_ + rows_ - 1, *column});
         editing::ClipboardEditing(grid.surroundings(), grid.history()).PasteToCells();
-        return finish(console, *edit, grid);
+        return keepEdit(console, file_, *edit, grid);
     }
 
 private:
@@ -75,25 +75,6 @@ private:
             return "--json and the table itself cannot both go to standard output";
         }
         return std::nullopt;
-    }
-
-    [[nodiscard]] Outcome finish(const Console& console, TableEdit& edit, WindowlessGrid& grid) const {
-        const bool wentThrough = grid.desktop().messages().empty();
-        bool changed = false;
-        if (wentThrough) {
-            edit.contents = grid.contents();
-            const auto done = edit.finish(console);
-            if (!done) {
-                return console.refuse(done.error());
-            }
-            changed = *done;
-        }
-        if (console.json) {
-            console.out << "{\"file\": " << store::jsonQuoted(file_)
-                        << ", \"changed\": " << (changed ? "true" : "false")
-                        << ", \"messages\": " << grid.desktop().messagesAsJson() << "}\n";
-        }
-        return wentThrough ? Outcome::Fine : Outcome::Findings;
     }
 
     std::string file_;

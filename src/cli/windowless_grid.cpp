@@ -1,6 +1,7 @@
 #include "cli/windowless_grid.h"
 
 #include "editing/columns.h"
+#include "store/json_text.h"
 #include "ui/trapped.h"
 
 namespace telvar::cli {
@@ -27,6 +28,25 @@ void WindowlessGrid::renderRow(std::int16_t row) {
     grid_.setRow(row);
     editing::renderRow({.store = *store_, .channel = row, .format = surroundings_.format},
                        [&](std::int16_t column, const std::string& text) { grid_.setText(row, column, text); });
+}
+
+Outcome keepEdit(const Console& console, const std::string& file, TableEdit& edit, WindowlessGrid& grid,
+                 const std::string& alsoJson) {
+    const bool wentThrough = grid.desktop().messages().empty();
+    bool changed = false;
+    if (wentThrough) {
+        edit.contents = grid.contents();
+        const auto done = edit.finish(console);
+        if (!done) {
+            return console.refuse(done.error());
+        }
+        changed = *done;
+    }
+    if (console.json) {
+        console.out << "{\"file\": " << store::jsonQuoted(file) << ", \"changed\": " << (changed ? "true" : "false")
+                    << alsoJson << ", \"messages\": " << grid.desktop().messagesAsJson() << "}\n";
+    }
+    return wentThrough ? Outcome::Fine : Outcome::Findings;
 }
 
 }  // namespace telvar::cli

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/console_desktop.h"
+#include "cli/table_edit.h"
 #include "editing/grid_surroundings.h"
 #include "editing/undo.h"
 #include "store/reference_data_store.h"
@@ -37,5 +38,10 @@ private:
     editing::GridSurroundings surroundings_;
     editing::UndoHistory history_;
 };
+
+// The end of a command that edits by the grid: keeps the edit where no message was shown, and answers what came of it.
+// `alsoJson` are further members of the JSON result, each behind a comma.
+[[nodiscard]] Outcome keepEdit(const Console& console, const std::string& file, TableEdit& edit, WindowlessGrid& grid,
+                               const std::string& alsoJson = {});
 
 }  // namespace telvar::cli
