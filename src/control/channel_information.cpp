@@ -21,6 +21,7 @@ constexpr auto blinkInterval = std::chrono::milliseconds(200);
 ChannelInformation::ChannelInformation(Surroundings surroundings)
     : fgdDatabase("fgdDatabase", model::channelCount + 1, static_cast<int>(editing::columnCount)),
       Timer1(surroundings.desktop),
+      frmCE(surroundings.desktop, surroundings.numberFormat),
       confirmation(surroundings.desktop),
       desktop_(surroundings.desktop),
       makeTable_(std::move(surroundings.makeTable)),

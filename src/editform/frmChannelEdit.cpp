@@ -1,9 +1,52 @@
 #include "editform/frmChannelEdit.h"
 
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "base/conversion.h"
+#include "editform/channel_loading.h"
+#include "editform/channel_spacing.h"
+#include "editform/lists.h"
+#include "editform/raised.h"
+#include "model/mode_bits.h"
+#include "ui/trapped.h"
+
 namespace telvar::editform {
 
-frmChannelEdit::frmChannelEdit() : Form("frmChannelEdit") {
-    setCaption("Channel Edit");
+using model::StoreMember;
+
+namespace {
+
+constexpr auto updateInterval = std::chrono::milliseconds(250);
+constexpr std::int16_t fullAccess = 5;
+constexpr std::int16_t p25Access = 3;
+constexpr std::int32_t configurationWithP25 = 7;  // permits P25 modes without a board
+
+enum LockMode : std::int32_t { levelsLocked = 1, settingsLocked = 2 };
+
+}  // namespace
+
+frmChannelEdit::frmChannelEdit(ui::Desktop& desktop, base::NumberFormat format)
+    : ChannelEditControls(desktop),
+      tmrUpdate(desktop),
+      desktop_(desktop),
+      format_(format),
+      messages_(desktop, [this] { return store_; }),
+      levels_(*this, format),
+      rules_(*this, levels_),
+      liveLevels_(liveSurroundings()) {
+    fillFixedLists(*this);
+    tmrUpdate.setEnabled(false);
+    tmrUpdate.setInterval(updateInterval);
+    wireMenu();
+    wire();
+    wireFocus();
+    setLoaded(false);
+    showAccess();
+}
+
+void frmChannelEdit::wireMenu() {
     for (auto* item :
          {&mnuPopUpMenuCopy, &mnuPopUpMenuPaste, &mnuPopUpMenuDelete, &mnuPopUpMenuUndo, &mnuPopUpMenuRedo}) {
         mnuPopUpMenu.add(*item);
@@ -17,15 +60,241 @@ frmChannelEdit::frmChannelEdit() : Form("frmChannelEdit") {
     ui::on(mnuPopUpMenuRedo.Click, this, &frmChannelEdit::mnuPopUpMenuRedo_Click);
 }
 
-void frmChannelEdit::UpdateAccess(std::int16_t intAccessLvl) { accessLevel_ = intAccessLvl; }
+void frmChannelEdit::wire() {
+    ui::on(CloseBox, this, &frmChannelEdit::Form_CloseBox);
+    ui::on(txtTxFrequency.KeyPress, this, &frmChannelEdit::txtTxFrequency_KeyPress);
+    ui::on(txtRxFrequency.KeyPress, this, &frmChannelEdit::txtRxFrequency_KeyPress);
+    ui::on(ckContinuousUpdateEnabled.Click, this, &frmChannelEdit::ckContinuousUpdateEnabled_Click);
+    ui::on(cmdAdvanced.Click, this, &frmChannelEdit::cmdAdvanced_Click);
+    ui::on(cmdOk.Click, this, &frmChannelEdit::cmdOk_Click);
+    ui::on(cmdCancel.Click, this, &frmChannelEdit::cmdCancel_Click);
+    ui::on(cmdApply.Click, this, &frmChannelEdit::cmdApply_Click);
+    ui::on(tmrUpdate.Tick, this, &frmChannelEdit::tmrUpdate_Timer);
+    ui::on(rules_.NarrowBandChosen, this, &frmChannelEdit::rules_NarrowBandChosen);
+    ui::on(rules_.LayoutChanged, this, &frmChannelEdit::rules_LayoutChanged);
+}
 
-void frmChannelEdit::mnuPopUpMenuCopy_Click() { raisePopUpMenuClick(0); }
-void frmChannelEdit::mnuPopUpMenuPaste_Click() { raisePopUpMenuClick(1); }
-void frmChannelEdit::mnuPopUpMenuDelete_Click() { raisePopUpMenuClick(2); }
-void frmChannelEdit::mnuPopUpMenuUndo_Click() { raisePopUpMenuClick(3); }
-void frmChannelEdit::mnuPopUpMenuRedo_Click() { raisePopUpMenuClick(4); }
+void frmChannelEdit::wireFocus() {
+    for (ui::TextBox* const box :
+         {&txtEditChannel, &txtTxFrequency, &txtRxFrequency, &txtTxSubtoneLevel, &txtTxSynthStepSize,
+          &txtRxSynthStepSize, &txtTxAccelIntegral, &txtRxAccelIntegral, &txtTxBinaryMain, &txtRxBinaryMain}) {
+        box->GotFocus.connect([this, box] { field_GotFocus(*box); });
+    }
+    for (ui::Widget* const field :
+         std::initializer_list<ui::Widget*>{&cmbTxSubtone, &cmbRxSubtone, &txtP25TxNetworkAccessCode,
+                                            &txtP25RxNetworkAccessCode, &txtP25TalkgroupID}) {
+        field->GotFocus.connect([this, field] { mark_GotFocus(*field); });
+    }
+    ui::on(txtTxFrequency.LostFocus, this, &frmChannelEdit::txtTxFrequency_LostFocus);
+    ui::on(txtRxFrequency.LostFocus, this, &frmChannelEdit::txtRxFrequency_LostFocus);
+    ui::on(cmbTxSubtone.LostFocus, this, &frmChannelEdit::cmbTxSubtone_LostFocus);
+    ui::on(cmbRxSubtone.LostFocus, this, &frmChannelEdit::cmbRxSubtone_LostFocus);
+    for (ui::TextBox* const box : {&txtTxSubtoneLevel, &txtTxSynthStepSize, &txtRxSynthStepSize, &txtTxAccelIntegral,
+                                   &txtRxAccelIntegral, &txtTxBinaryMain, &txtRxBinaryMain}) {
+        box->LostFocus.connect([this, box] { number_LostFocus(*box); });
+    }
+}
 
-// By value: a listener that writes the argument must not change the code of the next click.
-void frmChannelEdit::raisePopUpMenuClick(std::int16_t code) { PopUpMenuClick(code); }
+// -- links -----------------------------------------------------------------------------------------------------------
+
+// The former store is let go when nothing points to it any more: what it does in its end may come back here.
+void frmChannelEdit::setCentralDataStore(model::DataStorePointer store) noexcept {
+    if (store != store_) {
+        setLoaded(false);
+        endContinuousUpdate();
+    }
+    const auto former = std::exchange(store_, std::move(store));
+}
+
+void frmChannelEdit::setRadioComms(model::RadioLinkPointer link) noexcept {
+    const auto former = std::exchange(link_, std::move(link));
+}
+
+void frmChannelEdit::setChannel(std::int16_t channel) noexcept {
+    if (std::exchange(channel_, channel) != channel) {
+        setLoaded(false);
+    }
+}
+
+void frmChannelEdit::setSelectedChannels(std::int16_t first, std::int16_t last) {
+    const bool selects =
+        first >= 1 && first < last && last <= model::channelCount && channel_ >= first && channel_ <= last;
+    firstSelected_ = selects ? first : std::int16_t{0};
+    lastSelected_ = selects ? last : std::int16_t{0};
+    showSelectedChannels();
+}
+
+std::vector<std::int16_t> frmChannelEdit::channelsToCopyTo() const {
+    std::vector<std::int16_t> channels;
+    for (auto channel = firstSelected_; channel >= 1 && channel <= lastSelected_; ++channel) {
+        if (channel != channel_) {
+            channels.push_back(channel);
+        }
+    }
+    return channels;
+}
+
+void frmChannelEdit::showSelectedChannels() {
+    lblSelectedChannels.setCaption("Also applies to channels " + std::to_string(firstSelected_) + " to " +
+                                   std::to_string(lastSelected_));
+    lblSelectedChannels.setVisible(firstSelected_ != 0);
+    fit();
+}
+
+// -- access ----------------------------------------------------------------------------------------------------------
+
+void frmChannelEdit::UpdateAccess(std::int16_t intAccessLvl) {
+    accessLevel_ = intAccessLvl;
+    showAccess();
+}
+
+void frmChannelEdit::showAccess() {
+    const bool full = accessLevel_ >= fullAccess;
+    bool board = false;
+    bool p25Modes = false;
+    ui::resumed([&] {
+        if (const auto store = store_) {
+            board = base::isTrue(store->get(StoreMember::P25BoardFitted));
+            p25Modes = board || base::toInt32(store->get(StoreMember::RadioConfigurationCode)) == configurationWithP25;
+        }
+    });
+    frSynthesizer.setVisible(full);
+    frDigitalPotentiometer.setVisible(full);
+    frP25ChannelSettings.setVisible(full || (board && accessLevel_ >= p25Access));
+    for (const auto mode : {RfMode::P25Repeater, RfMode::MixedRepeater}) {
+        optRFMode[static_cast<std::size_t>(mode)].setEnabled(p25Modes);
+    }
+    ckContinuousUpdateEnabled.setEnabled(full);
+    if (!full) {
+        endContinuousUpdate();
+    }
+    fit();
+}
+
+void frmChannelEdit::setLockDataMode(std::int32_t mode) {
+    lockDataMode_ = mode;
+    showLocks();
+}
+
+void frmChannelEdit::showLocks() {
+    const bool levels = lockDataMode_ == levelsLocked;
+    const bool settings = lockDataMode_ == settingsLocked;
+    frDigitalPotentiometer.setEnabled(!levels);
+    frSynthesizer.setEnabled(!levels && !settings);
+    for (ui::Frame* const frame :
+         {&frChannelSpacing, &frFreqencySettings, &frTxSubtone, &frRxSubtone, &frRfMode, &frP25ChannelSettings}) {
+        frame->setEnabled(!settings);
+    }
+    if (levels) {
+        endContinuousUpdate();
+    }
+}
+
+// -- showing a channel -----------------------------------------------------------------------------------------------
+
+template <class Body>
+bool frmChannelEdit::toldUnlessExchanged(std::string_view routine, Body&& body) {
+    const auto store = store_;
+    try {
+        body();
+        return true;
+    } catch (const std::exception&) {
+        if (store_ == store) {
+            ui::tellFailureOf(desktop_, routine);
+        }
+        return false;
+    }
+}
+
+void frmChannelEdit::refresh() {
+    if (storing_) {
+        refreshAsked_ = true;
+        return;
+    }
+    closing_ = false;
+    cancelled_ = false;
+    setLoaded(false);
+    UpdateAccess(accessLevel_);
+    txtEditChannel.loadText(std::to_string(channel_));
+    const bool loaded = SetUpLists() && LoadControlsFromMemory();
+    if (loaded) {
+        ShowChannelSpacing();
+    }
+    endContinuousUpdate();
+    ckContinuousUpdateEnabled.setEnabled(accessLevel_ >= fullAccess);
+    setLoaded(loaded);
+    fit();
+}
+
+// Once; the tones wait for the first store.
+bool frmChannelEdit::SetUpLists() {
+    if (listsFilled_) {
+        return true;
+    }
+    return toldUnlessExchanged("SetUpLists", [&] {
+        const auto channel = edited();
+        fillToneLists(*this, channel.dataStore(), format_);
+        listsFilled_ = true;
+    });
+}
+
+bool frmChannelEdit::LoadControlsFromMemory() {
+    return toldUnlessExchanged("LoadControlsFromMemory", [&] {
+        clearMarks();
+        loadControls(*this, levels_, rules_, edited());
+    });
+}
+
+void frmChannelEdit::ShowChannelSpacing() {
+    toldUnlessExchanged("ShowChannelSpacing", [&] {
+        const auto channel = edited();
+        auto& store = channel.dataStore();
+        frChannelSpacing.setCaption(channelSpacingCaption(
+            {.spacing = base::toInt32(store.get(StoreMember::ChannelSpacing)),
+             .bandwidthSwitchable = base::isTrue(store.get(StoreMember::BandwidthSwitchable)),
+             .narrowBandOnly = base::isTrue(store.get(StoreMember::FCCNarrowBandRadio)),
+             .channelIsNarrow =
+                 (base::toBits(channel.record().get(model::ChannelKey::ModeBits)) & model::mode::narrowBand) != 0},
+            format_));
+    });
+}
+
+// A channel that is not shown as the store has it must not be stored: the controls may hold another one's values.
+void frmChannelEdit::setLoaded(bool loaded) noexcept {
+    loaded_ = loaded;
+    loadedEntries_ = loaded ? entries() : std::vector<std::string>();
+    cmdApply.setEnabled(loaded);
+    cmdOk.setEnabled(loaded);
+}
+
+bool frmChannelEdit::mayLeaveChannel() {
+    if (storing_ || askingToLeave_) {
+        return false;
+    }
+    if (!hasUnappliedEdits()) {
+        return true;
+    }
+    const Raised asking(askingToLeave_);
+    const auto number = std::to_string(channel_);
+    const auto stays = [this, store = store_, channel = channel_] { return store_ == store && channel_ == channel; };
+    if (messages_.confirmed("Channel " + number + " has changes that have not been applied. Apply them now?")) {
+        return stays() && apply();
+    }
+    return stays() && messages_.confirmed("Discard the changes to channel " + number + "?") && stays();
+}
+
+bool frmChannelEdit::showChannel(std::int16_t channel, std::int16_t firstSelected, std::int16_t lastSelected) {
+    if (!mayLeaveChannel()) {
+        return false;
+    }
+    setChannel(channel);
+    setSelectedChannels(firstSelected, lastSelected);
+    refresh();
+    return true;
+}
+
+void frmChannelEdit::rules_NarrowBandChosen() { showAccess(); }
+
+void frmChannelEdit::rules_LayoutChanged() { fit(); }
 
 }  // namespace telvar::editform

@@ -43,13 +43,6 @@ template <class Number>
     return bits;
 }
 
-// Sets some bits, then clears some; all others are kept.
-void changeModeBits(const CellContext& context, std::int64_t set, std::int64_t clear) {
-    const auto record = recordOf(context);
-    const auto bits = base::toBits(record.get(ChannelKey::ModeBits));
-    record.put(ChannelKey::ModeBits, bitsValue((bits | set) & ~clear));
-}
-
 void storeFrequency(const CellContext& context, ChannelKey key, std::string_view text) {
     if (text == noValue) {
         recordOf(context).put(key, std::int16_t{0});
@@ -92,6 +85,12 @@ void storeSubtone(const CellContext& context, const SubtoneKeys& keys, std::stri
 }
 
 }  // namespace
+
+void changeModeBits(const CellContext& context, std::int64_t set, std::int64_t clear) {
+    const auto record = recordOf(context);
+    const auto bits = base::toBits(record.get(ChannelKey::ModeBits));
+    record.put(ChannelKey::ModeBits, bitsValue((bits | set) & ~clear));
+}
 
 void storeTxFrequency(const CellContext& context, std::string_view text) {
     storeFrequency(context, ChannelKey::TxFreq, text);

@@ -46,6 +46,9 @@ void storeAsTyped(const CellContext& context, std::string_view text) {
     storeAsTyped(context, key, text);
 }
 
+// Sets some bits of ModeBits, then clears some, in one reading and one writing; all others are kept.
+void changeModeBits(const CellContext& context, std::int64_t set, std::int64_t clear);
+
 // One cell of the grid; the text is trimmed first. A column outside 1 to 26 is a base::SubscriptFailure.
 void storeCell(const CellContext& context, std::int16_t column, std::string_view text);
 

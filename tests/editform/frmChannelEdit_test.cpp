@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/memory_data_store.h"
+#include "support/test_desktop.h"
 
 namespace telvar::tests {
 namespace {
@@ -18,7 +19,8 @@ struct EditForm : testing::Test {
             code = 99;
         });
     }
-    frmChannelEdit form;
+    TestDesktop desktop;
+    frmChannelEdit form{desktop, {}};
     std::vector<std::int16_t> codes;
 };
 

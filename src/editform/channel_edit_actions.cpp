@@ -1,0 +1,255 @@
+// What the user does on the form: its buttons, its fields, the live update and the pop-up menu.
+#include <utility>
+
+#include "base/conversion.h"
+#include "base/rounding.h"
+#include "base/text.h"
+#include "editform/channel_storing.h"
+#include "editform/frmChannelEdit.h"
+#include "editform/lists.h"
+#include "editform/raised.h"
+#include "synth/proposal.h"
+#include "ui/trapped.h"
+
+namespace telvar::editform {
+
+using model::StoreMember;
+
+namespace {
+
+constexpr double hertzPerMegahertz = 1e6;
+constexpr double hertzPerKilohertz = 1e3;
+
+// The hourglass over a disabled form, for as long as the form stores.
+class BusyForm {
+public:
+    BusyForm(ui::Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
+        desktop_.setPointer(ui::Pointer::Hourglass);
+        form_.setEnabled(false);
+    }
+    BusyForm(const BusyForm&) = delete;
+    BusyForm& operator=(const BusyForm&) = delete;
+    BusyForm(BusyForm&&) = delete;
+    BusyForm& operator=(BusyForm&&) = delete;
+    ~BusyForm() {
+        form_.setEnabled(true);
+        desktop_.setPointer(ui::Pointer::Default);
+    }
+
+private:
+    ui::Desktop& desktop_;
+    ui::Form& form_;
+};
+
+}  // namespace
+
+// -- buttons ---------------------------------------------------------------------------------------------------------
+
+void frmChannelEdit::cmdApply_Click() { static_cast<void>(apply()); }
+
+void frmChannelEdit::cmdOk_Click() {
+    static_cast<void>(storeEdits([this] {
+        closing_ = true;
+        desktop_.hide(*this);
+        endContinuousUpdate();
+        EditClosed();
+    }));
+}
+
+void frmChannelEdit::cmdCancel_Click() {
+    if (storing_) {
+        return;
+    }
+    cancelled_ = true;
+    closing_ = true;
+    desktop_.hide(*this);
+    endContinuousUpdate();
+    EditClosed();
+}
+
+void frmChannelEdit::Form_CloseBox() {
+    closing_ = true;
+    endContinuousUpdate();
+}
+
+void frmChannelEdit::cmdAdvanced_Click() { OpenLoginWithChannelEdit(); }
+
+bool frmChannelEdit::apply() {
+    return storeEdits([] {});
+}
+
+// Answers whether every field was accepted.
+bool frmChannelEdit::storeEdits(const std::function<void()>& whenStored) {
+    if (storing_ || !loaded_ || (changesRefused_ && changesRefused_())) {
+        return false;
+    }
+    bool stored = false;
+    {
+        const Raised storing(storing_);
+        const BusyForm busy(desktop_, *this);
+        stored = storeChannel();
+        if (stored) {
+            whenStored();
+        }
+    }
+    if (std::exchange(refreshAsked_, false) && !closing_) {
+        refresh();
+    }
+    return stored;
+}
+
+bool frmChannelEdit::storeChannel() {
+    const auto channel = edited();
+    const auto stillEdited = [this, channel] { return store_ == channel.store && channel_ == channel.number; };
+    DataChanged();
+    mnuPopUpMenuUndo.setEnabled(false);
+    mnuPopUpMenuRedo.setEnabled(false);
+    ChannelStoring storing(*this, messages_, channel,
+                           {.alsoTo = channelsToCopyTo(),
+                            .potentiometersOnly = potentiometersOnly_ != nullptr && potentiometersOnly_->value(),
+                            .stillEdited = stillEdited});
+    const bool stored = storing.StoreControlsToMemory();
+    copiedChannels_ = storing.copiedTo();
+    if (stored) {
+        loadedEntries_ = entries();
+    }
+    std::int16_t intRowNo = channel.number;
+    NeedToUpdateFlexGrid(intRowNo);
+    return stored;
+}
+
+// -- fields ----------------------------------------------------------------------------------------------------------
+
+void frmChannelEdit::txtTxFrequency_KeyPress(ui::KeyPressEvent& event) { enterMovesToOk(event); }
+void frmChannelEdit::txtRxFrequency_KeyPress(ui::KeyPressEvent& event) { enterMovesToOk(event); }
+void frmChannelEdit::txtTxFrequency_LostFocus() { leaveFrequency(txtTxFrequency, true); }
+void frmChannelEdit::txtRxFrequency_LostFocus() { leaveFrequency(txtRxFrequency, false); }
+void frmChannelEdit::cmbTxSubtone_LostFocus() { markUnlessTone(cmbTxSubtone, false); }
+void frmChannelEdit::cmbRxSubtone_LostFocus() { markUnlessTone(cmbRxSubtone, true); }
+
+void frmChannelEdit::number_LostFocus(ui::TextBox& box) {
+    if (!base::readSingle(box.text(), format_)) {
+        box.setForeColor(ui::red);
+    }
+}
+
+void frmChannelEdit::field_GotFocus(ui::TextBox& box) {
+    mark_GotFocus(box);
+    box.selectAll();
+}
+
+void frmChannelEdit::mark_GotFocus(ui::Widget& field) { field.setForeColor(ui::black); }
+
+void frmChannelEdit::enterMovesToOk(ui::KeyPressEvent& event) {
+    if (event.code == ui::key::enter) {
+        event.code = 0;
+        cmdOk.setFocus();
+    }
+}
+
+void frmChannelEdit::leaveFrequency(ui::TextBox& box, bool transmit) {
+    const auto megahertz = base::readDouble(box.text(), format_);
+    if (!megahertz) {
+        box.setForeColor(ui::red);
+        return;
+    }
+    if (*megahertz != 0.0) {
+        box.setText(base::fixedText(*megahertz, 6, 7, format_));
+        propose(transmit, *megahertz * hertzPerMegahertz);
+    }
+}
+
+// A fault on the way to a proposal changes nothing and is not told.
+void frmChannelEdit::propose(bool transmit, double hertz) {
+    ui::TextBox& step = transmit ? txtTxSynthStepSize : txtRxSynthStepSize;
+    ui::ComboBox& modulo = transmit ? cmbTxModulo : cmbRxModulo;
+    ui::resumed([&] {
+        const auto channel = edited();
+        const auto reference = base::toInt32(
+            channel.dataStore().get(transmit ? StoreMember::TxReferenceFrequency : StoreMember::RxReferenceFrequency));
+        const auto proposal = synth::proposeSetting(base::roundTo<std::int32_t>(hertz), reference, step.text());
+        if (!proposal) {
+            messages_.inform(synth::noProposalText(transmit ? "TX" : "RX"));
+            return;
+        }
+        step.setText(base::numberText(proposal->step / hertzPerKilohertz, format_));
+        modulo.setListIndex(proposal->modulo == 5 ? 0 : 1);
+    });
+}
+
+void frmChannelEdit::markUnlessTone(ui::ComboBox& list, bool multipleAllowed) {
+    const auto text = base::trimmed(list.text());
+    const bool word = base::equalIgnoringCase(text, disabledTone) ||
+                      (multipleAllowed && base::equalIgnoringCase(text, multipleTones));
+    if (!word && !base::readSingle(text, format_)) {
+        list.setForeColor(ui::red);
+    }
+}
+
+// -- live update -----------------------------------------------------------------------------------------------------
+
+void frmChannelEdit::ckContinuousUpdateEnabled_Click() { tmrUpdate.setEnabled(ckContinuousUpdateEnabled.checked()); }
+
+void frmChannelEdit::endContinuousUpdate() noexcept {
+    tmrUpdate.setEnabled(false);
+    ckContinuousUpdateEnabled.loadValue(0);
+}
+
+// Whatever fails, the timer stops first: a message box lets it tick on.
+void frmChannelEdit::tmrUpdate_Timer() {
+    if (!ckContinuousUpdateEnabled.checked()) {
+        tmrUpdate.setEnabled(false);
+        return;
+    }
+    const auto levels = levels_.displayed(rules_.narrowLevels());
+    if (!levels) {
+        return;
+    }
+    const auto store = store_;
+    try {
+        liveLevels_.update(*levels);
+    } catch (const transfer::RadioSilence&) {
+        endContinuousUpdate();
+        if (store_ == store) {
+            messages_.refuse("The radio does not answer. Continuous update has been switched off.");
+        }
+    } catch (const std::exception&) {
+        endContinuousUpdate();
+        if (store_ == store) {
+            ui::tellFailureOf(desktop_, "tmrUpdate_Timer");
+        }
+    }
+}
+
+transfer::LiveLevelsSurroundings frmChannelEdit::liveSurroundings() {
+    return {.desktop = desktop_,
+            .store =
+                [this] {
+                    if (!store_) {
+                        throw base::Failure("There is no data store");
+                    }
+                    return store_;
+                },
+            .link =
+                [this] {
+                    if (!link_) {
+                        throw base::Failure("There is no radio link");
+                    }
+                    return link_;
+                },
+            .pauseDiagnostics = [this] { PauseDiagnosticsIfRunning(); },
+            .wanted = [this] { return tmrUpdate.enabled(); }};
+}
+
+// -- pop-up menu -----------------------------------------------------------------------------------------------------
+
+void frmChannelEdit::mnuPopUpMenuCopy_Click() { raisePopUpMenuClick(0); }
+void frmChannelEdit::mnuPopUpMenuPaste_Click() { raisePopUpMenuClick(1); }
+void frmChannelEdit::mnuPopUpMenuDelete_Click() { raisePopUpMenuClick(2); }
+void frmChannelEdit::mnuPopUpMenuUndo_Click() { raisePopUpMenuClick(3); }
+void frmChannelEdit::mnuPopUpMenuRedo_Click() { raisePopUpMenuClick(4); }
+
+// By value: a listener that writes the argument must not change the code of the next click.
+void frmChannelEdit::raisePopUpMenuClick(std::int16_t code) { PopUpMenuClick(code); }
+
+}  // namespace telvar::editform

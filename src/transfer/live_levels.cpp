@@ -1,0 +1,75 @@
+#include "transfer/live_levels.h"
+
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "transfer/quiet_link.h"
+
+namespace telvar::transfer {
+
+using model::StoreMember;
+
+namespace {
+
+class Updating {
+public:
+    explicit Updating(bool& flag) noexcept : flag_(flag) { flag_ = true; }
+    Updating(const Updating&) = delete;
+    Updating& operator=(const Updating&) = delete;
+    Updating(Updating&&) = delete;
+    Updating& operator=(Updating&&) = delete;
+    ~Updating() { flag_ = false; }
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
+void LiveLevels::update(const LiveLevelValues& levels) {
+    if (updating_ || levels == sent_) {
+        return;
+    }
+    const Updating updating(updating_);
+    send(levels);
+}
+
+void LiveLevels::send(const LiveLevelValues& levels) {
+    const auto before = std::exchange(sent_, levels);
+    bool sent = false;
+    try {
+        const auto store = surroundings_.store();
+        for (std::size_t index = 0; index < stagedLevelCount; ++index) {
+            store->SetPotValue(static_cast<std::int16_t>(index), static_cast<std::uint8_t>(levels[index]));
+        }
+        sent = handOver();
+    } catch (...) {
+        sent_ = before;
+        throw;
+    }
+    if (!sent) {
+        sent_ = before;
+    }
+}
+
+// Answers whether the link has the levels.
+bool LiveLevels::handOver() {
+    surroundings_.pauseDiagnostics();
+    if (!surroundings_.wanted() || !waitForQuietLink(surroundings_.desktop, surroundings_.store) ||
+        !surroundings_.wanted()) {
+        return false;
+    }
+    const auto store = surroundings_.store();
+    store->put(StoreMember::CommsTask, potentiometerUpdate);
+    store->put(StoreMember::ProgressCount, std::int16_t{0});
+    try {
+        std::string text;
+        surroundings_.link()->SendPotValues(text);
+    } catch (const std::exception&) {
+        throw RadioSilence();
+    }
+    return true;
+}
+
+}  // namespace telvar::transfer

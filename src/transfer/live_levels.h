@@ -1,0 +1,60 @@
+// One tick of the live update: levels that differ from those sent last are staged in the data store and handed to the
+// radio link. What changes while the link is waited for goes with the next tick, so that a slow radio gets the last
+// value and not every one between.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+#include "base/failure.h"
+#include "model/data_store.h"
+#include "model/radio_link.h"
+#include "ui/desktop.h"
+
+namespace telvar::transfer {
+
+// What the store's task code says is under way.
+inline constexpr std::int16_t potentiometerUpdate = 33;
+
+// Transmit power, reference oscillator, VCO level, reference level, and two spare ones that are compared but not
+// staged; each 0 to 255.
+inline constexpr std::size_t liveLevelCount = 6;
+inline constexpr std::size_t stagedLevelCount = 4;
+using LiveLevelValues = std::array<std::int16_t, liveLevelCount>;
+
+// The link refused the levels, or there is none.
+class RadioSilence : public base::Failure {
+public:
+    RadioSilence() : Failure("The radio does not answer") {}
+};
+
+struct LiveLevelsSurroundings {
+    ui::Desktop& desktop;
+    // Fail where there is none.
+    std::function<model::DataStorePointer()> store;
+    std::function<model::RadioLinkPointer()> link;
+    std::function<void()> pauseDiagnostics;
+    // Whether the update is still wanted after a wait.
+    std::function<bool()> wanted;
+};
+
+class LiveLevels {
+public:
+    explicit LiveLevels(LiveLevelsSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
+
+    // Inside its own wait it does nothing. Fails as the store fails, and with RadioSilence; levels that did not reach
+    // the link count as not sent.
+    void update(const LiveLevelValues& levels);
+
+private:
+    void send(const LiveLevelValues& levels);
+    [[nodiscard]] bool handOver();
+
+    LiveLevelsSurroundings surroundings_;
+    LiveLevelValues sent_{};
+    bool updating_ = false;
+};
+
+}  // namespace telvar::transfer
