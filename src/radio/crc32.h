@@ -31,9 +31,11 @@ inline constexpr auto crcEntries = crcTable();
 class Crc32 {
 public:
     constexpr void add(std::span<const std::uint8_t> bytes) noexcept {
+        std::uint32_t crc = crc_;
         for (const std::uint8_t byte : bytes) {
-            crc_ = detail::crcEntries[(crc_ ^ byte) & 0xFFU] ^ (crc_ >> 8U);
+            crc = detail::crcEntries[(crc ^ byte) & 0xFFU] ^ (crc >> 8U);
         }
+        crc_ = crc;
     }
     [[nodiscard]] constexpr std::uint32_t value() const noexcept { return ~crc_; }
 

@@ -23,7 +23,7 @@ TEST_P(Scripts, RunsToItsEnd) {
     EXPECT_EQ(outcome.exitCode, 42U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, Scripts, testing::Values("radio_link.vbs"), [](const auto& script) {
+INSTANTIATE_TEST_SUITE_P(Engines, Scripts, testing::Values("radio_link.vbs", "own_store.vbs"), [](const auto& script) {
     std::string name = script.param;
     for (char& character : name) {
         character = character == '.' ? '_' : character;
