@@ -12,4 +12,7 @@ namespace telvar::os {
 // No line ends are converted in any direction, and a console shows UTF-8. To be called once, before the first use.
 void prepareStandardStreams();
 
+// Somebody may be looking at the diagnostics as they come.
+[[nodiscard]] bool standardErrorIsTerminal() noexcept;
+
 }  // namespace telvar::os

@@ -1,5 +1,7 @@
 #include "os/program.h"
 
+#include <unistd.h>
+
 namespace telvar::os {
 
 std::vector<std::string> programArguments(int count, char** arguments) {
@@ -7,5 +9,7 @@ std::vector<std::string> programArguments(int count, char** arguments) {
 }
 
 void prepareStandardStreams() {}
+
+bool standardErrorIsTerminal() noexcept { return ::isatty(STDERR_FILENO) != 0; }
 
 }  // namespace telvar::os

@@ -32,4 +32,6 @@ void prepareStandardStreams() {
     ::SetConsoleOutputCP(CP_UTF8);
 }
 
+bool standardErrorIsTerminal() noexcept { return ::_isatty(::_fileno(stderr)) != 0; }
+
 }  // namespace telvar::os
