@@ -152,6 +152,9 @@ void SimulatedLine::reachRadio(const Bytes& bytes, LinkTime now) {
     radioDecoder_.push(bytes);
     while (const auto request = radioDecoder_.next()) {
         if (const auto answer = radio_.answer(*request)) {
+            if (onAnswer) {
+                onAnswer(*request, *answer);
+            }
             pass(Direction::FromRadio, encoded(*answer), now);
         }
     }

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] int frames() const noexcept { return frames_; }
     // Told of each frame's number before anything happens to it.
     std::function<void(int)> onFrame;
+    // Told of each request that reached the radio, and of what the radio says to it, before that sets out.
+    std::function<void(const Frame& request, const Frame& answer)> onAnswer;
 
 private:
     enum class Direction : std::uint8_t { ToRadio, FromRadio };
