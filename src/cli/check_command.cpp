@@ -11,30 +11,21 @@
 
 #include "cli/commands.h"
 #include "cli/table_files.h"
-#include "model/memory_data_store.h"
+#include "cli/table_verdict.h"
 #include "store/json_text.h"
-#include "synth/table_check.h"
-#include "ui/desktop.h"
 
 namespace telvar::cli {
 
 namespace {
 
-struct Verdict {
-    synth::TableVerdict table;
-    std::string scan;
-    [[nodiscard]] bool good() const { return table.good && scan.empty(); }
-};
-using Checked = std::expected<Verdict, os::FileError>;
+using Checked = std::expected<TableVerdict, os::FileError>;
 
 [[nodiscard]] Checked check(const Console& console, const std::string& file) {
     const auto contents = readTable(console, file);
     if (!contents) {
         return std::unexpected(contents.error());
     }
-    model::MemoryDataStore table;
-    store::putInto(table, *contents);
-    return Verdict{.table = synth::checkFrequencies(table), .scan = synth::checkScanCount(table)};
+    return verdictOn(*contents);
 }
 
 // Checks the files on every processor and hands the results out in the files' order, each as soon as it and all before
@@ -84,18 +75,6 @@ private:
     std::vector<std::jthread> workers_;  // end first
 };
 
-// The control's line ends, of either kind, as line ends of a stream; the lines after the first stand in.
-[[nodiscard]] std::string indented(const std::string& text) {
-    std::string lines;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const bool pair = text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
-        at += pair ? 1 : 0;
-        lines += text[at] == '\r' || text[at] == '\n' ? "\n    " : std::string(1, text[at]);
-    }
-    lines.erase(lines.find_last_not_of(" \n") + 1);
-    return lines;
-}
-
 class CheckCommand : public Command {
 public:
     std::string name() const override { return "check"; }
@@ -112,44 +91,24 @@ public:
         ParallelCheck checks(console, files_);
         Outcome worst = Outcome::Fine;
         for (std::size_t at = 0; at < files_.size(); ++at) {
-            worst = std::max(worst, tell(console, files_[at], checks.take(at)));
+            worst = std::max(worst, answer(console, files_[at], checks.take(at)));
         }
         return worst;
     }
 
 private:
-    [[nodiscard]] static Outcome tell(const Console& console, const std::string& file, const Checked& checked) {
+    [[nodiscard]] static Outcome answer(const Console& console, const std::string& file, const Checked& checked) {
         if (!checked) {
             return console.refuse(checked.error());
         }
         if (console.json) {
-            printJson(console, file, *checked);
+            console.out << "{\"file\": " << store::jsonQuoted(file)
+                        << ", \"ok\": " << (checked->good() ? "true" : "false") << ", " << jsonMembers(*checked)
+                        << "}\n";
         } else {
-            printText(console, shownName(file, "standard input"), *checked);
+            tell(console, shownName(file, "standard input"), *checked);
         }
         return checked->good() ? Outcome::Fine : Outcome::Findings;
-    }
-
-    static void printText(const Console& console, const std::string& name, const Verdict& verdict) {
-        for (const synth::Finding& finding : verdict.table.findings) {
-            console.err << name << ": " << indented(finding.text) << '\n';
-        }
-        if (!verdict.scan.empty()) {
-            console.err << name << ": " << verdict.scan << '\n';
-        }
-    }
-
-    static void printJson(const Console& console, const std::string& file, const Verdict& verdict) {
-        console.out << "{\"file\": " << store::jsonQuoted(file) << ", \"ok\": " << (verdict.good() ? "true" : "false")
-                    << ", \"scan\": " << store::jsonQuoted(verdict.scan) << ", \"messages\": [";
-        const char* separator = "";
-        for (const synth::Finding& finding : verdict.table.findings) {
-            console.out << std::exchange(separator, ", ") << "{\"text\": " << store::jsonQuoted(finding.text)
-                        << ", \"title\": "
-                        << store::jsonQuoted(finding.title.empty() ? ui::defaultTitle : finding.title)
-                        << ", \"icon\": \"exclamation\"}";
-        }
-        console.out << "]}\n";
     }
 
     std::vector<std::string> files_;

@@ -17,5 +17,8 @@ namespace telvar::cli {
 [[nodiscard]] std::unique_ptr<Command> pllCommand();
 [[nodiscard]] std::unique_ptr<Command> proposeCommand();
 [[nodiscard]] std::unique_ptr<Command> convertCommand();
+[[nodiscard]] std::unique_ptr<Command> sendCommand();
+[[nodiscard]] std::unique_ptr<Command> loadCommand();
+[[nodiscard]] std::unique_ptr<Command> radioCommand();
 
 }  // namespace telvar::cli

@@ -105,9 +105,10 @@ int run(const std::vector<std::string>& arguments, std::istream& in, std::ostrea
     CommonOptions options;
     CLI::App app("Works with the channel tables of the Telvar base station.", "telvar");
     declareCommon(app, options);
-    const std::array<std::unique_ptr<Command>, 10> commands{
+    const std::array<std::unique_ptr<Command>, 13> commands{
         newCommand(),   showCommand(), checkCommand(), setCommand(),     validateCommand(),
-        pasteCommand(), fillCommand(), pllCommand(),   proposeCommand(), convertCommand()};
+        pasteCommand(), fillCommand(), pllCommand(),   proposeCommand(), convertCommand(),
+        sendCommand(),  loadCommand(), radioCommand()};
     for (const auto& command : commands) {
         command->declare(*app.add_subcommand(command->name(), command->summary()));
     }
