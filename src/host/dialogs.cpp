@@ -102,6 +102,11 @@ SaveAnswer askSave(HWND owner, const std::wstring& tableName) {
     return answerOf(MessageBoxW(owner, question.c_str(), programTitle, MB_YESNOCANCEL | MB_ICONQUESTION));
 }
 
+bool askCancelExchange(HWND owner) {
+    return MessageBoxW(owner, L"The exchange with the radio is still going on. Cancel it and close the program?",
+                       programTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
 std::optional<std::wstring> askOpenPath(HWND owner, const std::wstring& besides) {
     return askPath(owner, {}, folderOf(besides), L"Open Channel Table", OFN_FILEMUSTEXIST, GetOpenFileNameW);
 }

@@ -15,6 +15,8 @@ inline constexpr wchar_t programTitle[] = L"Telvar";
 inline constexpr wchar_t tableExtension[] = L"telvar";
 
 void tellFailure(HWND owner, const std::wstring& sentence);
+// Whether an exchange with the radio is to be cancelled, since the program is to end.
+[[nodiscard]] bool askCancelExchange(HWND owner);
 [[nodiscard]] SaveAnswer askSave(HWND owner, const std::wstring& tableName);
 // Nothing when the user cancels.
 [[nodiscard]] std::optional<std::wstring> askOpenPath(HWND owner, const std::wstring& besides);

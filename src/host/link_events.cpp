@@ -11,7 +11,11 @@ EventConnection connectLink(IUnknown* link, LinkListener& listener) {
                     listener.linkProgressed(longArgument(arguments, 0));
                     return true;
                 case 2:
-                    listener.exchangeEnded(longArgument(arguments, 1) != 0, textArgument(arguments, 2));
+                    listener.exchangeEnded(longArgument(arguments, 0), longArgument(arguments, 1) != 0,
+                                           textArgument(arguments, 2));
+                    return true;
+                case 3:
+                    listener.statusReported(longArgument(arguments, 0) != 0, textArgument(arguments, 1));
                     return true;
                 default:
                     return false;

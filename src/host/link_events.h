@@ -17,8 +17,10 @@ public:
 
     // 0 to 100 percent.
     virtual void linkProgressed(long percent) = 0;
-    // Whatever the outcome; `message` is one sentence or empty.
-    virtual void exchangeEnded(bool succeeded, const std::wstring& message) = 0;
+    // Whatever the outcome; `message` is one sentence or empty. The task is 22 for a load, 30 for a send, 0 for none.
+    virtual void exchangeEnded(long task, bool succeeded, const std::wstring& message) = 0;
+    // Who answered a question how the radio is, or why nobody did.
+    virtual void statusReported(bool answered, const std::wstring& message) = 0;
 
 protected:
     ~LinkListener() = default;

@@ -68,9 +68,11 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_DROPFILES:
         openDropped(reinterpret_cast<HDROP>(wparam));
         return 0;
+    case exchangeMessage:
+        answerExchange();
+        return 0;
     case WM_TIMER:
-        refreshState();
-        answerLogin();
+        tick(wparam);
         return 0;
     case WM_SETCURSOR:
         if (hourglass_ && LOWORD(lparam) == HTCLIENT) {
@@ -92,13 +94,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         }
         return 0;
     case WM_CLOSE:
-        // A modal window of the control still needs this one.
-        if (modal_ > 0 || calls_ > 0 || !windowEnabled_) {
-            MessageBeep(MB_ICONWARNING);
-            SetForegroundWindow(GetLastActivePopup(window_));
-        } else if (mayDiscard()) {
-            DestroyWindow(window_);
-        }
+        closeByUser();
         return 0;
     case WM_DESTROY:
         savePlacement(settings_, window_);
@@ -115,6 +111,26 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         break;
     }
     return DefWindowProcW(window_, message, wparam, lparam);
+}
+
+void MainWindow::tick(UINT_PTR timer) {
+    if (timer == pollTimer) {
+        radio_.poll();
+        return;
+    }
+    refreshState();
+    answerLogin();
+    answerExchange();
+}
+
+void MainWindow::closeByUser() {
+    // A modal window of the control still needs this one.
+    if (modal_ > 0 || (calls_ > 0 && !preparing_) || !windowEnabled_) {
+        MessageBeep(MB_ICONWARNING);
+        SetForegroundWindow(GetLastActivePopup(window_));
+    } else if (mayLeaveRadio() && mayDiscard()) {
+        DestroyWindow(window_);
+    }
 }
 
 bool MainWindow::handleFocus(UINT message, WPARAM wparam) {

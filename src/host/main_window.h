@@ -2,7 +2,7 @@
 // (new, open, save, the question about unsaved changes) and answers the control's and the link's events. What the
 // system sends it is in main_window.cpp, its menus in main_window_menus.cpp, the start and the end in
 // main_window_life.cpp, the commands in main_window_commands.cpp, the control's side in main_window_events.cpp, the
-// login in main_window_access.cpp.
+// login in main_window_access.cpp, the radio in main_window_radio.cpp.
 #pragma once
 
 #include <windows.h>
@@ -15,14 +15,13 @@
 #include <string>
 
 #include "Tesslin.h"
-#include "VexloRadioLink.h"
 #include "com/kit/pointer.h"
 #include "host/access.h"
 #include "host/control_events.h"
 #include "host/document.h"
 #include "host/edit_commands.h"
 #include "host/embedded_control.h"
-#include "host/link_events.h"
+#include "host/radio.h"
 #include "host/recent_files.h"
 #include "host/settings.h"
 #include "host/site_owner.h"
@@ -67,11 +66,16 @@ private:
 
     // For what the control wants a login.
     enum class LoginReason { Fill, Edit };
+    static constexpr UINT_PTR stateTimer = 1;
+    static constexpr UINT_PTR pollTimer = 2;
     static constexpr UINT loginMessage = WM_APP;
+    static constexpr UINT exchangeMessage = WM_APP + 1;
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     bool handleFocus(UINT message, WPARAM wparam);
+    void tick(UINT_PTR timer);
+    void closeByUser();
     void layout();
     void saveFocus();
     void restoreFocus();
@@ -79,6 +83,7 @@ private:
     void showMenu(HMENU menu);
     void showRecentFiles(HMENU menu);
     void showAccessMenu(HMENU menu);
+    void showRadioMenu(HMENU menu);
     void showHint(WPARAM wparam, LPARAM lparam);
     void showTitle(bool modified);
 
@@ -112,6 +117,18 @@ private:
     bool enterLevel(AccessLevel level);
     void askForLogin(LoginReason reason);
     void answerLogin();
+    bool runForRadio(int command);
+    void sendToRadio();
+    void loadFromRadio();
+    void exchange(ControlMethod method, const std::wstring& what);
+    void cancelExchange();
+    [[nodiscard]] bool mayCancel() const;
+    void releaseCommands();
+    void answerExchange();
+    void chooseConnection();
+    void chooseFaults();
+    void rememberConnection();
+    [[nodiscard]] bool mayLeaveRadio();
     // Runs an action of the store; a failure is told to the user.
     bool attempt(const std::function<void()>& action);
     void tell(const std::wstring& sentence);
@@ -143,7 +160,8 @@ private:
 
     // LinkListener
     void linkProgressed(long percent) override;
-    void exchangeEnded(bool succeeded, const std::wstring& message) override;
+    void exchangeEnded(long task, bool succeeded, const std::wstring& message) override;
+    void statusReported(bool answered, const std::wstring& message) override;
 
     Settings settings_;
     RecentFiles recent_;
@@ -153,15 +171,22 @@ private:
     StatusBar statusBar_;
     std::optional<Document> document_;
     com::ComPointer<_ChannelInformation> channels_;
-    com::ComPointer<IRadioLink> link_;
+    Radio radio_{*this};
     std::unique_ptr<EmbeddedControl> control_;
     EventConnection controlEvents_;
-    EventConnection linkEvents_;
 
     HWND focused_ = nullptr;
     std::wstring caption_;
     std::optional<long> shownRevision_;
     std::optional<LoginReason> loginReason_;
+    // What the exchange under way is called; empty where it is not one of ours.
+    std::wstring exchangeText_;
+    std::wstring failedExchange_;  // what is still to be told of it
+    std::wstring radioState_;
+    bool preparing_ = false;  // the control checks, asks or waits before an exchange
+    bool cancelWanted_ = false;
+    bool loaded_ = false;  // and not yet shown
+    bool closeWanted_ = false;
     int modal_ = 0;
     int calls_ = 0;
     bool windowEnabled_ = true;

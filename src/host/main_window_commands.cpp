@@ -24,7 +24,10 @@ void MainWindow::run(int command) {
         SendMessageW(window_, WM_CLOSE, 0, 0);
         return;
     }
-    if (!mayAct()) {
+    if (command == COMMAND_RADIO_CANCEL && mayCancel()) {
+        cancelExchange();
+    }
+    if (!mayAct() || runForRadio(command)) {
         return;
     }
     switch (command) {

@@ -1,5 +1,4 @@
-// What the control and the radio link tell the program, and what the program shows of the store's state.
-#include "com/kit/bstr.h"
+// What the control tells the program, and what the program shows of the store's state.
 #include "com/kit/failure.h"
 #include "host/main_window.h"
 #include "host/main_window_scopes.h"
@@ -54,9 +53,6 @@ void MainWindow::DisableCommands() { commandsEnabled_ = false; }
 
 void MainWindow::EnableCommands(const std::wstring&) { commandsEnabled_ = true; }
 
-// Nothing polls the radio yet.
-void MainWindow::PauseDiagnostics() {}
-
 void MainWindow::DefaultOverWindow() {
     hourglass_ = false;
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
@@ -88,23 +84,6 @@ void MainWindow::IncrementProgressBar() {
     statusBar_.stepProgress();
     if (statusBar_.progressComplete()) {
         statusBar_.endProgress();
-    }
-}
-
-void MainWindow::linkProgressed(long percent) {
-    showStatus(L"Exchange with the radio: " + std::to_wstring(percent) + L" %");
-}
-
-// Whatever the outcome, the control waits for its button and the user for the commands.
-void MainWindow::exchangeEnded(bool succeeded, const std::wstring& message) {
-    commandsEnabled_ = true;
-    DefaultOverWindow();
-    com::Bstr commands(std::wstring_view(L"RS232"));
-    com::checkCall(channels_->EnableMyCommands(commands.address()));
-    if (!message.empty()) {
-        showStatus(message);
-    } else if (succeeded) {
-        showStatus(L"The exchange with the radio is complete.");
     }
 }
 

@@ -19,8 +19,9 @@ constexpr int firstWidth = 690;
 constexpr int firstHeight = 680;
 
 // The state is also looked at while somebody else's message loop runs; in milliseconds.
-constexpr UINT_PTR stateTimer = 1;
 constexpr UINT stateInterval = 250;
+// From one question how the radio is to the next, in milliseconds.
+constexpr UINT pollInterval = 1000;
 
 ATOM registerClass(WNDPROC procedure) {
     WNDCLASSEXW description{};
@@ -98,6 +99,7 @@ void MainWindow::createWindow() {
     }
     statusBar_.create(window_, settings_.number(L"StatusBar").value_or(1) != 0);
     SetTimer(window_, stateTimer, stateInterval, nullptr);
+    SetTimer(window_, pollTimer, pollInterval, nullptr);
 }
 
 void MainWindow::createComponents() {
@@ -111,11 +113,10 @@ void MainWindow::createComponents() {
     controlEvents_ = connectControl(control.get(), *this);
     control_ = std::make_unique<EmbeddedControl>(control, *this);
     try {
-        link_ = create<IRadioLink>(__uuidof(::RadioLink), "radio link VexloRadioLink.RadioLink");
-        linkEvents_ = connectLink(link_.get(), *this);
+        radio_.attach(create<IRadioLink>(__uuidof(::RadioLink), "radio link VexloRadioLink.RadioLink"));
+        rememberConnection();
     } catch (const com::ComFailure& failure) {
         // Tables can be edited without it.
-        link_.reset();
         tell(com::wide(failure.description()) + L", so no radio can be reached.");
     }
 }
@@ -123,11 +124,11 @@ void MainWindow::createComponents() {
 // In the order that the control expects of its host.
 void MainWindow::joinComponents() {
     const ControlCall call(*this);
-    if (link_) {
-        com::checkCall(link_->putref_DataStore(document_->store()));
+    if (IRadioLink* const link = radio_.link()) {
+        com::checkCall(link->putref_DataStore(document_->store()));
     }
     com::checkCall(channels_->putref_pCentralDataStore(document_->store()));
-    com::checkCall(channels_->putref_plibRadioComms(link_.get()));
+    com::checkCall(channels_->putref_plibRadioComms(radio_.link()));
     com::checkCall(channels_->DistributeDataStoreLink());
     com::checkCall(channels_->DistributeRadioCommsLink());
     com::checkCall(channels_->Prepare());
@@ -136,16 +137,11 @@ void MainWindow::joinComponents() {
 
 void MainWindow::closeComponents() noexcept {
     controlEvents_.end();
-    linkEvents_.end();
     channels_.reset();
     if (control_) {
         control_->close();
     }
-    if (link_) {
-        // Link and store would keep each other alive.
-        link_->putref_DataStore(nullptr);
-        link_.reset();
-    }
+    radio_.close();
     if (document_) {
         document_->close();
     }

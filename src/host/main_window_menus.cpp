@@ -32,6 +32,7 @@ void MainWindow::showMenu(HMENU menu) {
     }
     showEditMenu(menu);
     showAccessMenu(menu);
+    showRadioMenu(menu);
     CheckMenuItem(menu, COMMAND_STATUS_BAR,
                   MF_BYCOMMAND | (statusBar_.visible() ? UINT{MF_CHECKED} : UINT{MF_UNCHECKED}));
 }
@@ -53,6 +54,15 @@ void MainWindow::showAccessMenu(HMENU menu) {
     enable(menu, COMMAND_LOG_IN, mayAct());
     enable(menu, COMMAND_LOG_OUT, mayAct() && access_.level() != AccessLevel::View);
     enable(menu, COMMAND_SET_PASSWORDS, mayAct() && access_.level() == AccessLevel::Everything);
+}
+
+void MainWindow::showRadioMenu(HMENU menu) {
+    const bool acts = mayAct() && radio_.link() != nullptr;
+    for (const int command : {COMMAND_RADIO_SEND, COMMAND_RADIO_LOAD, COMMAND_RADIO_CONNECTION}) {
+        enable(menu, command, acts);
+    }
+    enable(menu, COMMAND_RADIO_CANCEL, mayCancel());
+    enable(menu, COMMAND_RADIO_FAULTS, acts && radio_.simulated());
 }
 
 void MainWindow::showRecentFiles(HMENU menu) {

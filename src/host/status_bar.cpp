@@ -21,6 +21,7 @@ constexpr int modifiedWidth = 90;
 constexpr int progressPart = 1;
 // A repaint costs more than the row it announces.
 constexpr int stepsPerPaint = 8;
+constexpr int whole = 100;  // percent
 
 std::wstring partText(HWND bar, WPARAM part) {
     const auto length = static_cast<std::size_t>(LOWORD(SendMessageW(bar, SB_GETTEXTLENGTHW, part, 0)));
@@ -37,8 +38,9 @@ void StatusBar::create(HWND parent, bool visible) {
     InitCommonControlsEx(&classes);
     visible_ = visible;
     const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(parent, GWLP_HINSTANCE));
-    bar_ = CreateWindowExW(0, STATUSCLASSNAMEW, nullptr, WS_CHILD | SBARS_SIZEGRIP | (visible ? WS_VISIBLE : 0U), 0, 0,
-                           0, 0, parent, reinterpret_cast<HMENU>(CHILD_STATUS_BAR), instance, nullptr);
+    bar_ = CreateWindowExW(0, STATUSCLASSNAMEW, nullptr,
+                           WS_CHILD | SBARS_SIZEGRIP | SBARS_TOOLTIPS | (visible ? WS_VISIBLE : 0U), 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(CHILD_STATUS_BAR), instance, nullptr);
     if (bar_ != nullptr) {
         progress_ = CreateWindowExW(0, PROGRESS_CLASSW, nullptr, WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, bar_,
                                     reinterpret_cast<HMENU>(CHILD_PROGRESS), instance, nullptr);
@@ -93,6 +95,11 @@ void StatusBar::setText(int part, const std::wstring& text) {
     }
 }
 
+void StatusBar::setRadio(const std::wstring& text, const std::wstring& sentence) {
+    setText(progressPart, text);
+    SendMessageW(bar_, SB_SETTIPTEXTW, progressPart, reinterpret_cast<LPARAM>(sentence.c_str()));
+}
+
 void StatusBar::setMessage(const std::wstring& text) {
     message_ = text;
     if (!hinting_) {
@@ -127,6 +134,14 @@ void StatusBar::stepProgress() {
         SendMessageW(progress_, PBM_SETPOS, static_cast<WPARAM>(done_), 0);
         UpdateWindow(progress_);
     }
+}
+
+void StatusBar::showPercent(int percent) {
+    if (steps_ != whole) {
+        startProgress(whole);
+    }
+    done_ = percent;
+    SendMessageW(progress_, PBM_SETPOS, static_cast<WPARAM>(done_), 0);
 }
 
 void StatusBar::endProgress() {

@@ -1,6 +1,6 @@
-// The line at the window's foot: a message, the progress of a refresh, the access level, the number of configured
-// channels, and whether the table has unsaved changes. While a menu is open, what its command does takes the message's
-// place.
+// The line at the window's foot: a message, the radio or the progress of something, the access level, the number of
+// configured channels, and whether the table has unsaved changes. While a menu is open, what its command does takes the
+// message's place.
 #pragma once
 
 #include <windows.h>
@@ -25,6 +25,9 @@ public:
     void setMessage(const std::wstring& text);
     void setLevel(const std::wstring& text) { setText(2, text); }
     void setChannels(const std::wstring& text) { setText(3, text); }
+    // What is known of the radio in two words, and as a sentence for the mouse that rests on it. A progress bar covers
+    // it.
+    void setRadio(const std::wstring& text, const std::wstring& sentence);
     void setModified(bool modified) { setText(4, modified ? L"Modified" : L""); }
 
     void showHint(const std::wstring& text);
@@ -34,6 +37,8 @@ public:
     void startProgress(int steps);
     void stepProgress();
     void endProgress();
+    // Shows the bar as an exchange stands, 0 to 100.
+    void showPercent(int percent);
     [[nodiscard]] bool showsProgress() const noexcept { return steps_ > 0; }
     [[nodiscard]] bool progressComplete() const noexcept { return done_ >= steps_; }
 

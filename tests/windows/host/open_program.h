@@ -30,7 +30,8 @@ namespace telvar::tests {
 using host::MainWindow;
 // Places in the menu bar.
 inline constexpr int editMenu = 1;
-inline constexpr int accessMenu = 3;
+inline constexpr int radioMenu = 3;
+inline constexpr int accessMenu = 4;
 
 using Texts = std::vector<std::wstring>;
 

@@ -1,0 +1,316 @@
+// Exchanges with the simulated radio from the menu: what is sent, loaded, refused and cancelled, and what the program
+// shows and offers meanwhile and afterwards.
+#include <functional>
+
+#include "open_program.h"
+
+namespace telvar::tests {
+
+namespace {
+
+constexpr int messagePart = 0;
+constexpr int radioPart = 1;
+
+const Texts nothing;
+
+}  // namespace
+
+struct RadioCommands : Program {
+    // A table of one band plan, whose sending the store does not want confirmed.
+    void startWith(const std::string& name) {
+        start(sample(name, "a.telvar"));
+        com::check(program->document().store()->put_ShowSendWarning(VARIANT_FALSE));
+    }
+    [[nodiscard]] bool idle() { return offered(radioMenu, COMMAND_RADIO_SEND); }
+    void finish(int identifier) {
+        command(identifier);
+        EXPECT_TRUE(pumpUntil([this] { return idle(); }));
+        pump();
+    }
+    void send() { finish(COMMAND_RADIO_SEND); }
+    void load() { finish(COMMAND_RADIO_LOAD); }
+    void cancelDuringExchange(int identifier) {
+        command(identifier);
+        ASSERT_TRUE(offered(radioMenu, COMMAND_RADIO_CANCEL));
+        finish(COMMAND_RADIO_CANCEL);
+    }
+    void setFaults(const wchar_t* plan) {
+        dialogs.expect([plan](HWND dialog) {
+            SetDlgItemTextW(dialog, FAULTS_PLAN, plan);
+            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        });
+        command(COMMAND_RADIO_FAULTS);
+    }
+    [[nodiscard]] bool commsBusy() {
+        VARIANT_BOOL busy = VARIANT_FALSE;
+        com::check(program->document().store()->get_CommsBusy(&busy));
+        return busy != VARIANT_FALSE;
+    }
+    // The control's own button for the radio, which it disables during an exchange.
+    [[nodiscard]] bool selectButtonEnabled() {
+        HWND button = nullptr;
+        EnumChildWindows(
+            program->window(),
+            [](HWND child, LPARAM found) -> BOOL {
+                std::wstring text(32, L'\0');
+                text.resize(static_cast<std::size_t>(GetWindowTextW(child, text.data(), 32)));
+                if (text == L"Select" || text == L"&Select") {
+                    *reinterpret_cast<HWND*>(found) = child;
+                }
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&button));
+        EXPECT_NE(button, nullptr);
+        return IsWindowEnabled(button) != FALSE;
+    }
+    [[nodiscard]] bool hourglassShows() {
+        return SendMessageW(program->window(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)) == TRUE;
+    }
+    void expectEverythingBack() {
+        EXPECT_TRUE(idle());
+        EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_LOAD));
+        EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_CANCEL));
+        EXPECT_TRUE(offered(editMenu, COMMAND_COPY));
+        EXPECT_FALSE(hourglassShows());
+        EXPECT_TRUE(selectButtonEnabled());
+        EXPECT_FALSE(progressShows());
+    }
+    [[nodiscard]] bool progressShows() {
+        return IsWindowVisible(GetDlgItem(GetDlgItem(program->window(), CHILD_STATUS_BAR), CHILD_PROGRESS)) != FALSE;
+    }
+    [[nodiscard]] std::wstring lastDialog() {
+        return dialogs.shown().empty() ? std::wstring() : dialogs.shown().back();
+    }
+    [[nodiscard]] bool ends(const std::wstring& text, const std::wstring& end) {
+        EXPECT_TRUE(text.ends_with(end)) << com::narrow(text);
+        return text.ends_with(end);
+    }
+};
+
+TEST_F(RadioCommands, ASentTableComesBack) {
+    startWith("gmrs.telvar");
+    const long first = frequency();
+    send();
+    EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table; its former one is kept in "))
+        << com::narrow(statusText(messagePart));
+    expectEverythingBack();
+    EXPECT_FALSE(program->document().modified());
+
+    change();
+    dialogs.expectQuestion(IDNO);
+    load();
+    EXPECT_EQ(frequency(), first);
+    EXPECT_EQ(cell(1, 1), L"462.562500");
+    EXPECT_EQ(statusText(messagePart), L"The table was loaded from the radio.");
+    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(title().starts_with(L"*"));
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, TwoExchangesCanFollowEachOther) {
+    startWith("gmrs.telvar");
+    send();
+    send();
+    EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table;"));
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, DuringAnExchangeOnlyCancellingIsOffered) {
+    startWith("gmrs.telvar");
+    setFaults(L"delay:100");
+    command(COMMAND_RADIO_SEND);
+    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_SEND));
+    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_LOAD));
+    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_CONNECTION));
+    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_FAULTS));
+    EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_CANCEL));
+    EXPECT_TRUE(hourglassShows());
+    EXPECT_FALSE(selectButtonEnabled());
+    EXPECT_TRUE(pumpUntil([this] { return progressShows(); }));
+    EXPECT_TRUE(statusText(messagePart).starts_with(L"Sending to the radio: "));
+    dialogs.expectBox(IDOK);
+    finish(COMMAND_RADIO_CANCEL);
+    EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ACancelledLoadLeavesTheTable) {
+    startWith("gmrs.telvar");
+    setFaults(L"delay:100");
+    dialogs.expectBox(IDOK);
+    cancelDuringExchange(COMMAND_RADIO_LOAD);
+    EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; the table here was not changed.");
+    EXPECT_FALSE(program->document().modified());
+    EXPECT_EQ(cell(1, 1), L"462.562500");
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ASendThatIsNotConfirmedBeginsNothing) {
+    start(sample("gmrs.telvar", "a.telvar"));
+    com::check(program->document().store()->put_ShowSendWarning(VARIANT_TRUE));
+    dialogs.expectBox(IDCANCEL);
+    send();
+    EXPECT_EQ(dialogs.shown().size(), 1U);
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ASendThatIsNotPermittedGivesEverythingBack) {
+    startWith("gmrs.telvar");
+    com::check(program->document().store()->put_SendPermitted(VARIANT_FALSE));
+    send();
+    EXPECT_EQ(dialogs.shown(), nothing);
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ATableThatFailsTheChecksIsNotSent) {
+    startWith("gmrs.telvar");
+    com::check(program->document().record(1)->put_SynthStep(com::Variant(std::int32_t{7}).get()));
+    dialogs.expectBox(IDOK);
+    send();
+    EXPECT_EQ(dialogs.shown().size(), 1U);
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ASilentRadioIsToldAndEverythingComesBack) {
+    startWith("gmrs.telvar");
+    setFaults(L"silence");
+    dialogs.expectBox(IDOK);
+    load();
+    EXPECT_TRUE(ends(lastDialog(), L"; the table here was not changed."));
+    EXPECT_FALSE(program->document().modified());
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, AFailedExchangeDoesNotSpoilTheNext) {
+    startWith("gmrs.telvar");
+    setFaults(L"cut@20+");
+    dialogs.expectBox(IDOK);
+    send();
+    EXPECT_TRUE(ends(lastDialog(), L"; nothing was written to the radio."));
+    setFaults(L"none");
+    send();
+    EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table;"));
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, AFaultThatDoesNotExistIsRefusedInTheDialog) {
+    start();
+    dialogs.expect([](HWND dialog) {
+        SetDlgItemTextW(dialog, FAULTS_PLAN, L"laziness");
+        SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        std::wstring note(200, L'\0');
+        note.resize(static_cast<std::size_t>(GetDlgItemTextW(dialog, DIALOG_NOTE, note.data(), 200)));
+        EXPECT_EQ(note, L"\"laziness\" is not a fault of the simulated radio.");
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    command(COMMAND_RADIO_FAULTS);
+}
+
+TEST_F(RadioCommands, TheConnectionIsRememberedAndTakesTheFaultAway) {
+    start();
+    EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_FAULTS));
+    dialogs.expect([](HWND dialog) {
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, CONNECTION_PLACE)));
+        SendDlgItemMessageW(dialog, CONNECTION_WAY, CB_SETCURSEL, 1, 0);
+        SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(CONNECTION_WAY, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, CONNECTION_WAY)));
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, CONNECTION_PLACE)));
+        SetDlgItemTextW(dialog, CONNECTION_PLACE, L"127.0.0.1:99999");
+        SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        EXPECT_TRUE(IsWindow(dialog));
+        SetDlgItemTextW(dialog, CONNECTION_PLACE, L"127.0.0.1:9");
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    command(COMMAND_RADIO_CONNECTION);
+    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_FAULTS));
+    EXPECT_EQ(statusText(messagePart), L"The radio is now at tcp:127.0.0.1:9.");
+    close();
+    program.reset();
+    start();
+    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_FAULTS));
+    dialogs.expectBox(IDOK);
+    load();
+    EXPECT_TRUE(ends(lastDialog(), L"; the table here was not changed."));
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ClosingDuringAnExchangeAsksAndCancelsIt) {
+    startWith("gmrs.telvar");
+    setFaults(L"delay:100");
+    command(COMMAND_RADIO_SEND);
+    dialogs.expectBox(IDNO);
+    close();
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(lastDialog(), L"Telvar: The exchange with the radio is still going on. Cancel it and close the program?");
+    dialogs.expectBox(IDYES);
+    dialogs.expectBox(IDOK);
+    close();
+    EXPECT_TRUE(pumpUntil([this] { return !isOpen(); }));
+    EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
+}
+
+TEST_F(RadioCommands, TheEndOfTheSessionEndsAnExchange) {
+    startWith("gmrs.telvar");
+    setFaults(L"delay:100");
+    command(COMMAND_RADIO_SEND);
+    SendMessageW(program->window(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_FALSE(isOpen());
+    program.reset();
+    pump();
+    EXPECT_TRUE(LoadedServer("VexloRadioLink.dll").canUnload());
+}
+
+TEST_F(RadioCommands, TheStatusBarShowsWhetherARadioAnswers) {
+    start();
+    EXPECT_TRUE(pumpUntil([this] { return statusText(radioPart) == L"Radio ready"; }));
+    setFaults(L"silence");
+    EXPECT_TRUE(pumpUntil([this] { return statusText(radioPart) == L"No radio answers"; }));
+    setFaults(L"none");
+    EXPECT_TRUE(pumpUntil([this] { return statusText(radioPart) == L"Radio ready"; }));
+}
+
+// The question how the radio is keeps the link busy, and the control waits for its end before it loads.
+TEST_F(RadioCommands, AnExchangeWaitsForTheDiagnostics) {
+    startWith("gmrs.telvar");
+    setFaults(L"delay:400");
+    ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
+    dialogs.expectBox(IDOK);
+    cancelDuringExchange(COMMAND_RADIO_LOAD);
+    EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; the table here was not changed.");
+    expectEverythingBack();
+}
+
+// The control's wait finds the cancellation in the queue.
+TEST_F(RadioCommands, CancellingDuringTheWaitCancelsWhatComesAfter) {
+    startWith("gmrs.telvar");
+    setFaults(L"silence");
+    ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
+    PostMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_CANCEL, 0);
+    dialogs.expectBox(IDOK);
+    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_LOAD, 0);
+    EXPECT_TRUE(pumpUntil([this] { return idle(); }));
+    EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; the table here was not changed.");
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ALinkThatSeemsBusyForEverCanBeCancelled) {
+    startWith("gmrs.telvar");
+    com::check(program->document().store()->put_CommsBusy(VARIANT_TRUE));
+    PostMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_CANCEL, 0);
+    dialogs.expectBox(IDOK);
+    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_LOAD, 0);
+    EXPECT_TRUE(pumpUntil([this] { return idle(); }));
+    EXPECT_FALSE(program->document().modified());
+    expectEverythingBack();
+}
+
+TEST_F(RadioCommands, ClosingDuringTheWaitClosesAfterwards) {
+    startWith("gmrs.telvar");
+    com::check(program->document().store()->put_CommsBusy(VARIANT_TRUE));
+    PostMessageW(program->window(), WM_CLOSE, 0, 0);
+    dialogs.expectBox(IDOK);
+    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_LOAD, 0);
+    EXPECT_TRUE(pumpUntil([this] { return !isOpen(); }));
+}
+
+}  // namespace telvar::tests
