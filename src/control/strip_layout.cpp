@@ -16,7 +16,9 @@ struct Measures {
     int dpi = ui::standardDpi;
     int line = desktop.measure("Software Channel Select", dpi).height;
     int gap = line / 2;
-    int boxHeight = line + line / 2 + 2;
+    int boxHeight = line + line / 8 + 6;
+    // What a text may be drawn wider than it is measured, by the rounding of its letters to pixels.
+    int overhang = line / 6 + 1;
     int buttonHeight = 2 * line - line / 4;
     int optionHeight = line + line / 4;
     int frameHeight = line + optionHeight + gap;
@@ -47,7 +49,7 @@ private:
 
 void addChannelSelect(ChannelInformation& control, const Measures& measures, Row& row) {
     auto& label = control.lblSoftwareChannelSelect;
-    row.add(label, measures.width(label.caption()), measures.line);
+    row.add(label, measures.width(label.caption()) + measures.overhang, measures.line);
     row.add(control.txtChannelSelect, measures.width("00000") + measures.line, measures.boxHeight);
     auto& button = control.cmdChannelSelect;
     row.add(button, measures.width(button.caption()) + 3 * measures.line, measures.buttonHeight);
