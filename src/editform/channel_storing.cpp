@@ -62,10 +62,10 @@ struct ChannelStoring::SideKeys {
 // A whole number; the bounds are held against the value as it is typed.
 struct ChannelStoring::NumberField {
     ui::TextBox& box;
-    ChannelKey key;
-    float lowest;
-    float highest;
-    const char* message;
+    ChannelKey key{};
+    float lowest = 0.0F;
+    float highest = 0.0F;
+    const char* message = nullptr;
     bool inverted = false;  // 255 minus the entry is tested and stored
 };
 
