@@ -1,7 +1,5 @@
 #include "cli/link_options.h"
 
-#include <CLI/CLI.hpp>
-
 #include <iostream>
 
 #include "os/end_requests.h"
@@ -34,7 +32,7 @@ public:
         if (onTerminal_) {
             stream_ << '\r' << step << " %" << std::flush;
         } else {
-            stream_ << step << " %" << std::endl;
+            stream_ << step << " %\n" << std::flush;
         }
     }
 

@@ -2,16 +2,14 @@
 // order when the user wants it.
 #pragma once
 
+#include <CLI/CLI.hpp>
+
 #include <expected>
 #include <functional>
 #include <string>
 
 #include "cli/console.h"
 #include "radio/radio_client.h"
-
-namespace CLI {
-class App;
-}
 
 namespace telvar::cli {
 

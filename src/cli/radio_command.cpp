@@ -75,9 +75,9 @@ private:
     static void sayWhere(const Console& console, std::uint16_t port) {
         const auto address = radio::textOf({.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = port});
         if (console.json) {
-            console.out << "{\"radio\": " << store::jsonQuoted(address) << "}" << std::endl;
+            console.out << "{\"radio\": " << store::jsonQuoted(address) << "}\n" << std::flush;
         } else {
-            console.out << address << std::endl;
+            console.out << address << '\n' << std::flush;
         }
     }
 

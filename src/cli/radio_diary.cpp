@@ -43,9 +43,9 @@ void RadioDiary::note(const radio::Frame& request, const radio::Frame& answer) {
         return;
     }
     if (console_.json) {
-        console_.out << "{\"exchange\": " << store::jsonQuoted(text) << "}" << std::endl;
+        console_.out << "{\"exchange\": " << store::jsonQuoted(text) << "}\n" << std::flush;
     } else {
-        console_.out << text << std::endl;
+        console_.out << text << '\n' << std::flush;
     }
 }
 
