@@ -1,5 +1,7 @@
 // telvar pll: whether the synthesizer can be programmed with a combination, and how the ratio is spread over its
 // counters.
+#include <CLI/CLI.hpp>
+
 #include <optional>
 
 #include "base/checked.h"

@@ -1,4 +1,6 @@
 // telvar propose: the step size and the modulo that the edit form would choose for a frequency.
+#include <CLI/CLI.hpp>
+
 #include "cli/commands.h"
 #include "cli/number_option.h"
 #include "synth/proposal.h"
