@@ -3,15 +3,11 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
-#include <memory>
-#include <string>
 
-#include "control/channel_information.h"
-#include "editing/columns.h"
 #include "editing/table_copy.h"
 #include "model/memory_data_store.h"
+#include "refreshed_control.h"
 #include "store_calls.h"
-#include "support/test_desktop.h"
 
 namespace {
 
@@ -20,9 +16,7 @@ using namespace telvar;
 void storeCallsOfAFill(benchmark::State& state) {
     const auto store = bench::configuredTable();
     bench::CallList reads(*store);
-    for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-        editing::renderRow({.store = reads, .channel = channel, .format = {}}, [](std::int16_t, const std::string&) {});
-    }
+    bench::renderEveryRow(reads);
     model::MemoryDataStore backup;
     for (auto _ : state) {
         editing::copyTable(*store, backup);
@@ -36,16 +30,8 @@ void storeCallsOfAFill(benchmark::State& state) {
 BENCHMARK(storeCallsOfAFill)->Unit(benchmark::kMicrosecond);
 
 void fillOfEveryChannel(benchmark::State& state) {
-    tests::TestDesktop desktop;
-    control::ChannelInformation control({.desktop = desktop,
-                                         .makeTable = [] { return std::make_shared<model::MemoryDataStore>(); },
-                                         .numberFormat = {},
-                                         .logPath = {}});
-    control.setCentralDataStore(bench::configuredTable());
-    control.DistributeDataStoreLink();
-    control.Prepare();
-    control.UpdateControlsFromMemory();
-    auto& dialog = control.frmFill();
+    bench::RefreshedControl world;
+    auto& dialog = world.control.frmFill();
     dialog.setChannels(1, model::channelCount);
     dialog.step_val.setText("12.5");
     bool higher = false;

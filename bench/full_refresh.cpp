@@ -1,15 +1,8 @@
 // A full refresh of 255 configured channels against the bare cost of the store reads that it cannot do without.
 #include <benchmark/benchmark.h>
 
-#include <cstdint>
-#include <memory>
-#include <string>
-
-#include "control/channel_information.h"
-#include "editing/columns.h"
-#include "model/memory_data_store.h"
+#include "refreshed_control.h"
 #include "store_calls.h"
-#include "support/test_desktop.h"
 
 namespace {
 
@@ -18,9 +11,7 @@ using namespace telvar;
 void storeReadsAlone(benchmark::State& state) {
     const auto store = bench::configuredTable();
     bench::CallList reads(*store);
-    for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-        editing::renderRow({.store = reads, .channel = channel, .format = {}}, [](std::int16_t, const std::string&) {});
-    }
+    bench::renderEveryRow(reads);
     for (auto _ : state) {
         reads.repeat(*store);
     }
@@ -29,16 +20,9 @@ void storeReadsAlone(benchmark::State& state) {
 BENCHMARK(storeReadsAlone)->Unit(benchmark::kMicrosecond);
 
 void fullRefresh(benchmark::State& state) {
-    tests::TestDesktop desktop;
-    control::ChannelInformation control({.desktop = desktop,
-                                         .makeTable = [] { return std::make_shared<model::MemoryDataStore>(); },
-                                         .numberFormat = {},
-                                         .logPath = {}});
-    control.setCentralDataStore(bench::configuredTable());
-    control.DistributeDataStoreLink();
-    control.Prepare();
+    bench::RefreshedControl world;
     for (auto _ : state) {
-        control.UpdateControlsFromMemory();
+        world.control.UpdateControlsFromMemory();
     }
 }
 BENCHMARK(fullRefresh)->Unit(benchmark::kMicrosecond);
