@@ -37,6 +37,11 @@ public:
     ~WindowsDesktop() override;
     void setSite(Site site) { site_ = std::move(site); }
 
+    // Hides every open form, the last opened one first, and raises nothing: no CloseBox, no LostFocus. A modal form's
+    // call returns when control comes back to its loop, and the windows that it disabled take input again at once. May
+    // be called from inside any event, also of a form.
+    void closeForms() noexcept;
+
     ui::Answer show(const ui::MessageBox& box) override;
     void showModal(ui::Form& form) override;
     void showModeless(ui::Form& form) override;
@@ -79,7 +84,6 @@ private:
     [[nodiscard]] std::vector<HWND> othersThan(HWND window) const;
     [[nodiscard]] std::shared_ptr<FormWindow> windowOf(const ui::Form& form) const noexcept;
     [[nodiscard]] std::shared_ptr<FormWindow> openWindow(const std::shared_ptr<FormWindow>& window, HWND owner);
-    void closeForms() noexcept;
 
     Site site_;
     std::shared_ptr<DispatcherWindow> messages_;

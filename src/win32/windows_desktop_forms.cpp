@@ -30,6 +30,7 @@ void WindowsDesktop::formGone(const FormWindow& window) noexcept {
     std::erase_if(forms_, [&window](const auto& other) { return other.get() == &window; });
 }
 
+// Each close may give the focus to a window of the host, which may do anything then.
 void WindowsDesktop::closeForms() noexcept {
     while (!forms_.empty()) {
         const auto last = forms_.back();
