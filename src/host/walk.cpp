@@ -64,15 +64,6 @@ BOOL CALLBACK addText(HWND child, LPARAM collected) noexcept {
     return TRUE;
 }
 
-// Title and static texts of a dialog.
-std::wstring textOf(HWND dialog) {
-    std::array<wchar_t, 256> title{};
-    GetWindowTextW(dialog, title.data(), static_cast<int>(title.size()));
-    std::wstring text = title.data();
-    EnumChildWindows(dialog, addText, reinterpret_cast<LPARAM>(&text));
-    return text;
-}
-
 }  // namespace
 
 Walk::Walk(MainWindow& window, Transcript& transcript, std::wstring folder)
@@ -85,6 +76,14 @@ Walk::~Walk() {
 }
 
 HWND Walk::dialog() noexcept { return findWindow(isDialog); }
+
+std::wstring Walk::textOf(HWND dialog) {
+    std::array<wchar_t, 256> title{};
+    GetWindowTextW(dialog, title.data(), static_cast<int>(title.size()));
+    std::wstring text = title.data();
+    EnumChildWindows(dialog, addText, reinterpret_cast<LPARAM>(&text));
+    return text;
+}
 
 bool Walk::menuShows() noexcept { return findWindow(isMenu) != nullptr; }
 
@@ -155,7 +154,7 @@ void Walk::complete(const WalkStep& step) {
         fail(std::to_wstring(wrong.size()) + (wrong.size() == 1 ? L" difference" : L" differences"));
         return;
     }
-    transcript_.line(L"ok    " + step.text);
+    transcript_.line(L"ok    " + step.text + (step.result ? L": " + step.result() : std::wstring()));
     phase_ = Phase::Acting;
     ++next_;
 }

@@ -25,6 +25,8 @@ struct WalkStep {
     std::function<std::vector<std::wstring>()> check;
     // Name of the picture to take afterwards, without its extension; none when empty.
     std::wstring picture;
+    // What came out of it, for the transcript; asked after the check.
+    std::function<std::wstring()> result;
     // A dialog may stand open while the step waits; any other is a failure.
     bool dialog = false;
 };
@@ -46,6 +48,8 @@ public:
 
     // The topmost message box or dialog of this thread, null when there is none.
     [[nodiscard]] static HWND dialog() noexcept;
+    // Its title and what it says: "Telvar: The file ...".
+    [[nodiscard]] static std::wstring textOf(HWND dialog);
     // Whether a menu of this thread is open.
     [[nodiscard]] static bool menuShows() noexcept;
 

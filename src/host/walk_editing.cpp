@@ -1,8 +1,6 @@
 // The steps that edit the table: paste and undo, a refused paste, passwords, the login that a fill asks for, the fill.
-#include <cstring>
-
-#include "com/kit/failure.h"
 #include "host/keyboard.h"
+#include "host/walk_input.h"
 #include "host/walk_job.h"
 
 namespace telvar::host {
@@ -16,47 +14,6 @@ constexpr int firstFilled = 240;
 constexpr int lastFilled = 249;
 constexpr long firstFrequency = 450'000'000;  // hertz
 constexpr long fillStep = 25'000;             // hertz
-
-void setClipboard(HWND owner, std::wstring_view text) {
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
-    if (memory == nullptr || !OpenClipboard(owner)) {
-        GlobalFree(memory);
-        throw com::ComFailure(E_FAIL, "The clipboard cannot be used");
-    }
-    std::memcpy(GlobalLock(memory), text.data(), text.size() * sizeof(wchar_t));
-    GlobalUnlock(memory);
-    EmptyClipboard();
-    // The clipboard owns the memory from now on.
-    SetClipboardData(CF_UNICODETEXT, memory);
-    CloseClipboard();
-}
-
-void type(std::wstring_view text) {
-    for (const wchar_t character : text) {
-        press({static_cast<WORD>(character >= L'a' && character <= L'z' ? character - L'a' + L'A' : character)});
-    }
-}
-
-// Over whatever the field holds.
-void typeOver(std::wstring_view text) {
-    press({VK_HOME});
-    press({VK_SHIFT, VK_END});
-    type(text);
-}
-
-std::wstring focusedText() {
-    std::wstring text(32, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(GetFocus(), text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
-bool dialogTitled(std::wstring_view title) {
-    std::wstring text(64, L'\0');
-    const HWND dialog = Walk::dialog();
-    text.resize(static_cast<std::size_t>(GetWindowTextW(dialog, text.data(), static_cast<int>(text.size()))));
-    return dialog != nullptr && text == title;
-}
 
 }  // namespace
 

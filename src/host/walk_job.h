@@ -1,5 +1,6 @@
 // What the steps of the main job share: the program, what they have seen of it so far, and how they look at it. The
-// steps themselves are in walk_steps.cpp, those that edit the table in walk_editing.cpp.
+// steps themselves are in walk_steps.cpp, those that edit the table in walk_editing.cpp, those with the radio in
+// walk_radio.cpp.
 #pragma once
 
 #include <string>
@@ -18,8 +19,13 @@ inline constexpr int transmitColumn = 1;
 class WalkJob {
 public:
     WalkJob(MainWindow& window, std::wstring sample, const std::wstring& folder)
-        : window_(window), sample_(std::move(sample)), copy_(folder + L"\\walk-copy.telvar") {
+        : window_(window),
+          sample_(std::move(sample)),
+          copy_(folder + L"\\walk-copy.telvar"),
+          radioFile_(folder + L"\\walk-radio.telvar-radio"),
+          backups_(folder + L"\\radio-backups") {
         DeleteFileW(copy_.c_str());
+        DeleteFileW(radioFile_.c_str());
     }
 
     [[nodiscard]] std::vector<WalkStep> steps();
@@ -37,6 +43,15 @@ private:
     void addFill(std::vector<WalkStep>& steps);
     void addSaving(std::vector<WalkStep>& steps);
     void addReopening(std::vector<WalkStep>& steps);
+    void addRadio(std::vector<WalkStep>& steps);
+    void addRefusedSend(std::vector<WalkStep>& steps);
+    void addSlowSend(std::vector<WalkStep>& steps);
+    void addLoad(std::vector<WalkStep>& steps);
+    void addCutSend(std::vector<WalkStep>& steps);
+    void addFault(std::vector<WalkStep>& steps, const std::wstring& plan, const std::wstring& what);
+    WalkStep pasteStep(const std::wstring& what, const std::wstring& frequency);
+    WalkStep sendStep(const std::wstring& what, const std::wstring& picture);
+    WalkStep saveStep(const std::wstring& what);
     WalkStep endStep();
 
     [[nodiscard]] com::ComPointer<IChannelGrid> grid() const;
@@ -47,19 +62,33 @@ private:
     [[nodiscard]] std::wstring title() const;
     [[nodiscard]] bool opened(const std::wstring& path) const;
     [[nodiscard]] bool idle() const { return Walk::dialog() == nullptr; }
+    // The line at the window's foot.
+    [[nodiscard]] std::wstring statusText() const;
+    // Whether the program's menu has the command enabled.
+    [[nodiscard]] bool offered(int command) const;
+    // Of the exchange under way, as the line at the foot says; -1 where it says none.
+    [[nodiscard]] int shownPercent() const;
 
     Lines checkOpened();
     Lines checkCells();
     Lines checkPasted();
     Lines checkFilled();
     Lines checkUnchanged();
+    Lines checkCommands();
+    Lines checkRadioFile(bool changed);
+    Lines checkLoaded();
     void changeFrequency();
+    void useOwnRadio();
     static void enterFileName(const std::wstring& path);
 
     MainWindow& window_;
     std::wstring sample_;
     std::wstring copy_;
+    std::wstring radioFile_;  // what the simulated radio holds
+    std::wstring backups_;
     std::string sampleBytes_;
+    std::string tableBytes_;  // of the table's file when the exchanges begin
+    std::string radioBytes_;  // what the radio held last
     TableCopy expected_;
     int changedChannel_ = 0;
     std::wstring changedText_;

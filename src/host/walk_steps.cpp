@@ -137,6 +137,7 @@ std::vector<WalkStep> WalkJob::steps() {
     addFill(steps);
     addSaving(steps);
     addReopening(steps);
+    addRadio(steps);
     steps.push_back(endStep());
     return steps;
 }
