@@ -45,7 +45,7 @@ public:
 };
 
 // A window of its own. Its bounds are those of the whole window on the screen, borders included; its size is that of
-// the client area.
+// the client area, or what the layout wants where that is more: the window scrolls then.
 class Form : public Container {
 public:
     using Container::Container;

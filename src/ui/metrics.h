@@ -29,8 +29,9 @@ public:
     [[nodiscard]] int smallGap() const noexcept { return line_ * 3 / 8; }
     [[nodiscard]] int gap() const noexcept { return line_ * 3 / 4; }
     [[nodiscard]] int margin() const noexcept { return line_; }
-    // Heights of the common kinds of widget.
-    [[nodiscard]] int fieldHeight() const noexcept { return line_ + line_ / 2 + 2; }
+    // Heights of the common kinds of widget. The system draws the text of a field three pixels below the field's upper
+    // edge, at any height and resolution: so high a field has it in its middle, and beside a label on the same line.
+    [[nodiscard]] int fieldHeight() const noexcept { return line_ + 7; }
     [[nodiscard]] int buttonHeight() const noexcept { return 2 * line_ - line_ / 4; }
     [[nodiscard]] int optionHeight() const noexcept { return line_ + line_ / 4; }
     // The mark before the caption of a check box or an option, with its distance.

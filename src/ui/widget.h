@@ -84,7 +84,7 @@ public:
     [[nodiscard]] Colour foreColor() const noexcept { return foreColor_; }
     void setForeColor(Colour colour) { change(foreColor_, colour, Aspect::Colours); }
 
-    // Pixels, relative to the client area of the window that shows it.
+    // Pixels, relative to the client area of the window that shows it, as long as that is not scrolled.
     [[nodiscard]] const Rect& bounds() const noexcept { return bounds_; }
     void setBounds(const Rect& bounds) { change(bounds_, bounds, Aspect::Bounds); }
 
