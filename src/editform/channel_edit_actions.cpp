@@ -188,7 +188,10 @@ void frmChannelEdit::markUnlessTone(ui::ComboBox& list, bool multipleAllowed) {
 
 // -- live update -----------------------------------------------------------------------------------------------------
 
-void frmChannelEdit::ckContinuousUpdateEnabled_Click() { tmrUpdate.setEnabled(ckContinuousUpdateEnabled.checked()); }
+void frmChannelEdit::ckContinuousUpdateEnabled_Click() {
+    liveLevels_.begin();
+    tmrUpdate.setEnabled(ckContinuousUpdateEnabled.checked());
+}
 
 void frmChannelEdit::endContinuousUpdate() noexcept {
     tmrUpdate.setEnabled(false);

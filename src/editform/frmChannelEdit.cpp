@@ -23,6 +23,10 @@ constexpr std::int16_t fullAccess = 5;
 constexpr std::int16_t p25Access = 3;
 constexpr std::int32_t configurationWithP25 = 7;  // permits P25 modes without a board
 
+[[nodiscard]] std::string applyQuestion(std::int16_t channel) {
+    return "Channel " + std::to_string(channel) + " has changes that have not been applied. Apply them now?";
+}
+
 enum LockMode : std::int32_t { levelsLocked = 1, settingsLocked = 2 };
 
 }  // namespace
@@ -267,7 +271,7 @@ void frmChannelEdit::setLoaded(bool loaded) noexcept {
     cmdOk.setEnabled(loaded);
 }
 
-bool frmChannelEdit::mayLeaveChannel() {
+bool frmChannelEdit::mayLeaveChannel(const std::string& news) {
     if (storing_ || askingToLeave_) {
         return false;
     }
@@ -275,12 +279,24 @@ bool frmChannelEdit::mayLeaveChannel() {
         return true;
     }
     const Raised asking(askingToLeave_);
-    const auto number = std::to_string(channel_);
     const auto stays = [this, store = store_, channel = channel_] { return store_ == store && channel_ == channel; };
-    if (messages_.confirmed("Channel " + number + " has changes that have not been applied. Apply them now?")) {
+    if (messages_.confirmed(news + applyQuestion(channel_))) {
         return stays() && apply();
     }
-    return stays() && messages_.confirmed("Discard the changes to channel " + number + "?") && stays();
+    return stays() && messages_.confirmed("Discard the changes to channel " + std::to_string(channel_) + "?") &&
+           stays();
+}
+
+void frmChannelEdit::offerToApply() {
+    if (storing_ || askingToLeave_ || !hasUnappliedEdits()) {
+        return;
+    }
+    const Raised asking(askingToLeave_);
+    const auto store = store_;
+    const auto channel = channel_;
+    if (messages_.confirmed(applyQuestion(channel)) && store_ == store && channel_ == channel) {
+        static_cast<void>(apply());
+    }
 }
 
 bool frmChannelEdit::showChannel(std::int16_t channel, std::int16_t firstSelected, std::int16_t lastSelected) {

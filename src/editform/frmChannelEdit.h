@@ -70,11 +70,16 @@ public:
     void refresh();
     // Asks about edits that were not applied, if there are any, and applies or discards them. Answers False where the
     // user, or a refused field, wants the channel to stay.
-    [[nodiscard]] bool mayLeaveChannel();
+    // `news` comes before the question.
+    [[nodiscard]] bool mayLeaveChannel(const std::string& news = {});
+    // Before the present store is exchanged: the user may apply edits to it.
+    void offerToApply();
     // Another channel instead of the present one, unless the user wants to stay; answers whether it is shown.
     bool showChannel(std::int16_t channel, std::int16_t firstSelected, std::int16_t lastSelected);
     [[nodiscard]] bool hasUnappliedEdits() const { return loaded_ && entries() != loadedEntries_; }
 
+    // Inside Apply or OK.
+    [[nodiscard]] bool storing() const noexcept { return storing_; }
     // By OK, Cancel or the close box since the last refresh; by Cancel.
     [[nodiscard]] bool closing() const noexcept { return closing_; }
     [[nodiscard]] bool cancelled() const noexcept { return cancelled_; }

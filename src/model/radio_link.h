@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace telvar::model {
@@ -24,6 +25,9 @@ public:
     virtual void SendPotValues(std::string& text) = 0;
     // Switches the radio to a channel, given as decimal text.
     virtual void SelectChannel(std::string& channel) = 0;
+
+    // Whether the exchange that ended last went through; nothing while one is running, and where the link cannot tell.
+    [[nodiscard]] virtual std::optional<bool> lastExchangeSucceeded() { return std::nullopt; }
 };
 
 using RadioLinkPointer = std::shared_ptr<RadioLink>;

@@ -79,6 +79,10 @@ void RadioLinkCore::SelectChannel(std::string& channel) {
     });
 }
 
+std::optional<bool> RadioLinkCore::lastExchangeSucceeded() {
+    return exchangeRunning() ? std::nullopt : std::optional(lastOutcome_.succeeded);
+}
+
 void RadioLinkCore::restoreBackup(const std::string& file) {
     start(Task::RestoreBackup, [&file]() -> Job {
         return [file](RadioClient& client, const Percent& percent) -> Report {

@@ -60,6 +60,9 @@ public:
     // reported once, so that a host re-enables its commands after a refused send.
     void AbortTransfer() override;
 
+    // Status queries apart.
+    [[nodiscard]] std::optional<bool> lastExchangeSucceeded() override;
+
     // Sends a table that was kept before a send.
     void restoreBackup(const std::string& file);
     // Asks the radio how it is, once and for a second at most; StatusReported tells, not ExchangeEnded.

@@ -1,6 +1,7 @@
 #include "transfer/live_levels.h"
 
 #include <exception>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -28,11 +29,36 @@ private:
 }  // namespace
 
 void LiveLevels::update(const LiveLevelValues& levels) {
-    if (updating_ || levels == sent_) {
+    if (updating_) {
         return;
     }
     const Updating updating(updating_);
-    send(levels);
+    learnOutcome();
+    if (levels != sent_) {
+        send(levels);
+    }
+}
+
+// A link works in the background: that the radio did not answer is known only some time after the levels were handed
+// over. Such levels count as not sent.
+void LiveLevels::learnOutcome() {
+    const auto link = outcomeOf_;
+    if (!link) {
+        return;
+    }
+    std::optional<bool> outcome;
+    try {
+        outcome = link->lastExchangeSucceeded();
+    } catch (const std::exception&) {
+        outcome = false;
+    }
+    if (outcome) {
+        outcomeOf_.reset();
+        if (!*outcome) {
+            sent_ = {};
+            throw RadioSilence();
+        }
+    }
 }
 
 void LiveLevels::send(const LiveLevelValues& levels) {
@@ -60,12 +86,15 @@ bool LiveLevels::handOver() {
         !surroundings_.wanted()) {
         return false;
     }
+    learnOutcome();
     const auto store = surroundings_.store();
     store->put(StoreMember::CommsTask, potentiometerUpdate);
     store->put(StoreMember::ProgressCount, std::int16_t{0});
     try {
+        const auto link = surroundings_.link();
         std::string text;
-        surroundings_.link()->SendPotValues(text);
+        link->SendPotValues(text);
+        outcomeOf_ = link;
     } catch (const std::exception&) {
         throw RadioSilence();
     }

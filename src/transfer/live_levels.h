@@ -24,7 +24,7 @@ inline constexpr std::size_t liveLevelCount = 6;
 inline constexpr std::size_t stagedLevelCount = 4;
 using LiveLevelValues = std::array<std::int16_t, liveLevelCount>;
 
-// The link refused the levels, or there is none.
+// The link refused the levels or could not deliver those sent before, or there is no link.
 class RadioSilence : public base::Failure {
 public:
     RadioSilence() : Failure("The radio does not answer") {}
@@ -44,16 +44,21 @@ class LiveLevels {
 public:
     explicit LiveLevels(LiveLevelsSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
 
-    // Inside its own wait it does nothing. Fails as the store fails, and with RadioSilence; levels that did not reach
+    // Exchanges that ended before now are none of the live update's.
+    void begin() noexcept { outcomeOf_.reset(); }
+    // To be called at every tick, since that is when the outcome of the levels sent last is asked for. Inside its own
+    // wait it does nothing. Fails as the store fails, and with RadioSilence; levels that did not reach
     // the link count as not sent.
     void update(const LiveLevelValues& levels);
 
 private:
+    void learnOutcome();
     void send(const LiveLevelValues& levels);
     [[nodiscard]] bool handOver();
 
     LiveLevelsSurroundings surroundings_;
     LiveLevelValues sent_{};
+    model::RadioLinkPointer outcomeOf_;  // the link that has levels whose outcome is not known yet
     bool updating_ = false;
 };
 

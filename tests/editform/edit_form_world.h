@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,9 +36,11 @@ public:
         sent.push_back("'" + text + "'");
     }
     void SelectChannel(std::string& /*channel*/) override {}
+    [[nodiscard]] std::optional<bool> lastExchangeSucceeded() override { return outcome; }
 
     Texts sent;
     bool gone = false;
+    std::optional<bool> outcome;
 };
 
 class EditFormWorld : public testing::Test {

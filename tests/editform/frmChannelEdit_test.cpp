@@ -528,6 +528,17 @@ TEST_F(Live, WithTheRadioGoneItSwitchesItselfOffAndThenTellsOnce) {
     EXPECT_EQ(link->sent.size(), 1U);
 }
 
+TEST_F(Live, ARadioThatDoesNotAnswerInTheBackgroundSwitchesItOffAtTheNextTick) {
+    form.ckContinuousUpdateEnabled.userClick();
+    tick();
+    EXPECT_EQ(boxes(), Boxes{});
+    link->outcome = false;
+    tick();
+    EXPECT_EQ(boxes(), (Boxes{refusal("The radio does not answer. Continuous update has been switched off.")}));
+    EXPECT_FALSE(desktop.runs(form.tmrUpdate));
+    EXPECT_FALSE(form.ckContinuousUpdateEnabled.checked());
+}
+
 TEST_F(Live, WithoutALinkItIsTheSame) {
     form.setRadioComms(nullptr);
     form.ckContinuousUpdateEnabled.userClick();

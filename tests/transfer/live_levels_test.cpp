@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,7 +51,17 @@ public:
         }
     }
     void SelectChannel(std::string& /*channel*/) override {}
+    [[nodiscard]] std::optional<bool> lastExchangeSucceeded() override {
+        ++asked;
+        if (dead) {
+            throw base::Failure("dead");
+        }
+        return outcome;
+    }
     bool gone = false;
+    bool dead = false;
+    std::optional<bool> outcome;
+    int asked = 0;
 
 private:
     Log& log_;
@@ -159,6 +170,50 @@ TEST_F(LiveLevels, ALinkThatRefusesOrIsMissingIsRadioSilence) {
     link = std::make_shared<LevelsLink>(log);
     log.clear();
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+}
+
+TEST_F(LiveLevels, LevelsThatWereNotDeliveredAreRadioSilenceAtTheNextTickAlsoWithoutAChange) {
+    const LiveLevelValues levels{1, 2, 3, 4, 0, 0};
+    EXPECT_EQ(update(levels), whole);
+    EXPECT_EQ(update(levels), Log{});
+    link->outcome = false;
+    EXPECT_THROW(live.update(levels), transfer::RadioSilence);
+    link->outcome.reset();
+    log.clear();
+    EXPECT_EQ(update(levels), whole);
+}
+
+TEST_F(LiveLevels, LevelsThatWereDeliveredAreNotAskedAboutAgain) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->outcome = true;
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+    link->outcome = false;
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+    EXPECT_EQ(link->asked, 1);
+}
+
+TEST_F(LiveLevels, ALinkThatDiesAfterwardsIsRadioSilence) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->dead = true;
+    EXPECT_THROW(live.update({1, 2, 3, 4, 0, 0}), transfer::RadioSilence);
+}
+
+TEST_F(LiveLevels, AnOutcomeThatComesDuringTheWaitForTheNextLevelsCounts) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    memory->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] {
+        link->outcome = false;
+        memory->put(StoreMember::CommsBusy, false);
+    });
+    EXPECT_THROW(live.update({9, 2, 3, 4, 0, 0}), transfer::RadioSilence);
+    EXPECT_EQ(std::ranges::count(log, "SendPotValues ''"), 0);
+}
+
+TEST_F(LiveLevels, OutcomesFromBeforeItBeganAreNotItsOwn) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->outcome = false;
+    live.begin();
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
 }
 
 TEST_F(LiveLevels, AStoreThatFailsAtAnyCallLetsItThroughAndTheLevelsGoLater) {

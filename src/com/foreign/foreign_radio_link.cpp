@@ -3,17 +3,28 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 
 #include "base/conversion.h"
 #include "com/foreign/foreign_reference.h"
 #include "com/kit/late_bound.h"
+#include "com/kit/value.h"
 
 namespace telvar::com {
 
 namespace {
 
-enum Operation : std::size_t { SendChannelTable, LoadChannelTable, AbortTransfer, SendPotValues, SelectChannel };
+// The last two are properties that a link need not have.
+enum Operation : std::size_t {
+    SendChannelTable,
+    LoadChannelTable,
+    AbortTransfer,
+    SendPotValues,
+    SelectChannel,
+    Busy,
+    Succeeded
+};
 
 // A call may let the host run, which may drop the link: every operation keeps the adapter itself alive to its end.
 class ForeignRadioLink final : public model::RadioLink, public std::enable_shared_from_this<ForeignRadioLink> {
@@ -33,11 +44,26 @@ public:
     void SendPotValues(std::string& text) override { callWithText(Operation::SendPotValues, text); }
     void SelectChannel(std::string& channel) override { callWithText(Operation::SelectChannel, channel); }
 
+    std::optional<bool> lastExchangeSucceeded() override {
+        const auto busy = flag(Operation::Busy);
+        return busy == false ? flag(Operation::Succeeded) : std::nullopt;
+    }
+
 private:
     void callWithText(Operation operation, std::string& text) {
         std::array references{ReferenceArgument(base::Value{text})};
         call(operation, references);
         text = base::toText(references[0].value());
+    }
+
+    // Nothing where the link has no such property.
+    std::optional<bool> flag(Operation property) {
+        const auto alive = shared_from_this();
+        const MemberId member = members_.find(*link_, property);
+        if (!member.known()) {
+            return std::nullopt;
+        }
+        return base::isTrue(valueOf(invoke(*link_, member, getFlags)));
     }
 
     void call(Operation operation, std::span<ReferenceArgument> references) {
@@ -47,8 +73,8 @@ private:
     }
 
     ComPointer<IDispatch> link_;
-    KnownMembers members_{
-        {L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues", L"SelectChannel"}};
+    KnownMembers members_{{L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues",
+                           L"SelectChannel", L"Busy", L"Succeeded"}};
 };
 
 }  // namespace
