@@ -1,5 +1,4 @@
-// Start-up, end, links, and the answers to what the forms tell. The other concerns have files of their own: grid_view,
-// selection, access, services, strip_layout, and commands for what starts a longer job.
+// Start-up, end, and links. The other concerns have files of their own, see the README.
 #include "control/channel_information.h"
 
 #include <chrono>
@@ -38,7 +37,6 @@ ChannelInformation::~ChannelInformation() { close(); }
 
 // frmCE exists already; it is a member.
 void ChannelInformation::UserControl_Initialize() {
-    frmCE.setGrid(&fgdDatabase);
     for (const auto code : model::dcsCodes) {
         pcmbDCSCodes.addItem(std::string(code));
     }
@@ -79,12 +77,7 @@ void ChannelInformation::wire() {
         optLockMode[static_cast<std::size_t>(index)].Click.connect([this, index] { optLockMode_Click(index); });
     }
     ui::on(Timer1.Tick, this, &ChannelInformation::Timer1_Timer);
-    ui::on(frmCE.DataChanged, this, &ChannelInformation::frmCE_DataChanged);
-    ui::on(frmCE.EditClosed, this, &ChannelInformation::frmCE_EditClosed);
-    ui::on(frmCE.OpenLoginWithChannelEdit, this, &ChannelInformation::frmCE_OpenLoginWithChannelEdit);
-    ui::on(frmCE.PauseDiagnosticsIfRunning, this, &ChannelInformation::frmCE_PauseDiagnosticsIfRunning);
-    ui::on(frmCE.PopUpMenuClick, this, &ChannelInformation::frmCE_PopUpMenuClick);
-    ui::on(frmCE.NeedToUpdateFlexGrid, this, &ChannelInformation::frmCE_NeedToUpdateFlexGrid);
+    wireEditForm();
 }
 
 model::DataStorePointer ChannelInformation::makeTable() const {
@@ -104,6 +97,8 @@ void ChannelInformation::close() noexcept {
 void ChannelInformation::UserControl_Terminate() {
     Timer1.setEnabled(false);
     setBlinking(false);
+    alive_.reset();
+    ui::resumed([this] { desktop_.hide(frmCE); });
     frmCE.setCentralDataStore(nullptr);
     frmCE.setRadioComms(nullptr);
     ui::resumed([this] { confirmation.close(); });
@@ -172,7 +167,7 @@ editing::frmFill& ChannelInformation::frmFill() {
 
 void ChannelInformation::DistributeDataStoreLink() {
     routine("DistributeDataStoreLink", [&] {
-        frmCE.setCentralDataStore(pCentralDataStore_);
+        distributeStoreToEditForm();
         frmFill().setCentralDataStore(pCentralDataStore_);
     });
 }
@@ -182,30 +177,5 @@ void ChannelInformation::DistributeRadioCommsLink() {
 }
 
 void ChannelInformation::HideAdvancedButton() {}
-
-void ChannelInformation::frmCE_DataChanged() {
-    routine("frmCE_DataChanged", [&] { markTableChanged(); });
-}
-
-void ChannelInformation::frmCE_EditClosed() {
-    routine("frmCE_EditClosed", [&] { raise(EditWindowClosed); });
-}
-
-void ChannelInformation::frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo) { UpdateRowData(intRowNo); }
-
-void ChannelInformation::frmCE_OpenLoginWithChannelEdit() {
-    routine("frmCE_OpenLoginWithChannelEdit", [&] { raise(OpenLoginWithChannelEdit); });
-}
-
-void ChannelInformation::frmCE_PauseDiagnosticsIfRunning() {
-    routine("frmCE_PauseDiagnosticsIfRunning", [&] { raise(PauseDiagnostics); });
-}
-
-void ChannelInformation::frmCE_PopUpMenuClick(std::int16_t& intButton) {
-    constexpr auto last = static_cast<std::int16_t>(GridCommand::Redo);
-    if (intButton >= 0 && intButton <= last) {
-        run(static_cast<GridCommand>(intButton));
-    }
-}
 
 }  // namespace telvar::control

@@ -12,8 +12,10 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/event.h"
 #include "base/number_text.h"
@@ -171,6 +173,7 @@ private:
     void fgdDatabase_KeyPress(ui::KeyPressEvent& event);
     void fgdDatabase_MouseDown(const ui::MouseEvent& event);
     void fgdDatabase_DblClick();
+    void fgdDatabase_SelChange();
     void frmCE_DataChanged();
     void frmCE_EditClosed();
     void frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo);
@@ -223,6 +226,7 @@ private:
     void changeTable(const std::function<bool()>& edit);
     [[nodiscard]] bool editTable(GridCommand command);
     void markTableChanged();
+    static void markChanged(const model::DataStorePointer& table);
     void startFill(void (editing::frmFill::*offer)());
     void takeSelectedRows(editing::frmFill& form) const;
     [[nodiscard]] bool fillRefused();
@@ -234,6 +238,22 @@ private:
     void renderChannel(std::int16_t channel);
     void renderAllChannels();
     void paintRow(std::int16_t row, ui::Colour colour);
+
+    // ---- the edit form
+    struct Rows {
+        std::int16_t first = 0;
+        std::int16_t last = 0;
+    };
+    [[nodiscard]] bool editFormShown() const { return desktop_.isOpen(frmCE); }
+    void wireEditForm();
+    void markSelected(int row);
+    void openEditForm(std::int16_t channel, const ui::CellRange& selection);
+    [[nodiscard]] Rows rowsToCopyTo(std::int16_t channel, const ui::CellRange& selection);
+    void followRowSoon();
+    void showRowInEditForm(const std::string& news = {});
+    void returnToEditedRow(int column);
+    void distributeStoreToEditForm();
+    [[nodiscard]] std::vector<base::Value> valuesInEditForm() const;
 
     void highlight(std::int16_t channel);
     void followSelectedChannel();
@@ -269,9 +289,13 @@ private:
     bool selecting_ = false;          // inside the channel-select button's wait
     bool editing_ = false;            // a command that changes the table is under way
     bool filling_ = false;            // the fill dialog is shown
+    bool following_ = false;          // the edit form will be asked to follow the current row
+    std::optional<bool> copyAgreed_;  // the answer about the other selected channels since the form was opened
     bool blinking_ = false;
     bool blinkPhase_ = false;
     bool closed_ = false;
+    // How queued work finds out that the control is gone.
+    std::shared_ptr<ChannelInformation*> alive_ = std::make_shared<ChannelInformation*>(this);
 };
 
 }  // namespace telvar::control

@@ -89,11 +89,15 @@ void ChannelInformation::changeTable(const std::function<bool()>& edit) {
     // Rendering a row makes it current; the next command has to land where the user was.
     const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
     const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
+    const auto before = valuesInEditForm();
     const bool changed = edit();
     endIfClosed();
     ui::resumed([&] { fgdDatabase.select(current, end); });
     if (changed) {
         markTableChanged();
+        if (before != valuesInEditForm()) {
+            showRowInEditForm();
+        }
     }
 }
 
@@ -114,12 +118,19 @@ bool ChannelInformation::editTable(GridCommand command) {
     return false;
 }
 
-void ChannelInformation::markTableChanged() {
-    store()->put(StoreMember::DataModified, true);
-    store()->put(StoreMember::ChannelDataModified, true);
+void ChannelInformation::markTableChanged() { markChanged(store()); }
+
+void ChannelInformation::markChanged(const model::DataStorePointer& table) {
+    table->put(StoreMember::DataModified, true);
+    table->put(StoreMember::ChannelDataModified, true);
+}
+
+void ChannelInformation::selectAll() {
+    routine("selectAll", [&] { fgdDatabase.select({1, 1}, {fgdDatabase.rows() - 1, fgdDatabase.columns() - 1}); });
 }
 
 void ChannelInformation::fgdDatabase_KeyDown(ui::KeyEvent& event) {
+    followRowSoon();
     const bool control = (event.shift & ui::shift::control) != 0;
     if (control && event.code == ui::key::c) {
         run(GridCommand::Copy);
@@ -138,6 +149,7 @@ void ChannelInformation::fgdDatabase_KeyPress(ui::KeyPressEvent& event) {
 }
 
 void ChannelInformation::fgdDatabase_MouseDown(const ui::MouseEvent& event) {
+    followRowSoon();
     routine("fgdDatabase_MouseDown", [&] {
         if (event.button == ui::MouseButton::Right) {
             desktop_.popUp(frmCE.mnuPopUpMenu, fgdDatabase, event.at);

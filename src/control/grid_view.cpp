@@ -57,6 +57,7 @@ void ChannelInformation::UpdateControlsFromMemory() {
         renderAllChannels();
         store()->put(StoreMember::GridLoaded, true);
         fgdDatabase.setCurrent({1, 1});
+        showRowInEditForm("The channel table has been read anew. ");
     });
 }
 

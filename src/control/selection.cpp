@@ -58,15 +58,6 @@ void ChannelInformation::followSelectedChannel() {
     }
 }
 
-// The channel that the user points at becomes the selected one. Opening it in the edit form is not built.
-void ChannelInformation::fgdDatabase_DblClick() {
-    routine("fgdDatabase_DblClick", [&] {
-        clipboardEditing_.ClearSelection();
-        store()->put(StoreMember::SelectedChannel, static_cast<std::int16_t>(fgdDatabase.row()));
-        txtChannelSelect.setText(base::toText(store()->get(StoreMember::SelectedChannel), numberFormat_));
-    });
-}
-
 void ChannelInformation::setBlinking(bool blinking) {
     blinking_ = blinking;
     if (!blinking) {

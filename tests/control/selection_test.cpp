@@ -197,6 +197,7 @@ TEST_F(ChannelSelection, SteppingWithoutAStoreIsToldAfterTheStep) {
 // -- clicks on the grid -----------------------------------------------------------------------------------------------
 
 TEST_F(ChannelSelection, ADoubleClickMakesTheGridsRowTheSelectedChannel) {
+    control->DistributeDataStoreLink();
     const auto recording = decorate<RecordingStore>();
     grid().select({7, 3}, {7, 3});
     grid().DblClick();
@@ -217,6 +218,8 @@ TEST_F(ChannelSelection, ADoubleClickShowsWhatTheStoreMakesOfTheChannel) {
 }
 
 TEST_F(ChannelSelection, ADoubleClickLeavesSeveralSelectedRowsSelected) {
+    control->DistributeDataStoreLink();
+    desktop.duringModal = [](ui::Form& asked) { dynamic_cast<editing::frmMsgBox&>(asked).cmdNo.userPress(); };
     grid().select({3, 1}, {8, 5});
     grid().DblClick();
     EXPECT_EQ(selection(), (ui::CellRange{3, 1, 8, 5}));

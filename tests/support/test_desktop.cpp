@@ -46,6 +46,9 @@ ui::Answer TestDesktop::show(const ui::MessageBox& box) {
 }
 
 void TestDesktop::open(ui::Form& form) {
+    if (noWindows) {
+        throw base::Failure("No window can be made");
+    }
     if (!shown_.insert(&form).second) {
         return;
     }

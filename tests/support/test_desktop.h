@@ -37,6 +37,8 @@ public:
     // -- forms and menus --------------------------------------------------------------------------------------------
     // The user's close box.
     void close(ui::Form& form);
+    // No form can be shown.
+    bool noWindows = false;
     // What the user does in a modal form. It has to hide the form; else the test fails and the form is hidden.
     std::function<void(ui::Form&)> duringModal;
     // The item that the user chooses in the next pop-up menus, by name; none closes the menu without a choice.

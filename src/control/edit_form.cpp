@@ -1,0 +1,222 @@
+// The edit form as the control opens it, keeps it in step with the grid and answers what it tells. What the form does
+// with a channel is the business of editform.
+#include <algorithm>
+
+#include "base/conversion.h"
+#include "control/channel_information.h"
+
+namespace telvar::control {
+
+using model::StoreMember;
+
+namespace {
+
+constexpr const char* copyQuestion =
+    "Changes will also be copied to the other selected channels. Would you like to proceed?";
+constexpr std::size_t potentiometersOnlyMode = 2;
+
+}  // namespace
+
+void ChannelInformation::wireEditForm() {
+    frmCE.setGrid(&fgdDatabase);
+    frmCE.setPotentiometersOnly(&optLockMode[potentiometersOnlyMode]);
+    // A message box inside may end the control, and the form must not fail for it.
+    frmCE.setChangesRefused([this] {
+        bool refused = true;
+        routine("dataLocked", [&] { refused = editing_ || dataLocked(); });
+        return refused;
+    });
+    ui::on(frmCE.DataChanged, this, &ChannelInformation::frmCE_DataChanged);
+    ui::on(frmCE.EditClosed, this, &ChannelInformation::frmCE_EditClosed);
+    ui::on(frmCE.OpenLoginWithChannelEdit, this, &ChannelInformation::frmCE_OpenLoginWithChannelEdit);
+    ui::on(frmCE.PauseDiagnosticsIfRunning, this, &ChannelInformation::frmCE_PauseDiagnosticsIfRunning);
+    ui::on(frmCE.PopUpMenuClick, this, &ChannelInformation::frmCE_PopUpMenuClick);
+    ui::on(frmCE.NeedToUpdateFlexGrid, this, &ChannelInformation::frmCE_NeedToUpdateFlexGrid);
+}
+
+// -- opening ---------------------------------------------------------------------------------------------------------
+
+void ChannelInformation::fgdDatabase_DblClick() {
+    routine("fgdDatabase_DblClick", [&] {
+        const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
+        const auto selection = fgdDatabase.selection();
+        if (current.row < 1) {
+            return;
+        }
+        if (editFormShown() && !frmCE.mayLeaveChannel()) {
+            endIfClosed();
+            desktop_.showModeless(frmCE);
+            returnToEditedRow(current.column);
+            return;
+        }
+        endIfClosed();
+        clipboardEditing_.ClearSelection();
+        markSelected(current.row);
+        copyAgreed_.reset();
+        openEditForm(static_cast<std::int16_t>(current.row), selection);
+    });
+}
+
+void ChannelInformation::markSelected(int row) {
+    store()->put(StoreMember::SelectedChannel, static_cast<std::int16_t>(row));
+    txtChannelSelect.setText(base::toText(store()->get(StoreMember::SelectedChannel), numberFormat_));
+}
+
+void ChannelInformation::openEditForm(std::int16_t channel, const ui::CellRange& selection) {
+    const Rows rows = rowsToCopyTo(channel, selection);
+    frmCE.setChannel(channel);
+    frmCE.setSelectedChannels(rows.first, rows.last);
+    ui::resumed([this] { desktop_.showModeless(frmCE); });
+    endIfClosed();
+    frmCE.refresh();
+}
+
+// The selected rows, when they are several, the channel is among them and the user agrees; asked once after each
+// opening. No edits the one channel only.
+ChannelInformation::Rows ChannelInformation::rowsToCopyTo(std::int16_t channel, const ui::CellRange& selection) {
+    const Rows rows{static_cast<std::int16_t>(std::max(selection.firstRow, 1)),
+                    static_cast<std::int16_t>(selection.lastRow)};
+    if (rows.first >= rows.last || channel < rows.first || channel > rows.last) {
+        return {};
+    }
+    if (!copyAgreed_) {
+        bool agreed = false;
+        ui::resumed([&] { agreed = confirmation.ask(copyQuestion); });
+        endIfClosed();
+        copyAgreed_ = agreed;
+    }
+    return *copyAgreed_ ? rows : Rows{};
+}
+
+// -- following -------------------------------------------------------------------------------------------------------
+
+// Mouse and keys only: rows that become current while they are rendered are not the user's choice. Later, because the
+// grid moves after its key-down rule, and because a question must not come in the middle of a press.
+void ChannelInformation::followRowSoon() {
+    if (following_ || closed_ || !editFormShown()) {
+        return;
+    }
+    following_ = true;
+    desktop_.dispatcher().post([this, alive = std::weak_ptr(alive_)] {
+        if (!alive.expired()) {
+            following_ = false;
+            fgdDatabase_SelChange();
+        }
+    });
+}
+
+void ChannelInformation::fgdDatabase_SelChange() {
+    routine("fgdDatabase_SelChange", [&] {
+        if (fgdDatabase.row() != frmCE.channel()) {
+            showRowInEditForm();
+        }
+    });
+}
+
+// The current row becomes the selected channel and the one in the open form, unless the user wants to stay.
+void ChannelInformation::showRowInEditForm(const std::string& news) {
+    if (!editFormShown()) {
+        return;
+    }
+    const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
+    const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
+    const bool leaves = frmCE.mayLeaveChannel(news);
+    endIfClosed();
+    if (!editFormShown()) {
+        return;
+    }
+    if (!leaves || current.row < 1) {
+        returnToEditedRow(current.column);
+        return;
+    }
+    fgdDatabase.select(current, end);
+    markSelected(current.row);
+    const auto channel = static_cast<std::int16_t>(current.row);
+    const Rows rows = rowsToCopyTo(channel, fgdDatabase.selection());
+    frmCE.setChannel(channel);
+    frmCE.setSelectedChannels(rows.first, rows.last);
+    frmCE.refresh();
+}
+
+void ChannelInformation::returnToEditedRow(int column) {
+    if (fgdDatabase.row() != frmCE.channel()) {
+        fgdDatabase.setCurrent({frmCE.channel(), column});
+    }
+}
+
+void ChannelInformation::RefreshEditForm() {
+    routine("RefreshEditForm", [&] {
+        if (frmCE.storing()) {
+            frmCE.refresh();
+        } else {
+            showRowInEditForm();
+        }
+    });
+}
+
+// Edits that the user keeps belong to the table that they were made in.
+void ChannelInformation::distributeStoreToEditForm() {
+    const bool exchanged = frmCE.centralDataStore() != pCentralDataStore_;
+    if (exchanged && editFormShown()) {
+        frmCE.offerToApply();
+        endIfClosed();
+    }
+    frmCE.setCentralDataStore(pCentralDataStore_);
+    if (!pCentralDataStore_) {
+        ui::resumed([this] { desktop_.hide(frmCE); });
+    } else if (exchanged) {
+        showRowInEditForm();
+    }
+}
+
+// What the store has of the channel in the open form; nothing where that cannot be read.
+std::vector<base::Value> ChannelInformation::valuesInEditForm() const {
+    std::vector<base::Value> values;
+    if (editFormShown()) {
+        ui::resumed([&] {
+            const auto record = store()->channel(frmCE.channel());
+            for (const auto& info : model::channelKeys) {
+                values.push_back(record.get(info.key));
+            }
+        });
+    }
+    return values;
+}
+
+// -- what the form tells ---------------------------------------------------------------------------------------------
+
+void ChannelInformation::frmCE_DataChanged() {
+    routine("frmCE_DataChanged", [&] { markChanged(frmCE.centralDataStore() ? frmCE.centralDataStore() : store()); });
+}
+
+void ChannelInformation::frmCE_EditClosed() {
+    routine("frmCE_EditClosed", [&] { raise(EditWindowClosed); });
+}
+
+// Rendering makes a row current, and the edited one has the last word.
+void ChannelInformation::frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo) {
+    routine("UpdateRowData", [&] {
+        const auto copied = frmCE.copiedChannels();
+        for (const auto channel : copied) {
+            renderChannel(channel);
+        }
+    });
+    UpdateRowData(intRowNo);
+}
+
+void ChannelInformation::frmCE_OpenLoginWithChannelEdit() {
+    routine("frmCE_OpenLoginWithChannelEdit", [&] { raise(OpenLoginWithChannelEdit); });
+}
+
+void ChannelInformation::frmCE_PauseDiagnosticsIfRunning() {
+    routine("frmCE_PauseDiagnosticsIfRunning", [&] { raise(PauseDiagnostics); });
+}
+
+void ChannelInformation::frmCE_PopUpMenuClick(std::int16_t& intButton) {
+    constexpr auto last = static_cast<std::int16_t>(GridCommand::Redo);
+    if (intButton >= 0 && intButton <= last) {
+        run(static_cast<GridCommand>(intButton));
+    }
+}
+
+}  // namespace telvar::control

@@ -1,0 +1,648 @@
+// The edit form as the control opens it and keeps it in step with the grid: double-click, following the current row,
+// edits that were not applied, exchanged and refreshed tables, several selected channels, locked data, and a control
+// that is closed meanwhile.
+#include "control_world.h"
+#include "support/recording_store.h"
+#include "ui/option_button.h"
+
+namespace telvar::tests {
+namespace {
+
+using control::GridCommand;
+using ui::Answer;
+
+const std::string copyQuestion =
+    "Changes will also be copied to the other selected channels. Would you like to proceed?";
+
+ui::MessageBox question(const std::string& text) {
+    return {.text = text, .title = "Bench 3", .icon = ui::Icon::Exclamation, .buttons = ui::Buttons::YesNo};
+}
+ui::MessageBox applyQuestion(int channel) {
+    return question("Channel " + std::to_string(channel) + " has changes that have not been applied. Apply them now?");
+}
+ui::MessageBox discardQuestion(int channel) {
+    return question("Discard the changes to channel " + std::to_string(channel) + "?");
+}
+
+class ControlEditForm : public ControlWorld {
+protected:
+    ControlEditForm() {
+        for (std::int16_t channel = 1; channel <= 12; ++channel) {
+            fill(*store, channel,
+                 {{ChannelKey::TxFreq, 150'000'000 + channel * 25'000}, {ChannelKey::RxFreq, 151'000'000}});
+        }
+        store->put(StoreMember::MessageTitle, base::textValue("Bench 3"));
+        control->DistributeDataStoreLink();
+        control->DistributeRadioCommsLink();
+        control->Prepare();
+        control->UpdateControlsFromMemory();
+        control->UpdateAccess(5);
+        events.clear();
+    }
+
+    [[nodiscard]] editform::frmChannelEdit& form() const { return control->frmCE; }
+    [[nodiscard]] bool open() const { return desktop.isOpen(form()); }
+    [[nodiscard]] std::string shown() const { return form().txtEditChannel.text(); }
+
+    void doubleClick(int row) {
+        grid().setCurrent({row, 1});
+        grid().DblClick();
+    }
+    // What mouse and keys do: the grid's own rule, then the move, then whatever was queued.
+    void userMovesTo(int row) {
+        ui::KeyEvent key{.code = ui::key::down};
+        grid().KeyDown(key);
+        grid().setCurrent({row, 2});
+        desktop.doEvents();
+    }
+    void userPresses(int row) {
+        grid().setCurrent({row, 2});
+        grid().MouseDown(ui::MouseEvent{});
+        desktop.doEvents();
+    }
+    void edit(const std::string& megahertz = "160.5") { form().txtTxFrequency.userTyped(megahertz); }
+    [[nodiscard]] double stored(std::int16_t channel, ChannelKey key = ChannelKey::TxFreq) {
+        return base::toDouble(store->channel(channel).get(key));
+    }
+    // The user's answer in the question that can be switched off.
+    void answerCopying(bool yes, bool never = false) {
+        desktop.duringModal = [this, yes, never](ui::Form& box) {
+            auto& asked = dynamic_cast<editing::frmMsgBox&>(box);
+            ++copyQuestions;
+            askedText = asked.lblMsg.caption();
+            if (never) {
+                asked.chkDoNotAskAgain.userClick();
+            }
+            (yes ? asked.cmdYes : asked.cmdNo).userPress();
+        };
+    }
+
+    int copyQuestions = 0;
+    std::string askedText;
+};
+
+// -- opening ---------------------------------------------------------------------------------------------------------
+
+TEST_F(ControlEditForm, IsHiddenUntilADoubleClick) { EXPECT_FALSE(open()); }
+
+TEST_F(ControlEditForm, ADoubleClickOpensTheChannelOfTheRowAndRaisesNothing) {
+    doubleClick(4);
+    EXPECT_TRUE(open());
+    EXPECT_EQ(shown(), "4");
+    EXPECT_EQ(form().txtTxFrequency.text(), "150.100000");
+    EXPECT_EQ(form().accessLevel(), 5);
+    EXPECT_EQ(selectedChannel(), 4);
+    EXPECT_EQ(control->txtChannelSelect.text(), "4");
+    EXPECT_EQ(events, Log{});
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, ADoubleClickOpensAtEveryAccessLevel) {
+    control->UpdateAccess(0);
+    doubleClick(4);
+    EXPECT_TRUE(open());
+    EXPECT_FALSE(form().frSynthesizer.visible());
+}
+
+TEST_F(ControlEditForm, ADoubleClickOnAnEmptyChannelOpensItToo) {
+    doubleClick(255);
+    EXPECT_EQ(shown(), "255");
+    EXPECT_EQ(form().txtTxFrequency.text(), "0.000000");
+}
+
+TEST_F(ControlEditForm, ADoubleClickWithNoCurrentRowDoesNothing) {
+    doubleClick(0);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, AFailureToShowTheFormIsIgnored) {
+    desktop.noWindows = true;
+    doubleClick(4);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(selectedChannel(), 4);
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, ASecondDoubleClickShowsTheOtherChannelInTheSameForm) {
+    doubleClick(4);
+    doubleClick(9);
+    EXPECT_EQ(shown(), "9");
+    EXPECT_EQ(selectedChannel(), 9);
+}
+
+TEST_F(ControlEditForm, ADoubleClickReloadsTheChannelThatIsShown) {
+    doubleClick(4);
+    fill(*store, 4, {{ChannelKey::TxFreq, 170'000'000}});
+    doubleClick(4);
+    EXPECT_EQ(form().txtTxFrequency.text(), "170.000000");
+}
+
+TEST_F(ControlEditForm, ADoubleClickOverEditsThatTheUserKeepsLeavesEverything) {
+    doubleClick(4);
+    edit();
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::No);
+    doubleClick(9);
+    EXPECT_EQ(boxes(), (Boxes{applyQuestion(4), discardQuestion(4)}));
+    EXPECT_EQ(shown(), "4");
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+    EXPECT_EQ(grid().row(), 4);
+    EXPECT_EQ(selectedChannel(), 4);
+}
+
+// -- following the grid ----------------------------------------------------------------------------------------------
+
+TEST_F(ControlEditForm, FollowsTheRowThatTheUserMovesTo) {
+    doubleClick(4);
+    userMovesTo(6);
+    EXPECT_EQ(shown(), "6");
+    EXPECT_EQ(form().txtTxFrequency.text(), "150.150000");
+    EXPECT_EQ(selectedChannel(), 6);
+    EXPECT_EQ(control->txtChannelSelect.text(), "6");
+    userPresses(2);
+    EXPECT_EQ(shown(), "2");
+    EXPECT_EQ(selectedChannel(), 2);
+    EXPECT_EQ(events, Log{});
+}
+
+TEST_F(ControlEditForm, DoesNotReloadWhileTheRowStays) {
+    doubleClick(4);
+    edit();
+    userPresses(4);
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, DoesNotFollowRowsThatAProgramMakesCurrent) {
+    doubleClick(4);
+    control->UpdateRowData(9);
+    control->HighLightChannel(8);
+    desktop.doEvents();
+    EXPECT_EQ(shown(), "4");
+}
+
+TEST_F(ControlEditForm, HiddenFollowsNothing) {
+    userMovesTo(6);
+    EXPECT_EQ(selectedChannel(), 1);
+    EXPECT_FALSE(open());
+}
+
+TEST_F(ControlEditForm, ManyMovesBeforeTheMessageLoopRunsEndInOneReload) {
+    doubleClick(4);
+    int reads = 0;
+    form().txtEditChannel.Change.connect([&] { ++reads; });
+    for (int row = 5; row <= 9; ++row) {
+        ui::KeyEvent key{.code = ui::key::down};
+        grid().KeyDown(key);
+        grid().setCurrent({row, 1});
+    }
+    desktop.doEvents();
+    EXPECT_EQ(shown(), "9");
+}
+
+TEST_F(ControlEditForm, AppliesEditsBeforeItFollows) {
+    doubleClick(4);
+    edit();
+    desktop.answerWith(Answer::Yes);
+    userMovesTo(6);
+    EXPECT_EQ(boxes(), Boxes{applyQuestion(4)});
+    EXPECT_EQ(stored(4), 160'500'000);
+    EXPECT_EQ(grid().text(4, 1), "160.500000");
+    EXPECT_EQ(shown(), "6");
+    EXPECT_EQ(grid().row(), 6);
+    EXPECT_EQ(grid().column(), 2);
+}
+
+TEST_F(ControlEditForm, DiscardsEditsOnRequestAndFollows) {
+    doubleClick(4);
+    edit();
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::Yes);
+    userMovesTo(6);
+    EXPECT_EQ(boxes(), (Boxes{applyQuestion(4), discardQuestion(4)}));
+    EXPECT_EQ(stored(4), 150'100'000);
+    EXPECT_EQ(shown(), "6");
+}
+
+TEST_F(ControlEditForm, StaysOnRequestAndTakesTheGridBack) {
+    doubleClick(4);
+    edit();
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::No);
+    userMovesTo(6);
+    EXPECT_EQ(shown(), "4");
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+    EXPECT_EQ(grid().row(), 4);
+    EXPECT_EQ(selectedChannel(), 4);
+}
+
+TEST_F(ControlEditForm, StaysWhereAnEditIsRefused) {
+    doubleClick(4);
+    edit("5");
+    desktop.answerWith(Answer::Yes);
+    userMovesTo(6);
+    EXPECT_EQ(shown(), "4");
+    EXPECT_EQ(grid().row(), 4);
+    EXPECT_EQ(form().txtTxFrequency.foreColor(), ui::red);
+}
+
+TEST_F(ControlEditForm, AFormThatIsClosedWhileItAsksIsNotShownAgain) {
+    doubleClick(4);
+    edit();
+    desktop.duringBox = [&](const ui::MessageBox&) { desktop.close(form()); };
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::Yes);
+    userMovesTo(6);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(selectedChannel(), 4);
+}
+
+TEST_F(ControlEditForm, FollowsAfterOkNoLonger) {
+    doubleClick(4);
+    form().cmdOk.userPress();
+    EXPECT_FALSE(open());
+    userMovesTo(6);
+    EXPECT_EQ(selectedChannel(), 4);
+}
+
+// -- commands, refreshes, exchanged tables ---------------------------------------------------------------------------
+
+TEST_F(ControlEditForm, ReloadsWhenACommandChangedItsChannel) {
+    doubleClick(4);
+    desktop.clipboard = "161.25";
+    control->run(GridCommand::Paste);
+    EXPECT_EQ(form().txtTxFrequency.text(), "161.250000");
+    control->run(GridCommand::Undo);
+    EXPECT_EQ(form().txtTxFrequency.text(), "150.100000");
+}
+
+TEST_F(ControlEditForm, AsksBeforeACommandThatChangedItsChannelReplacesEdits) {
+    doubleClick(4);
+    edit();
+    desktop.clipboard = "161.25";
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::No);
+    control->run(GridCommand::Paste);
+    EXPECT_EQ(boxes(), (Boxes{applyQuestion(4), discardQuestion(4)}));
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+}
+
+TEST_F(ControlEditForm, IsLeftAloneByACommandThatChangedOtherChannels) {
+    doubleClick(4);
+    edit();
+    grid().setCurrent({8, 1});
+    desktop.clipboard = "161.25";
+    control->run(GridCommand::Paste);
+    EXPECT_EQ(stored(8), 161'250'000);
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+}
+
+TEST_F(ControlEditForm, ReloadsAfterAFullRefreshInStepWithTheGrid) {
+    doubleClick(4);
+    fill(*store, 1, {{ChannelKey::TxFreq, 171'000'000}});
+    control->UpdateControlsFromMemory();
+    EXPECT_EQ(grid().row(), 1);
+    EXPECT_EQ(shown(), "1");
+    EXPECT_EQ(selectedChannel(), 1);
+    EXPECT_EQ(form().txtTxFrequency.text(), "171.000000");
+}
+
+TEST_F(ControlEditForm, SaysAfterAFullRefreshThatEditsWouldGoToTheTableAsItIsNow) {
+    doubleClick(4);
+    edit();
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::Yes);
+    control->UpdateControlsFromMemory();
+    EXPECT_EQ(boxes(),
+              (Boxes{question("The channel table has been read anew. " + applyQuestion(4).text), discardQuestion(4)}));
+    EXPECT_EQ(shown(), "1");
+}
+
+TEST_F(ControlEditForm, ShowsAnExchangedStoreOnceItIsDistributed) {
+    doubleClick(4);
+    const auto other = std::make_shared<model::MemoryDataStore>();
+    fill(*other, 4, {{ChannelKey::TxFreq, 440'000'000}, {ChannelKey::RxFreq, 440'000'000}});
+    control->setCentralDataStore(other);
+    EXPECT_EQ(form().txtTxFrequency.text(), "150.100000");
+    control->DistributeDataStoreLink();
+    EXPECT_EQ(form().txtTxFrequency.text(), "440.000000");
+    EXPECT_EQ(base::toInt16(other->get(StoreMember::SelectedChannel)), 4);
+}
+
+TEST_F(ControlEditForm, AppliesEditsToTheFormerStoreBeforeItIsExchanged) {
+    doubleClick(4);
+    edit();
+    const auto other = std::make_shared<model::MemoryDataStore>();
+    control->setCentralDataStore(other);
+    desktop.answerWith(Answer::Yes);
+    control->DistributeDataStoreLink();
+    EXPECT_EQ(boxes(), Boxes{applyQuestion(4)});
+    EXPECT_EQ(stored(4), 160'500'000);
+    EXPECT_TRUE(base::isTrue(store->get(StoreMember::DataModified)));
+    EXPECT_EQ(base::toDouble(other->channel(4).get(ChannelKey::TxFreq)), 0);
+    EXPECT_FALSE(base::isTrue(other->get(StoreMember::DataModified)));
+    EXPECT_EQ(form().txtTxFrequency.text(), "0.000000");
+}
+
+TEST_F(ControlEditForm, DropsEditsThatTheUserDoesNotApplyWhenTheStoreIsExchanged) {
+    doubleClick(4);
+    edit();
+    control->setCentralDataStore(std::make_shared<model::MemoryDataStore>());
+    desktop.answerWith(Answer::No);
+    control->DistributeDataStoreLink();
+    EXPECT_EQ(stored(4), 150'100'000);
+    EXPECT_EQ(form().txtTxFrequency.text(), "0.000000");
+}
+
+TEST_F(ControlEditForm, TheSameStoreDistributedAgainChangesNothing) {
+    doubleClick(4);
+    edit();
+    control->DistributeDataStoreLink();
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, ClosesWhenTheStoreIsTakenAway) {
+    doubleClick(4);
+    control->setCentralDataStore(nullptr);
+    control->DistributeDataStoreLink();
+    EXPECT_FALSE(open());
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, RefreshEditFormDoesNothingWhileTheFormIsHidden) {
+    grid().setCurrent({6, 1});
+    control->RefreshEditForm();
+    EXPECT_FALSE(open());
+    EXPECT_EQ(selectedChannel(), 1);
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, RefreshEditFormReloadsTheChannel) {
+    doubleClick(4);
+    fill(*store, 4, {{ChannelKey::TxFreq, 170'000'000}});
+    control->RefreshEditForm();
+    EXPECT_EQ(form().txtTxFrequency.text(), "170.000000");
+}
+
+TEST_F(ControlEditForm, RefreshEditFormInsideApplyWaitsForItsEnd) {
+    doubleClick(4);
+    edit();
+    bool once = true;
+    form().DataChanged.connect([&] {
+        if (std::exchange(once, false)) {
+            control->RefreshEditForm();
+            EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+        }
+    });
+    form().cmdApply.userPress();
+    EXPECT_EQ(stored(4), 160'500'000);
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.500000");
+}
+
+TEST_F(ControlEditForm, FollowsALogin) {
+    control->UpdateAccess(0);
+    doubleClick(4);
+    form().OpenLoginWithChannelEdit.connect([&] { control->UpdateAccess(5); });
+    form().cmdAdvanced.userPress();
+    EXPECT_EQ(events, Log{"OpenLoginWithChannelEdit"});
+    EXPECT_TRUE(form().frSynthesizer.visible());
+    EXPECT_TRUE(form().frDigitalPotentiometer.visible());
+}
+
+// -- applying --------------------------------------------------------------------------------------------------------
+
+TEST_F(ControlEditForm, ApplyMarksTheTableAsChangedAndRendersTheRow) {
+    const auto recording = std::make_shared<RecordingStore>(*store);
+    control->setCentralDataStore(recording);
+    control->DistributeDataStoreLink();
+    doubleClick(4);
+    edit();
+    recording->forget();
+    form().cmdApply.userPress();
+    ASSERT_GE(recording->calls().size(), 2U);
+    EXPECT_EQ(recording->calls()[0], "DataModified=");
+    EXPECT_EQ(recording->calls()[1], "ChannelDataModified=");
+    const auto cells = renderedRow(*store, 4);
+    const auto rowFour = row(4);
+    EXPECT_EQ(Log(rowFour.begin() + 1, rowFour.end()), Log(cells.begin() + 1, cells.end()));
+    EXPECT_EQ(grid().text(4, 1), "160.500000");
+    EXPECT_EQ(grid().row(), 4);
+    EXPECT_TRUE(open());
+    EXPECT_EQ(events, Log{});
+}
+
+TEST_F(ControlEditForm, OkAndCancelReportTheEndAndTheCloseBoxDoesNot) {
+    doubleClick(4);
+    form().cmdOk.userPress();
+    EXPECT_EQ(events, Log{"EditWindowClosed"});
+    doubleClick(4);
+    form().cmdCancel.userPress();
+    EXPECT_EQ(events, (Log{"EditWindowClosed", "EditWindowClosed"}));
+    doubleClick(4);
+    desktop.close(form());
+    EXPECT_EQ(events, (Log{"EditWindowClosed", "EditWindowClosed"}));
+    EXPECT_FALSE(open());
+}
+
+TEST_F(ControlEditForm, LockedDataRefusesApplyAndOk) {
+    doubleClick(4);
+    edit();
+    control->ckLockData.setValue(1);
+    const ui::MessageBox locked{.text = "Data is locked. Clear 'Lock Data' to make changes.",
+                                .title = "Bench 3",
+                                .icon = ui::Icon::Exclamation};
+    form().cmdApply.userPress();
+    form().cmdOk.userPress();
+    EXPECT_EQ(boxes(), (Boxes{locked, locked}));
+    EXPECT_EQ(stored(4), 150'100'000);
+    EXPECT_TRUE(open());
+    EXPECT_FALSE(base::isTrue(store->get(StoreMember::DataModified)));
+}
+
+TEST_F(ControlEditForm, TheLockOfChannelSettingsReachesTheForm) {
+    doubleClick(4);
+    control->optLockMode[2].userClick();
+    EXPECT_EQ(form().LockDataMode(), 2);
+    EXPECT_FALSE(form().txtTxFrequency.isUsable());
+    control->optLockMode[0].userClick();
+    EXPECT_TRUE(form().txtTxFrequency.isUsable());
+}
+
+TEST_F(ControlEditForm, ApplyDisablesUndoOfTheGrid) {
+    doubleClick(4);
+    desktop.clipboard = "161.25";
+    control->run(GridCommand::Paste);
+    EXPECT_TRUE(control->commandEnabled(GridCommand::Undo));
+    form().cmdApply.userPress();
+    EXPECT_FALSE(control->commandEnabled(GridCommand::Undo));
+}
+
+// -- several selected channels ---------------------------------------------------------------------------------------
+
+TEST_F(ControlEditForm, AsksBeforeItOpensWithSeveralSelectedChannels) {
+    answerCopying(true);
+    grid().select({5, 1}, {8, 3});
+    grid().DblClick();
+    EXPECT_EQ(copyQuestions, 1);
+    EXPECT_EQ(askedText, copyQuestion);
+    EXPECT_EQ(form().lblSelectedChannels.caption(), "Also applies to channels 5 to 8");
+    EXPECT_TRUE(form().lblSelectedChannels.visible());
+}
+
+TEST_F(ControlEditForm, CopiesToTheOtherSelectedChannelsAndRendersThem) {
+    answerCopying(true);
+    grid().select({5, 1}, {8, 3});
+    grid().DblClick();
+    form().ckScanChannel.userClick();
+    form().cmdApply.userPress();
+    for (std::int16_t channel = 5; channel <= 8; ++channel) {
+        EXPECT_TRUE(base::isTrue(store->channel(channel).get(ChannelKey::scan))) << channel;
+        const auto cells = renderedRow(*store, channel);
+        EXPECT_EQ(grid().text(channel, 8), cells[8]) << channel;
+        EXPECT_EQ(grid().text(channel, 5), cells[5]) << channel;
+    }
+    EXPECT_FALSE(base::isTrue(store->channel(4).get(ChannelKey::scan)));
+    EXPECT_FALSE(base::isTrue(store->channel(9).get(ChannelKey::scan)));
+    EXPECT_EQ(grid().row(), 5);
+}
+
+TEST_F(ControlEditForm, NoEditsTheOneChannelOnly) {
+    answerCopying(false);
+    grid().select({5, 1}, {8, 3});
+    grid().DblClick();
+    EXPECT_EQ(shown(), "5");
+    EXPECT_FALSE(form().lblSelectedChannels.visible());
+    form().ckScanChannel.userClick();
+    form().cmdApply.userPress();
+    EXPECT_TRUE(base::isTrue(store->channel(5).get(ChannelKey::scan)));
+    EXPECT_FALSE(base::isTrue(store->channel(6).get(ChannelKey::scan)));
+}
+
+TEST_F(ControlEditForm, AsksAtEveryOpeningUnlessTheUserSwitchesItOff) {
+    answerCopying(true);
+    for (int time = 1; time <= 2; ++time) {
+        grid().select({5, 1}, {8, 3});
+        grid().DblClick();
+        EXPECT_EQ(copyQuestions, time);
+        form().cmdCancel.userPress();
+    }
+    answerCopying(true, true);
+    for (int time = 1; time <= 2; ++time) {
+        grid().select({5, 1}, {8, 3});
+        grid().DblClick();
+        EXPECT_EQ(copyQuestions, 3);
+        EXPECT_TRUE(form().lblSelectedChannels.visible());
+        form().cmdCancel.userPress();
+    }
+}
+
+TEST_F(ControlEditForm, OneSelectedChannelIsNoQuestion) {
+    answerCopying(true);
+    grid().select({5, 1}, {5, 20});
+    grid().DblClick();
+    EXPECT_EQ(copyQuestions, 0);
+    EXPECT_FALSE(form().lblSelectedChannels.visible());
+}
+
+TEST_F(ControlEditForm, AnotherChannelTakesTheSelectionAnew) {
+    answerCopying(true);
+    grid().select({5, 1}, {8, 3});
+    grid().DblClick();
+    userMovesTo(10);
+    EXPECT_EQ(shown(), "10");
+    EXPECT_FALSE(form().lblSelectedChannels.visible());
+    grid().select({2, 1}, {3, 1});
+    control->RefreshEditForm();
+    EXPECT_EQ(shown(), "2");
+    EXPECT_EQ(form().lblSelectedChannels.caption(), "Also applies to channels 2 to 3");
+    EXPECT_EQ(copyQuestions, 1);
+}
+
+// -- the control ends ------------------------------------------------------------------------------------------------
+
+TEST_F(ControlEditForm, IsClosedWithTheControl) {
+    doubleClick(4);
+    control->close();
+    EXPECT_FALSE(open());
+    desktop.doEvents();
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, AMoveThatIsStillQueuedFindsTheControlGone) {
+    doubleClick(4);
+    ui::KeyEvent key{.code = ui::key::down};
+    grid().KeyDown(key);
+    grid().setCurrent({6, 1});
+    control.reset();
+    desktop.doEvents();
+    EXPECT_EQ(selectedChannel(), 4);
+}
+
+TEST_F(ControlEditForm, TheControlMayBeClosedInEachEventOfTheForm) {
+    const auto close = [this](auto&...) { control->close(); };
+    struct Case {
+        const char* name;
+        std::function<void()> listen;
+        std::function<void()> act;
+    };
+    const std::vector<Case> cases{
+        {"DataChanged", [&] { form().DataChanged.connect(close); }, [&] { form().cmdApply.userPress(); }},
+        {"NeedToUpdateFlexGrid", [&] { form().NeedToUpdateFlexGrid.connect(close); },
+         [&] { form().cmdApply.userPress(); }},
+        {"EditClosed after OK", [&] { form().EditClosed.connect(close); }, [&] { form().cmdOk.userPress(); }},
+        {"EditClosed after Cancel", [&] { form().EditClosed.connect(close); }, [&] { form().cmdCancel.userPress(); }},
+        {"OpenLoginWithChannelEdit", [&] { form().OpenLoginWithChannelEdit.connect(close); },
+         [&] { form().cmdAdvanced.userPress(); }},
+        {"PauseDiagnosticsIfRunning", [&] { form().PauseDiagnosticsIfRunning.connect(close); },
+         [&] {
+             form().ckContinuousUpdateEnabled.userClick();
+             form().sldTransmitPower.userMoved(-7);
+             desktop.tick(form().tmrUpdate);
+         }},
+        {"PopUpMenuClick", [&] { form().PopUpMenuClick.connect(close); },
+         [&] { form().mnuPopUpMenuCopy.userChoose(); }},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        control = std::make_unique<ChannelInformation>(
+            control::Surroundings{.desktop = desktop, .makeTable = nullptr, .logPath = logPath});
+        control->setCentralDataStore(store);
+        control->setRadioComms(link);
+        control->DistributeDataStoreLink();
+        control->DistributeRadioCommsLink();
+        control->UpdateAccess(5);
+        doubleClick(4);
+        test.listen();
+        test.act();
+        EXPECT_TRUE(control->closed());
+        EXPECT_FALSE(open());
+        EXPECT_EQ(boxes(), Boxes{});
+    }
+}
+
+// -- live levels -----------------------------------------------------------------------------------------------------
+
+TEST_F(ControlEditForm, MovedLevelsReachTheLinkWhileContinuousUpdateIsOn) {
+    doubleClick(4);
+    form().ckContinuousUpdateEnabled.userClick();
+    form().sldTransmitPower.userMoved(-7);
+    desktop.tick(form().tmrUpdate);
+    EXPECT_EQ(events, Log{"PauseDiagnostics"});
+    EXPECT_EQ(link->calls, Log{"SendPotValues "});
+    EXPECT_EQ(base::toInt16(store->get(StoreMember::CommsTask)), 33);
+}
+
+TEST_F(ControlEditForm, FollowingTheGridEndsContinuousUpdate) {
+    doubleClick(4);
+    form().ckContinuousUpdateEnabled.userClick();
+    EXPECT_TRUE(desktop.runs(form().tmrUpdate));
+    userMovesTo(5);
+    EXPECT_FALSE(form().ckContinuousUpdateEnabled.checked());
+    EXPECT_FALSE(desktop.runs(form().tmrUpdate));
+}
+
+}  // namespace
+}  // namespace telvar::tests
