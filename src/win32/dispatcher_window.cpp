@@ -37,6 +37,7 @@ void DispatcherWindow::runNext() {
             announced_ = PostMessageW(handle(), workPosted, 0, 0) != FALSE;
         }
     }
+    const auto kept = holder_ ? holder_() : nullptr;
     work();
 }
 
@@ -60,6 +61,7 @@ void DispatcherWindow::stop(const ui::Timer& timer) noexcept {
 }
 
 void DispatcherWindow::tick(UINT_PTR id) const {
+    const auto kept = holder_ ? holder_() : nullptr;
     // A tick that was under way when its timer was stopped finds nothing.
     if (const auto found = timers_.find(id); found != timers_.end()) {
         found->second.timer->Tick();

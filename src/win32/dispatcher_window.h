@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
 
 #include "base/dispatcher.h"
@@ -20,6 +21,8 @@ namespace telvar::win32 {
 class DispatcherWindow final : public Window, public base::Dispatcher {
 public:
     void open();
+    // What it answers is kept for the length of each tick and each piece of work.
+    void setHolder(std::function<std::shared_ptr<void>()> holder) { holder_ = std::move(holder); }
 
     void post(std::function<void()> work) override;
 
@@ -48,6 +51,7 @@ private:
     bool announced_ = false;
     std::map<UINT_PTR, Running> timers_;
     UINT_PTR lastTimer_ = 0;
+    std::function<std::shared_ptr<void>()> holder_;
 };
 
 }  // namespace telvar::win32

@@ -59,11 +59,15 @@ UINT track(const PopupMenu& popup, HWND owner, POINT at) {
 
 }  // namespace
 
-WindowsDesktop::WindowsDesktop() : messages_(std::make_shared<DispatcherWindow>()) { messages_->open(); }
+WindowsDesktop::WindowsDesktop() : messages_(std::make_shared<DispatcherWindow>()) {
+    messages_->open();
+    messages_->setHolder([this] { return holdOwner(); });
+}
 
 WindowsDesktop::~WindowsDesktop() {
     site_ = {};
     closeForms();
+    messages_->setHolder(nullptr);
     messages_->close();
     unregisterWindowClasses();
 }

@@ -28,8 +28,8 @@ public:
         std::function<HWND()> owner;
         // False before something modal is shown, True after it.
         std::function<void(bool enable)> enableModeless;
-        // Called before every message of a form; what it answers is released after the message. Lets the owner of the
-        // forms live to the end of a message in whose course its last user let go of it.
+        // Called before every message of a form, every tick and every piece of queued work; what it answers is released
+        // afterwards. Lets the owner of the forms live to the end of what its last user let go of it in.
         std::function<std::shared_ptr<void>()> holder;
     };
 
