@@ -74,7 +74,7 @@ void CALLBACK MessageBoxes::tick(HWND /*window*/, UINT /*message*/, UINT_PTR tim
 
 void MessageBoxes::answer(HWND box) {
     shown_.push_back({.text = sentenceOf(box), .title = textOf(box), .owner = GetWindow(box, GW_OWNER)});
-    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button_), 0);
 }
 
 }  // namespace telvar::tests

@@ -1,5 +1,5 @@
-// Answers every message box of this thread with its default button and keeps what it said, so that a test neither hangs
-// nor misses one.
+// Answers every message box of this thread, with OK unless told otherwise, and keeps what it said, so that a test
+// neither hangs nor misses one.
 #pragma once
 
 #include <string>
@@ -27,6 +27,8 @@ public:
     [[nodiscard]] const std::vector<ShownBox>& shown() const noexcept { return shown_; }
     [[nodiscard]] std::vector<std::string> texts() const;
     void forget() noexcept { shown_.clear(); }
+    // The button that is pressed from now on.
+    void answerWith(int button) noexcept { button_ = button; }
 
 private:
     static LRESULT CALLBACK hook(int code, WPARAM wParam, LPARAM lParam);
@@ -35,6 +37,7 @@ private:
 
     std::vector<ShownBox> shown_;
     HWND waiting_ = nullptr;
+    int button_ = IDOK;
     HHOOK hook_;
 };
 

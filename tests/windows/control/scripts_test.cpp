@@ -77,6 +77,11 @@ TEST_F(Scripts, CallEveryMember) {
 TEST_F(Scripts, PassArgumentsByReferenceInEveryForm) { expectSuccess("arguments.vbs"); }
 TEST_F(Scripts, BringStoresAndLinksOfTheirOwn) { expectSuccess("own_store.vbs"); }
 TEST_F(Scripts, HearEveryEvent) { expectSuccess("events.vbs"); }
+TEST_F(Scripts, SendAndLoadTheTable) {
+    // The findings are told in message boxes.
+    const Bystander bystander;
+    expectSuccess("transfer.vbs");
+}
 TEST_F(Scripts, InTheOtherLanguageToo) { expectSuccess("walk.js"); }
 
 TEST_F(Scripts, AScriptThatBreaksOffIsNoticed) {
