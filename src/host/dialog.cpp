@@ -45,7 +45,7 @@ INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wparam, LPA
 INT_PTR Dialog::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
     case WM_INITDIALOG:
-        centre();
+        centreOverOwner(window_);
         SetFocus(begin());
         return FALSE;
     case WM_COMMAND:
@@ -78,22 +78,6 @@ void Dialog::command(int control, int notification) {
     } else if (notification == EN_CHANGE || notification == CBN_SELCHANGE) {
         changed(control);
     }
-}
-
-// Over its owner, on one monitor as a whole.
-void Dialog::centre() const {
-    RECT own{};
-    RECT around{};
-    GetWindowRect(window_, &own);
-    const HWND owner = GetWindow(window_, GW_OWNER);
-    const std::vector<RECT> areas = workAreas();
-    if (owner == nullptr || IsIconic(owner) || !GetWindowRect(owner, &around)) {
-        around = areas.front();
-    }
-    OffsetRect(&own, (around.left + around.right - own.left - own.right) / 2,
-               (around.top + around.bottom - own.top - own.bottom) / 2);
-    const RECT place = fitted(own, areas);
-    SetWindowPos(window_, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 std::wstring Dialog::textOf(int control) const {

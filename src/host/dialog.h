@@ -41,7 +41,6 @@ private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     INT_PTR handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int control, int notification);
-    void centre() const;
 
     HWND window_ = nullptr;
     bool refused_ = false;

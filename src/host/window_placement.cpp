@@ -84,4 +84,19 @@ std::vector<RECT> workAreas() {
     return areas;
 }
 
+void centreOverOwner(HWND window) {
+    RECT own{};
+    RECT around{};
+    GetWindowRect(window, &own);
+    const HWND owner = GetWindow(window, GW_OWNER);
+    const std::vector<RECT> areas = workAreas();
+    if (owner == nullptr || IsIconic(owner) || !GetWindowRect(owner, &around)) {
+        around = areas.front();
+    }
+    OffsetRect(&own, (around.left + around.right - own.left - own.right) / 2,
+               (around.top + around.bottom - own.top - own.bottom) / 2);
+    const RECT place = fitted(own, areas);
+    SetWindowPos(window, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 }  // namespace telvar::host

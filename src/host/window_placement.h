@@ -27,4 +27,7 @@ void savePlacement(Settings& settings, HWND window);
 // The work areas of all monitors, the main one first; never empty.
 [[nodiscard]] std::vector<RECT> workAreas();
 
+// Moves a window over its owner, on one monitor as a whole.
+void centreOverOwner(HWND window);
+
 }  // namespace telvar::host
