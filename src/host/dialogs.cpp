@@ -13,7 +13,14 @@ namespace telvar::host {
 
 namespace {
 
-constexpr wchar_t filter[] = L"Channel tables (*.telvar)\0*.telvar\0All files\0*.*\0";
+// What a dialog for files shows, and the extension of a name without one.
+struct FileKind {
+    const wchar_t* filter;
+    const wchar_t* extension;
+};
+constexpr FileKind tableFiles{L"Channel tables (*.telvar)\0*.telvar\0All files\0*.*\0", tableExtension};
+constexpr FileKind htmlFiles{L"HTML pages (*.html)\0*.html;*.htm\0All files\0*.*\0", L"html"};
+
 // The longest path that the system knows at all.
 constexpr std::size_t longestPath = 32'768;
 
@@ -42,19 +49,20 @@ std::wstring folderOf(const std::wstring& path) {
     return end == std::wstring::npos ? std::wstring() : path.substr(0, end);
 }
 
-std::optional<std::wstring> askPath(HWND owner, const std::wstring& initial, const std::wstring& folder,
-                                    const wchar_t* title, DWORD flags, BOOL(WINAPI* ask)(LPOPENFILENAMEW)) {
+std::optional<std::wstring> askPath(HWND owner, const FileKind& kind, const std::wstring& initial,
+                                    const std::wstring& folder, const wchar_t* title, DWORD flags,
+                                    BOOL(WINAPI* ask)(LPOPENFILENAMEW)) {
     std::wstring path(longestPath, L'\0');
     std::copy_n(initial.begin(), std::min(initial.size(), path.size() - 1), path.begin());
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
-    dialog.lpstrFilter = filter;
+    dialog.lpstrFilter = kind.filter;
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = static_cast<DWORD>(path.size());
     dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
     dialog.lpstrTitle = title;
-    dialog.lpstrDefExt = tableExtension;
+    dialog.lpstrDefExt = kind.extension;
     dialog.Flags = flags | OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_ENABLESIZING;
     if (!ask(&dialog)) {
         return std::nullopt;
@@ -108,11 +116,17 @@ bool askCancelExchange(HWND owner) {
 }
 
 std::optional<std::wstring> askOpenPath(HWND owner, const std::wstring& besides) {
-    return askPath(owner, {}, folderOf(besides), L"Open Channel Table", OFN_FILEMUSTEXIST, GetOpenFileNameW);
+    return askPath(owner, tableFiles, {}, folderOf(besides), L"Open Channel Table", OFN_FILEMUSTEXIST,
+                   GetOpenFileNameW);
 }
 
 std::optional<std::wstring> askSavePath(HWND owner, const std::wstring& suggested) {
-    return askPath(owner, suggested, folderOf(suggested), L"Save Channel Table As", OFN_OVERWRITEPROMPT,
+    return askPath(owner, tableFiles, suggested, folderOf(suggested), L"Save Channel Table As", OFN_OVERWRITEPROMPT,
+                   GetSaveFileNameW);
+}
+
+std::optional<std::wstring> askHtmlPath(HWND owner, const std::wstring& suggested) {
+    return askPath(owner, htmlFiles, suggested, folderOf(suggested), L"Save as HTML", OFN_OVERWRITEPROMPT,
                    GetSaveFileNameW);
 }
 

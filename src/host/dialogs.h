@@ -21,6 +21,7 @@ void tellFailure(HWND owner, const std::wstring& sentence);
 // Nothing when the user cancels.
 [[nodiscard]] std::optional<std::wstring> askOpenPath(HWND owner, const std::wstring& besides);
 [[nodiscard]] std::optional<std::wstring> askSavePath(HWND owner, const std::wstring& suggested);
+[[nodiscard]] std::optional<std::wstring> askHtmlPath(HWND owner, const std::wstring& suggested);
 void showAbout(HWND owner);
 
 }  // namespace telvar::host

@@ -71,6 +71,9 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case exchangeMessage:
         answerExchange();
         return 0;
+    case printMessage:
+        answerPrint();
+        return 0;
     case WM_TIMER:
         tick(wparam);
         return 0;
@@ -121,6 +124,7 @@ void MainWindow::tick(UINT_PTR timer) {
     refreshState();
     answerLogin();
     answerExchange();
+    answerPrint();
 }
 
 void MainWindow::closeByUser() {

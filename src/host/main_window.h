@@ -2,7 +2,8 @@
 // (new, open, save, the question about unsaved changes) and answers the control's and the link's events. What the
 // system sends it is in main_window.cpp, its menus in main_window_menus.cpp, the start and the end in
 // main_window_life.cpp, the commands in main_window_commands.cpp, the control's side in main_window_events.cpp, the
-// login in main_window_access.cpp, the radio in main_window_radio.cpp.
+// login in main_window_access.cpp, the radio in main_window_radio.cpp and main_window_restore.cpp, printing in
+// main_window_print.cpp.
 #pragma once
 
 #include <windows.h>
@@ -21,6 +22,7 @@
 #include "host/document.h"
 #include "host/edit_commands.h"
 #include "host/embedded_control.h"
+#include "host/printing.h"
 #include "host/radio.h"
 #include "host/recent_files.h"
 #include "host/settings.h"
@@ -55,6 +57,9 @@ public:
     [[nodiscard]] HWND window() const noexcept { return window_; }
     [[nodiscard]] const Document& document() const noexcept { return *document_; }
     [[nodiscard]] IUnknown* channels() const noexcept { return channels_.get(); }
+    // Null without an installed link.
+    [[nodiscard]] IRadioLink* radioLink() const noexcept { return radio_.link(); }
+    [[nodiscard]] Printing& printing() noexcept { return printing_; }
     [[nodiscard]] AccessLevel accessLevel() const noexcept { return access_.level(); }
 
 private:
@@ -66,10 +71,13 @@ private:
 
     // For what the control wants a login.
     enum class LoginReason { Fill, Edit };
+    // What the control is asked to check a table for.
+    enum class PrintWish { Preview, Print, Html };
     static constexpr UINT_PTR stateTimer = 1;
     static constexpr UINT_PTR pollTimer = 2;
     static constexpr UINT loginMessage = WM_APP;
     static constexpr UINT exchangeMessage = WM_APP + 1;
+    static constexpr UINT printMessage = WM_APP + 2;
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
@@ -117,9 +125,18 @@ private:
     bool enterLevel(AccessLevel level);
     void askForLogin(LoginReason reason);
     void answerLogin();
+    bool runForPrinting(int command);
+    void requestPrint(PrintWish wish);
+    void answerPrint();
+    void print();
+    void saveHtml();
+    void setUpPage();
+    [[nodiscard]] print::Table printedTable() const;
     bool runForRadio(int command);
     void sendToRadio();
     void loadFromRadio();
+    void restoreBackup();
+    void beginRestore();
     void exchange(ControlMethod method, const std::wstring& what);
     void cancelExchange();
     [[nodiscard]] bool mayCancel() const;
@@ -166,6 +183,7 @@ private:
     Settings settings_;
     RecentFiles recent_;
     Access access_;
+    Printing printing_;
     HWND window_ = nullptr;
     HACCEL accelerators_ = nullptr;
     StatusBar statusBar_;
@@ -179,13 +197,18 @@ private:
     std::wstring caption_;
     std::optional<long> shownRevision_;
     std::optional<LoginReason> loginReason_;
+    // A script that asks gets the preview.
+    PrintWish printWish_ = PrintWish::Preview;
+    std::optional<PrintWish> printRequest_;
     // What the exchange under way is called; empty where it is not one of ours.
     std::wstring exchangeText_;
     std::wstring failedExchange_;  // what is still to be told of it
     std::wstring radioState_;
     bool preparing_ = false;  // the control checks, asks or waits before an exchange
     bool cancelWanted_ = false;
-    bool loaded_ = false;  // and not yet shown
+    bool loaded_ = false;                        // and not yet shown
+    std::optional<std::wstring> restoreWanted_;  // and not yet begun
+    bool loadRestored_ = false;                  // once the radio holds what is being restored
     bool closeWanted_ = false;
     int modal_ = 0;
     int calls_ = 0;

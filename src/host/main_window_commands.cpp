@@ -27,7 +27,7 @@ void MainWindow::run(int command) {
     if (command == COMMAND_RADIO_CANCEL && mayCancel()) {
         cancelExchange();
     }
-    if (!mayAct() || runForRadio(command)) {
+    if (!mayAct() || runForRadio(command) || runForPrinting(command)) {
         return;
     }
     switch (command) {

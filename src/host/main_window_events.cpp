@@ -68,8 +68,6 @@ void MainWindow::NewWindowCaption(const std::wstring& caption) {
     refreshState();
 }
 
-void MainWindow::PrintChannelData() { showStatus(L"Printing is not available."); }
-
 void MainWindow::EditWindowClosed() {
     if (control_) {
         control_->takeFocus();

@@ -63,7 +63,7 @@ com::ComPointer<Interface> create(REFCLSID identifier, const std::string& what) 
 }  // namespace
 
 MainWindow::MainWindow(const std::wstring& settingsKey)
-    : settings_(settingsKey), recent_(settings_), access_(settings_), caption_(programTitle) {}
+    : settings_(settingsKey), recent_(settings_), access_(settings_), printing_(settings_), caption_(programTitle) {}
 
 MainWindow::~MainWindow() {
     if (window_ != nullptr) {

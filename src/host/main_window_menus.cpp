@@ -27,7 +27,8 @@ void MainWindow::showMenu(HMENU menu) {
     if (GetMenuState(menu, COMMAND_NEW, MF_BYCOMMAND) != static_cast<UINT>(-1)) {
         showRecentFiles(menu);
     }
-    for (const int command : {COMMAND_NEW, COMMAND_OPEN, COMMAND_SAVE, COMMAND_SAVE_AS, COMMAND_REFRESH}) {
+    for (const int command : {COMMAND_NEW, COMMAND_OPEN, COMMAND_SAVE, COMMAND_SAVE_AS, COMMAND_SAVE_HTML,
+                              COMMAND_PAGE_SETUP, COMMAND_PRINT_PREVIEW, COMMAND_PRINT, COMMAND_REFRESH}) {
         enable(menu, command, mayAct());
     }
     showEditMenu(menu);
@@ -58,7 +59,8 @@ void MainWindow::showAccessMenu(HMENU menu) {
 
 void MainWindow::showRadioMenu(HMENU menu) {
     const bool acts = mayAct() && radio_.link() != nullptr;
-    for (const int command : {COMMAND_RADIO_SEND, COMMAND_RADIO_LOAD, COMMAND_RADIO_CONNECTION}) {
+    for (const int command :
+         {COMMAND_RADIO_SEND, COMMAND_RADIO_LOAD, COMMAND_RADIO_RESTORE, COMMAND_RADIO_CONNECTION}) {
         enable(menu, command, acts);
     }
     enable(menu, COMMAND_RADIO_CANCEL, mayCancel());

@@ -16,6 +16,7 @@ namespace {
 
 // Codes of exchanges, as the link tells them.
 constexpr long loadTask = 22;
+constexpr long restoreTask = 31;
 constexpr long levelsTask = 33;
 
 constexpr wchar_t connectionSetting[] = L"RadioConnection";
@@ -33,6 +34,9 @@ bool MainWindow::runForRadio(int command) {
         return true;
     case COMMAND_RADIO_LOAD:
         loadFromRadio();
+        return true;
+    case COMMAND_RADIO_RESTORE:
+        restoreBackup();
         return true;
     case COMMAND_RADIO_CONNECTION:
         chooseConnection();
@@ -129,6 +133,7 @@ void MainWindow::exchangeEnded(long task, bool succeeded, const std::wstring& me
         showStatus(L"The exchange with the radio was cancelled.");
     }
     loaded_ = loaded_ || (succeeded && task == loadTask);
+    loadRestored_ = loadRestored_ && succeeded && task == restoreTask;
     // Levels are sent again and again while a slider moves.
     if (!succeeded && task != levelsTask && !message.empty()) {
         failedExchange_ = message;
@@ -138,6 +143,7 @@ void MainWindow::exchangeEnded(long task, bool succeeded, const std::wstring& me
 
 // Does nothing while something else is under way; the state timer comes back to it.
 void MainWindow::answerExchange() {
+    beginRestore();
     if (!mayAct()) {
         return;
     }
@@ -148,7 +154,11 @@ void MainWindow::answerExchange() {
         tell(sentence);
     }
     if (std::exchange(closeWanted_, false)) {
+        loadRestored_ = false;
         PostMessageW(window_, WM_CLOSE, 0, 0);
+    }
+    if (std::exchange(loadRestored_, false)) {
+        exchange(&_ChannelInformation::LoadChannelInfoFromTelvar, L"Loading from the radio");
     }
 }
 
@@ -156,6 +166,9 @@ void MainWindow::PauseDiagnostics() { radio_.pausePolling(); }
 
 void MainWindow::statusReported(bool answered, const std::wstring& message) {
     radioState_ = message;
+    if (restoreWanted_) {
+        PostMessageW(window_, exchangeMessage, 0, 0);
+    }
     statusBar_.setRadio(answered ? L"Radio ready" : L"No radio answers", message);
 }
 

@@ -4,6 +4,7 @@
 
 #include "com/kit/bstr.h"
 #include "com/kit/failure.h"
+#include "host/backups.h"
 
 namespace telvar::host {
 
@@ -56,6 +57,15 @@ void Radio::cancel() {
     if (link_) {
         com::checkCall(link_->AbortTransfer());
     }
+}
+
+void Radio::restore(const std::wstring& backup) {
+    com::checkCall(link_->RestoreBackup(com::Bstr(std::wstring_view(backup)).get()));
+}
+
+std::wstring Radio::backupFolder() const {
+    const std::wstring told = read(link_.get(), &IRadioLink::get_BackupFolder);
+    return told.empty() ? usualBackupFolder() : told;
 }
 
 std::wstring Radio::connection() const { return read(link_.get(), &IRadioLink::get_Connection); }

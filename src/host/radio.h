@@ -41,6 +41,13 @@ public:
     // Ends what runs at its next frame; with nothing running the end is reported at once. Throws com::ComFailure.
     void cancel();
 
+    // While it is asked how it is.
+    [[nodiscard]] bool asking() const noexcept { return asking_; }
+    // Begins to send what an earlier send has kept. Throws com::ComFailure where the link does not take it.
+    void restore(const std::wstring& backup);
+    // Full path of the folder of those backups.
+    [[nodiscard]] std::wstring backupFolder() const;
+
     // As the link's properties of those names; what cannot be understood throws com::ComFailure with one sentence.
     [[nodiscard]] std::wstring connection() const;
     void setConnection(const std::wstring& address);

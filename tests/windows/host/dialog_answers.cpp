@@ -75,8 +75,11 @@ void DialogAnswers::tick() {
         answered_ = dialog;
         return;
     }
-    answered_ = dialog;
     const std::wstring text = textOf(dialog);
+    if (!ignored_.empty() && (text == ignored_ || text.starts_with(ignored_ + L":"))) {
+        return;
+    }
+    answered_ = dialog;
     if (answers_.empty()) {
         ADD_FAILURE() << "nobody expected this: " << com::narrow(text);
         PostMessageW(dialog, WM_CLOSE, 0, 0);

@@ -31,6 +31,9 @@ public:
     // A name for the system's dialog for files.
     void expectFile(std::wstring path);
 
+    // Windows of that title come and go by themselves.
+    void ignore(std::wstring title) { ignored_ = std::move(title); }
+
     // Title and texts of each dialog that was answered, e.g. "Telvar: The file ...".
     [[nodiscard]] const std::vector<std::wstring>& shown() const noexcept { return shown_; }
 
@@ -40,6 +43,7 @@ private:
 
     std::deque<Answer> answers_;
     std::vector<std::wstring> shown_;
+    std::wstring ignored_;
     HWND answered_ = nullptr;
     UINT_PTR timer_;
 };

@@ -1,0 +1,322 @@
+// Printing from the menu: what goes through the control, what reaches the printer, the HTML file, and the page set-up.
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <algorithm>
+#include <cstdint>
+
+#include "com/kit/text.h"
+#include "host/print/html.h"
+#include "host/print_page_dialogs.h"
+#include "host/print_system.h"
+#include "print_program.h"
+
+namespace telvar::tests {
+
+namespace {
+
+constexpr int messagePart = 0;
+
+bool contains(const Texts& texts, const std::wstring& text) { return std::ranges::find(texts, text) != texts.end(); }
+
+bool anyPrinter() {
+    PRINTDLGW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.Flags = PD_RETURNDEFAULT | PD_NOWARNING;
+    const BOOL found = PrintDlgW(&dialog);
+    GlobalFree(dialog.hDevMode);
+    GlobalFree(dialog.hDevNames);
+    return found != FALSE;
+}
+
+}  // namespace
+
+struct PrintCommands : PrintProgram {
+    [[nodiscard]] std::string savedHtml(const std::string& name) {
+        dialogs.expectFile(path(name));
+        command(COMMAND_SAVE_HTML);
+        return TemporaryFolder::read(folder / name);
+    }
+};
+
+TEST_F(PrintCommands, AreOfferedInTheFileMenu) {
+    startWith("pmr446.telvar");
+    for (const int identifier : {COMMAND_PRINT, COMMAND_PRINT_PREVIEW, COMMAND_PAGE_SETUP, COMMAND_SAVE_HTML}) {
+        EXPECT_TRUE(offered(fileMenu, identifier)) << identifier;
+    }
+}
+
+TEST_F(PrintCommands, WithoutAnOpenTableTheControlSaysSo) {
+    startWith("pmr446.telvar");
+    program->document().store()->Close();
+    for (const int identifier : {COMMAND_PRINT, COMMAND_PRINT_PREVIEW, COMMAND_SAVE_HTML}) {
+        dialogs.expectBox(IDOK);
+        command(identifier);
+        EXPECT_EQ(dialogs.shown().back(),
+                  L"Telvar: No channel information open to print. Please open a channel database.");
+    }
+    EXPECT_EQ(record.calls, Texts{});
+}
+
+TEST_F(PrintCommands, EveryChannelIsPrintedAsTheControlShowsIt) {
+    startWith("maritime.telvar");
+    command(COMMAND_PRINT);
+    Texts printed;
+    for (const Texts& page : record.pages) {
+        std::ranges::copy(page, std::back_inserter(printed));
+        EXPECT_EQ(page.front(), L"International maritime VHF, coast station");
+    }
+    for (long channel = 1; channel <= 255; ++channel) {
+        ASSERT_TRUE(contains(printed, std::to_wstring(channel))) << channel;
+        for (long shown = 1; shown <= 26; ++shown) {
+            if (columnVisible(shown)) {
+                ASSERT_TRUE(contains(printed, cell(channel, shown))) << channel << " " << shown;
+            }
+        }
+    }
+    EXPECT_EQ(record.name, L"International maritime VHF, coast station");
+    EXPECT_EQ(record.calls.back(), L"end");
+    EXPECT_EQ(statusText(messagePart), L"The table was printed.");
+}
+
+TEST_F(PrintCommands, ColumnsThatTheLevelHidesAreNotPrinted) {
+    startWith("pmr446.telvar");
+    command(COMMAND_LOG_OUT);
+    command(COMMAND_PRINT);
+    Texts printed;
+    for (const Texts& page : record.pages) {
+        std::ranges::copy(page, std::back_inserter(printed));
+    }
+    EXPECT_TRUE(contains(printed, L"Scan"));
+    EXPECT_FALSE(contains(printed, L"Pwr"));
+    EXPECT_FALSE(contains(printed, L"TX Pwr"));
+}
+
+TEST_F(PrintCommands, OnlyChannelsInUseArePrintedIfWanted) {
+    startWith("pmr446.telvar");
+    useOnlyChannelsInUse();
+    const std::string html = savedHtml("used.html");
+    const int used = program->document().configuredChannels();
+    ASSERT_GT(used, 0);
+    ASSERT_LT(used, 255);
+    std::size_t rows = 0;
+    for (std::size_t at = html.find("<tr>"); at != std::string::npos; at = html.find("<tr>", at + 1)) {
+        ++rows;
+    }
+    EXPECT_EQ(rows, static_cast<std::size_t>(used) + 1);
+    EXPECT_EQ(html.find("<td>X</td><td>X</td>"), std::string::npos);
+}
+
+TEST_F(PrintCommands, CtrlPPrints) {
+    startWith("pmr446.telvar");
+    press({VK_CONTROL, 'P'});
+    EXPECT_TRUE(pumpUntil([this] { return !record.calls.empty() && record.calls.back() == L"end"; }));
+}
+
+TEST_F(PrintCommands, ACancelledChoiceOfPrinterIsSilent) {
+    startWith("pmr446.telvar");
+    printers->order = [](host::PrintOrder&, int) { return false; };
+    command(COMMAND_PRINT);
+    EXPECT_EQ(record.calls, Texts{});
+    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+    EXPECT_TRUE(IsChild(program->window(), GetFocus()));
+}
+
+TEST_F(PrintCommands, AComputerWithoutAPrinterIsToldInOneSentence) {
+    startWith("pmr446.telvar");
+    printers->order = [](host::PrintOrder&, int) -> bool { throw base::Failure(host::SystemPrinters::noPrinter); };
+    dialogs.expectBox(IDOK);
+    command(COMMAND_PRINT);
+    EXPECT_EQ(dialogs.shown().back(), L"Telvar: There is no printer on this computer; File > Save as HTML writes the "
+                                      L"same table for a browser.");
+    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+}
+
+// Whatever this computer has.
+TEST_F(PrintCommands, TheSystemsPrintersAreAskedOrMissed) {
+    start(sample("pmr446.telvar", "a.telvar"));
+    if (anyPrinter()) {
+        dialogs.expectBox(IDCANCEL);
+        command(COMMAND_PRINT);
+        EXPECT_EQ(statusText(messagePart), program->document().path());
+    } else {
+        dialogs.expectBox(IDOK);
+        command(COMMAND_PRINT);
+        EXPECT_TRUE(dialogs.shown().back().starts_with(L"Telvar: There is no printer on this computer;"));
+    }
+    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+}
+
+TEST_F(PrintCommands, AFailureOfThePrinterIsToldAndEverythingComesBack) {
+    startWith("pmr446.telvar");
+    record.startPage = host::DeviceAnswer::Refused;
+    dialogs.expectBox(IDOK);
+    command(COMMAND_PRINT);
+    EXPECT_EQ(dialogs.shown().back(),
+              L"Telvar: Page 1 could not be printed, and the rest of the document was given up.");
+    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+    EXPECT_TRUE(IsWindowEnabled(program->window()));
+    record.startPage = host::DeviceAnswer::Done;
+    command(COMMAND_PRINT);
+    EXPECT_EQ(record.calls.back(), L"end");
+}
+
+TEST_F(PrintCommands, AScriptThatAsksGetsThePreview) {
+    startWith("pmr446.telvar");
+    dialogs.expect([](HWND window) {
+        EXPECT_EQ(textOf(window), L"Print Preview");
+        PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    });
+    com::check(com::ComPointer<_ChannelInformation>::from(program->channels())->PrintInfo());
+    pump();
+    EXPECT_EQ(dialogs.shown().size(), 1U);
+    EXPECT_EQ(record.calls, Texts{});
+}
+
+TEST_F(PrintCommands, WhatTheUserAskedForIsForgottenAfterwards) {
+    startWith("pmr446.telvar");
+    command(COMMAND_PRINT);
+    const std::size_t calls = record.calls.size();
+    dialogs.expect([](HWND window) { PostMessageW(window, WM_COMMAND, IDCANCEL, 0); });
+    com::check(com::ComPointer<_ChannelInformation>::from(program->channels())->PrintInfo());
+    pump();
+    EXPECT_EQ(record.calls.size(), calls);
+}
+
+TEST_F(PrintCommands, TheHtmlFileHoldsTheCellsThatTheControlShows) {
+    startWith("maritime.telvar");
+    const std::string html = savedHtml("table.html");
+    host::print::Table expected{.title = "International maritime VHF, coast station"};
+    std::string::size_type at = html.find("<tbody>");
+    ASSERT_NE(at, std::string::npos);
+    EXPECT_NE(html.find("<h1>International maritime VHF, coast station</h1>"), std::string::npos);
+    for (long channel = 1; channel <= 255; ++channel) {
+        std::string row = "<tr><th scope=\"row\">" + std::to_string(channel) + "</th>";
+        for (long shown = 1; shown <= 26; ++shown) {
+            if (columnVisible(shown)) {
+                row += std::string(shown >= TXPowerCol ? "<td class=\"centred\">" : "<td>") +
+                       com::narrow(cell(channel, shown)) + "</td>";
+            }
+        }
+        at = html.find(row + "</tr>\n", at);
+        ASSERT_NE(at, std::string::npos) << row;
+    }
+    EXPECT_EQ(statusText(messagePart), L"The table was saved as " + path("table.html") + L".");
+    EXPECT_EQ(folder.entries(), (std::vector<std::string>{"a.telvar", "table.html"}));
+}
+
+TEST_F(PrintCommands, AnHtmlFileThatCannotBeWrittenIsToldInOneSentence) {
+    startWith("pmr446.telvar");
+    const std::string place = folder / "taken.html";
+    std::filesystem::create_directories(TemporaryFolder::pathOf(place) / "inside");
+    EXPECT_THROW(program->printing().saveHtml(com::wide(place), [] { return host::print::Table{}; }), base::Failure);
+    try {
+        program->printing().saveHtml(path("nowhere\\table.html"), [] { return host::print::Table{}; });
+        ADD_FAILURE();
+    } catch (const base::Failure& failure) {
+        EXPECT_TRUE(failure.description().find("table.html could not be written: ") != std::string::npos)
+            << failure.description();
+    }
+    EXPECT_EQ(folder.entries(), (std::vector<std::string>{"a.telvar", "taken.html"}));
+}
+
+TEST_F(PrintCommands, ACancelledHtmlFileIsNone) {
+    startWith("pmr446.telvar");
+    dialogs.expectBox(IDCANCEL);
+    command(COMMAND_SAVE_HTML);
+    EXPECT_EQ(folder.entries(), (std::vector<std::string>{"a.telvar"}));
+}
+
+// ---- page set-up
+
+TEST(PageSetupLengths, AreMillimetresWithTwoDecimals) {
+    EXPECT_EQ(host::readMillimetres(L"15"), 1'500);
+    EXPECT_EQ(host::readMillimetres(L" 12.7 "), 1'270);
+    EXPECT_EQ(host::readMillimetres(L"12,75"), 1'275);
+    EXPECT_EQ(host::readMillimetres(L"0"), 0);
+    for (const wchar_t* wrong : {L"", L" ", L"-1", L".5", L"1.234", L"1.2.3", L"15mm", L"99999999999"}) {
+        EXPECT_EQ(host::readMillimetres(wrong), std::nullopt) << testing::PrintToString(wrong);
+    }
+    EXPECT_EQ(host::millimetresText(1'500), L"15");
+    EXPECT_EQ(host::millimetresText(1'270), L"12.7");
+    EXPECT_EQ(host::millimetresText(1'275), L"12.75");
+    EXPECT_EQ(host::millimetresText(1'205), L"12.05");
+}
+
+TEST(PageSetupMemory, KeepsWhatMakesSense) {
+    const TestSettings key;
+    host::Settings settings(TestSettings::key);
+    EXPECT_EQ(host::loadPageSetup(settings), host::usualPageSetup());
+    const host::PageSetup wanted{.sheet = {14'800, 21'000},
+                                 .sheetCode = 11,
+                                 .landscape = true,
+                                 .margins = {1'000, 1'100, 1'200, 1'300},
+                                 .onlyInUse = true};
+    savePageSetup(settings, wanted);
+    EXPECT_EQ(host::loadPageSetup(settings), wanted);
+    settings.setNumber(L"PrintMarginLeft", 20'000);
+    EXPECT_EQ(host::loadPageSetup(settings).margins, host::usualPageSetup().margins);
+    settings.setNumber(L"PrintSheetWidth", -1);
+    EXPECT_EQ(host::loadPageSetup(settings).sheet, host::usualPageSetup().sheet);
+    EXPECT_TRUE(host::loadPageSetup(settings).onlyInUse);
+}
+
+TEST(PageSetupMemory, PaperIsTurnedAndInTwips) {
+    const host::PageSetup landscape{.sheet = {2'540, 5'080}, .landscape = true, .margins = {254, 0, 0, 127}};
+    EXPECT_EQ(paperOf(landscape), (host::print::Paper{{2'880, 1'440}, {144, 0, 0, 72}}));
+}
+
+TEST_F(PrintCommands, ThePageSetupIsRememberedForTheNextStart) {
+    startWith("pmr446.telvar");
+    useOnlyChannelsInUse();
+    close();
+    program.reset();
+    start();
+    EXPECT_TRUE(program->printing().setup().onlyInUse);
+}
+
+struct OwnPageSetup : PrintProgram {
+    void answer(std::function<void(HWND)> fill) {
+        dialogs.expect([fill = std::move(fill)](HWND dialog) {
+            fill(dialog);
+            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        });
+    }
+};
+
+TEST_F(OwnPageSetup, TakesPaperOrientationMarginsAndChannels) {
+    host::PageSetup setup;
+    answer([](HWND dialog) {
+        SendDlgItemMessageW(dialog, PAGE_SHEET, CB_SETCURSEL, 2, 0);
+        CheckRadioButton(dialog, PAGE_PORTRAIT, PAGE_LANDSCAPE, PAGE_LANDSCAPE);
+        SetDlgItemTextW(dialog, PAGE_LEFT, L"12.5");
+        SetDlgItemTextW(dialog, PAGE_BOTTOM, L"20");
+        CheckDlgButton(dialog, PAGE_ONLY_IN_USE, BST_CHECKED);
+    });
+    EXPECT_TRUE(host::askPageSetup(nullptr, setup));
+    EXPECT_EQ(setup, (host::PageSetup{.sheet = {14'800, 21'000},
+                                      .sheetCode = 11,
+                                      .landscape = true,
+                                      .margins = {1'250, 1'500, 1'500, 2'000},
+                                      .onlyInUse = true}));
+}
+
+TEST_F(OwnPageSetup, RefusesWhatIsNoMarginAndMarginsThatLeaveNoRoom) {
+    host::PageSetup setup;
+    const host::PageSetup before = setup;
+    dialogs.expect([](HWND dialog) {
+        SetDlgItemTextW(dialog, PAGE_TOP, L"wide");
+        SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        EXPECT_EQ(textOf(GetDlgItem(dialog, DIALOG_NOTE)), L"Enter a margin in millimetres.");
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, PAGE_TOP));
+        SetDlgItemTextW(dialog, PAGE_TOP, L"290");
+        SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        EXPECT_EQ(textOf(GetDlgItem(dialog, DIALOG_NOTE)), L"These margins leave no room to print on.");
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_FALSE(host::askPageSetup(nullptr, setup));
+    EXPECT_EQ(setup, before);
+}
+
+}  // namespace telvar::tests

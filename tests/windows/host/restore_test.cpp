@@ -1,0 +1,223 @@
+// The tables that the radio held before: how their files are listed, and how one goes back into the radio.
+#include "host/backups.h"
+#include "open_program.h"
+
+namespace telvar::tests {
+
+namespace {
+
+constexpr int messagePart = 0;
+// One step above the sample's first channel.
+constexpr long later = 462'575'000;
+
+}  // namespace
+
+TEST(BackupNames, HoldDateTimeAndNumber) {
+    const auto first = host::readBackupName(L"radio 2024-03-01 14.05.09.telvar-radio");
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->made.wYear, 2024);
+    EXPECT_EQ(first->made.wMonth, 3);
+    EXPECT_EQ(first->made.wDay, 1);
+    EXPECT_EQ(first->made.wHour, 14);
+    EXPECT_EQ(first->made.wMinute, 5);
+    EXPECT_EQ(first->made.wSecond, 9);
+    EXPECT_EQ(first->number, 1);
+    const auto second = host::readBackupName(L"radio 2024-03-01 14.05.09 (12).telvar-radio");
+    ASSERT_TRUE(second);
+    EXPECT_EQ(second->number, 12);
+}
+
+TEST(BackupNames, AnythingElseIsNone) {
+    for (const wchar_t* name :
+         {L"", L"radio.telvar-radio", L"radio 2024-03-01 14.05.09.telvar-radio.bak", L"radio 2024-03-01 14.05.09",
+          L"radio 2024-13-01 14.05.09.telvar-radio", L"radio 2024-02-30 14.05.09.telvar-radio",
+          L"radio 2024-03-01 24.05.09.telvar-radio", L"radio 2024-03-01 14.05.09 ().telvar-radio",
+          L"radio 2024-03-01 14.05.09 (x).telvar-radio", L"radio 2024-03-01 14.05.09 (2.telvar-radio",
+          L"radio 24-03-01 14.05.09.telvar-radio", L"table 2024-03-01 14.05.09.telvar-radio"}) {
+        EXPECT_EQ(host::readBackupName(name), std::nullopt) << testing::PrintToString(name);
+    }
+}
+
+TEST(BackupList, BeginsWithTheNewest) {
+    TemporaryFolder folder;
+    for (const char* name : {"radio 2024-03-01 14.05.09.telvar-radio", "radio 2024-03-01 14.05.09 (2).telvar-radio",
+                             "radio 2023-12-31 23.59.59.telvar-radio", "radio 2024-03-01 14.05.10.telvar-radio",
+                             "radio 2024-03-01 14.05.09 (10).telvar-radio", "other.txt"}) {
+        TemporaryFolder::write(folder / name, "x");
+    }
+    std::filesystem::create_directories(TemporaryFolder::pathOf(folder / "radio 2025-01-01 00.00.00.telvar-radio"));
+    std::vector<std::wstring> names;
+    for (const host::Backup& backup : host::backupsIn(com::wide(folder.name()))) {
+        names.push_back(std::filesystem::path(backup.path).filename().wstring());
+    }
+    EXPECT_EQ(names, (std::vector<std::wstring>{
+                         L"radio 2024-03-01 14.05.10.telvar-radio", L"radio 2024-03-01 14.05.09 (10).telvar-radio",
+                         L"radio 2024-03-01 14.05.09 (2).telvar-radio", L"radio 2024-03-01 14.05.09.telvar-radio",
+                         L"radio 2023-12-31 23.59.59.telvar-radio"}));
+    EXPECT_TRUE(host::backupsIn(com::wide(folder / "nowhere")).empty());
+    EXPECT_TRUE(host::backupsIn({}).empty());
+}
+
+struct RestoreBackup : Program {
+    // A table of one band plan, and backups in the test's own folder.
+    void startWith(const std::string& name) {
+        start(sample(name, "a.telvar"));
+        com::check(program->document().store()->put_ShowSendWarning(VARIANT_FALSE));
+        com::check(program->radioLink()->put_BackupFolder(com::Bstr(std::wstring_view(backups())).get()));
+    }
+    [[nodiscard]] std::wstring backups() { return path("backups"); }
+    [[nodiscard]] bool idle() { return offered(radioMenu, COMMAND_RADIO_SEND); }
+    void finish() {
+        EXPECT_TRUE(pumpUntil([this] { return idle(); }));
+        pump();
+        EXPECT_TRUE(pumpUntil([this] { return idle(); }));
+    }
+    void send() {
+        command(COMMAND_RADIO_SEND);
+        finish();
+    }
+    // Chooses the newest, confirms, and waits for the end.
+    void restore(bool load) {
+        expectChoice(load);
+        dialogs.expectBox(IDYES);
+        command(COMMAND_RADIO_RESTORE);
+        finish();
+    }
+    void expectChoice(bool load) {
+        dialogs.expect([load](HWND dialog) {
+            CheckDlgButton(dialog, BACKUP_LOAD, load ? BST_CHECKED : BST_UNCHECKED);
+            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        });
+    }
+    // The radio holds the open table, with 462.575 MHz in channel 1; the newest backup has 462.5625 MHz there.
+    void sendTwoTables() {
+        startWith("gmrs.telvar");
+        send();
+        com::check(program->document().record(1)->put_TxFreq(com::Variant(std::int32_t{later}).get()));
+        send();
+        command(COMMAND_SAVE);
+    }
+    [[nodiscard]] std::wstring inRadio() {
+        dialogs.expectQuestion(IDNO);
+        change(2);
+        command(COMMAND_RADIO_LOAD);
+        finish();
+        return cell(1, 1);
+    }
+};
+
+TEST_F(RestoreBackup, TheRestoredTableIsInTheRadioAndShownAsModified) {
+    sendTwoTables();
+    EXPECT_EQ(frequency(), later);
+    restore(true);
+    EXPECT_EQ(frequency(), 462'562'500);
+    EXPECT_EQ(cell(1, 1), L"462.562500");
+    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(title().starts_with(L"*"));
+    EXPECT_EQ(inRadio(), L"462.562500");
+    EXPECT_EQ(host::backupsIn(backups()).size(), 3U);
+}
+
+TEST_F(RestoreBackup, TheOpenTableStaysIfThatIsWanted) {
+    sendTwoTables();
+    restore(false);
+    EXPECT_EQ(frequency(), later);
+    EXPECT_FALSE(program->document().modified());
+    EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table; its former one is kept in "))
+        << com::narrow(statusText(messagePart));
+    EXPECT_EQ(inRadio(), L"462.562500");
+}
+
+TEST_F(RestoreBackup, NotSavingTakesTheShownTableBack) {
+    sendTwoTables();
+    restore(true);
+    EXPECT_EQ(frequency(), 462'562'500);
+    dialogs.expectQuestion(IDNO);
+    dialogs.expectFile(path("a.telvar"));
+    command(COMMAND_OPEN);
+    EXPECT_EQ(frequency(), later);
+    EXPECT_FALSE(program->document().modified());
+}
+
+TEST_F(RestoreBackup, UnsavedChangesAreAskedAboutBeforeAnythingIsSent) {
+    sendTwoTables();
+    change(3);
+    expectChoice(true);
+    dialogs.expectBox(IDYES);
+    dialogs.expectQuestion(IDCANCEL);
+    command(COMMAND_RADIO_RESTORE);
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(frequency(3), 446'006'250);
+    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+}
+
+TEST_F(RestoreBackup, NothingIsSentWithoutAConfirmation) {
+    sendTwoTables();
+    expectChoice(true);
+    dialogs.expectBox(IDNO);
+    command(COMMAND_RADIO_RESTORE);
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+    EXPECT_TRUE(
+        dialogs.shown().back().starts_with(L"Telvar: The table in the radio will be overwritten by the one of "))
+        << com::narrow(dialogs.shown().back());
+}
+
+TEST_F(RestoreBackup, AnEmptyListSaysSo) {
+    startWith("gmrs.telvar");
+    dialogs.expect([this](HWND dialog) {
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDOK)));
+        EXPECT_EQ(SendDlgItemMessageW(dialog, BACKUP_LIST, LB_GETCOUNT, 0, 0), 0);
+        std::wstring note(500, L'\0');
+        note.resize(static_cast<std::size_t>(GetDlgItemTextW(dialog, DIALOG_NOTE, note.data(), 500)));
+        EXPECT_EQ(note, L"No send has kept anything yet in " + backups() + L".");
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    command(COMMAND_RADIO_RESTORE);
+    EXPECT_TRUE(idle());
+}
+
+TEST_F(RestoreBackup, ADamagedFileIsToldAndNothingIsSentOrLoaded) {
+    startWith("gmrs.telvar");
+    std::filesystem::create_directories(std::filesystem::path(backups()));
+    TemporaryFolder::write(com::narrow(backups()) + "/radio 2024-03-01 14.05.09.telvar-radio",
+                           "telvar-radio-table 1\n");
+    expectChoice(true);
+    dialogs.expectBox(IDYES);
+    dialogs.expectBox(IDOK);
+    command(COMMAND_RADIO_RESTORE);
+    finish();
+    const std::wstring& sentence = dialogs.shown().back();
+    EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << com::narrow(sentence);
+    EXPECT_NE(sentence.find(L"radio 2024-03-01 14.05.09.telvar-radio"), std::wstring::npos) << com::narrow(sentence);
+    EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
+    EXPECT_EQ(cell(1, 1), L"462.562500");
+    EXPECT_FALSE(program->document().modified());
+    EXPECT_EQ(host::backupsIn(backups()).size(), 1U);
+}
+
+// The question how the radio is keeps the link busy for a moment.
+TEST_F(RestoreBackup, WaitsForTheDiagnostics) {
+    sendTwoTables();
+    dialogs.expect([](HWND dialog) {
+        SetDlgItemTextW(dialog, FAULTS_PLAN, L"delay:400");
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    command(COMMAND_RADIO_FAULTS);
+    VARIANT_BOOL busy = VARIANT_FALSE;
+    ASSERT_TRUE(pumpUntil([&] {
+        program->document().store()->get_CommsBusy(&busy);
+        return busy != VARIANT_FALSE;
+    }));
+    expectChoice(false);
+    dialogs.expectBox(IDYES);
+    command(COMMAND_RADIO_RESTORE);
+    EXPECT_FALSE(idle());
+    EXPECT_TRUE(pumpUntil([this] { return statusText(messagePart).starts_with(L"Restoring the radio's table: "); }));
+    dialogs.expectBox(IDOK);
+    command(COMMAND_RADIO_CANCEL);
+    finish();
+    EXPECT_EQ(dialogs.shown().back(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
+}
+
+}  // namespace telvar::tests
