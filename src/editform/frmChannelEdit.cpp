@@ -215,6 +215,7 @@ void frmChannelEdit::refresh() {
         refreshAsked_ = true;
         return;
     }
+    const FitHeld held(*this);
     closing_ = false;
     cancelled_ = false;
     setLoaded(false);

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "ui/trapped.h"
+
 namespace telvar::ui {
 
 void Form::setLayout(Desktop& desktop, Layout layout) {
@@ -11,12 +13,23 @@ void Form::setLayout(Desktop& desktop, Layout layout) {
 }
 
 void Form::fit() {
+    fitAsked_ = fitHeld_ > 0;
+    if (fitAsked_) {
+        return;
+    }
     if (attached()) {
         shown(Aspect::Size);
     } else if (desktop_ != nullptr) {
         setSize(wantedSize(Metrics(*desktop_, dpi())), dpi());
     }
     arrange();
+}
+
+// Out of memory for a text: the former layout stays.
+Form::FitHeld::~FitHeld() {
+    if (--form_.fitHeld_ == 0 && form_.fitAsked_) {
+        resumed([this] { form_.fit(); });
+    }
 }
 
 void Form::arrange() {

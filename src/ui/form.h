@@ -58,6 +58,19 @@ public:
     }
     // Takes the size that the layout wants now, after children were shown or hidden.
     void fit();
+    // While one of these lives, fit() waits for the end of the last one: many changes, one new layout.
+    class FitHeld {
+    public:
+        explicit FitHeld(Form& form) noexcept : form_(form) { ++form_.fitHeld_; }
+        FitHeld(const FitHeld&) = delete;
+        FitHeld& operator=(const FitHeld&) = delete;
+        FitHeld(FitHeld&&) = delete;
+        FitHeld& operator=(FitHeld&&) = delete;
+        ~FitHeld();
+
+    private:
+        Form& form_;
+    };
 
     // By the desktop, each time before the form becomes visible: its size and dots per inch are set, and its bounds to
     // the middle of its owner's window. A handler may set other bounds.
@@ -71,6 +84,8 @@ private:
     Desktop* desktop_ = nullptr;
     Layout layout_;
     base::Connection resized_;
+    int fitHeld_ = 0;
+    bool fitAsked_ = false;
 };
 
 }  // namespace telvar::ui

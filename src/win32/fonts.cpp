@@ -36,16 +36,29 @@ FormFont::FormFont(int dpi) : dpi_(dpi) {
 }
 
 int FormFont::widthOf(HDC dc, std::wstring_view text) const noexcept {
+    if (!isAscii(text)) {
+        SIZE size{};
+        GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
+        return static_cast<int>(size.cx);
+    }
     int width = 0;
     for (const wchar_t character : text) {
-        if (character >= widths_.size()) {
-            SIZE size{};
-            GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
-            return static_cast<int>(size.cx);
-        }
         width += widths_[character];
     }
     return width;
+}
+
+int FormFont::widthOf(std::wstring_view text) const noexcept {
+    if (isAscii(text)) {
+        return widthOf(nullptr, text);
+    }
+    const MemoryContext dc;
+    const Selected selected(dc.get(), font_.get());
+    return widthOf(dc.get(), text);
+}
+
+bool FormFont::isAscii(std::wstring_view text) const noexcept {
+    return std::ranges::all_of(text, [this](wchar_t character) { return character < widths_.size(); });
 }
 
 }  // namespace telvar::win32

@@ -20,10 +20,14 @@ public:
     [[nodiscard]] HFONT get() const noexcept { return font_.get(); }
     [[nodiscard]] int dpi() const noexcept { return dpi_; }
     [[nodiscard]] int height() const noexcept { return height_; }
-    // Pixels that a text takes in one line. Cheap for ASCII, which is what nearly every cell holds.
+    // Pixels that a text takes in one line; with the font selected in `dc`, and where there is none at hand. Cheap for
+    // ASCII, which is what nearly every cell and every caption holds.
     [[nodiscard]] int widthOf(HDC dc, std::wstring_view text) const noexcept;
+    [[nodiscard]] int widthOf(std::wstring_view text) const noexcept;
 
 private:
+    [[nodiscard]] bool isAscii(std::wstring_view text) const noexcept;
+
     int dpi_;
     int height_ = 0;
     std::array<INT, 128> widths_{};

@@ -176,12 +176,7 @@ std::shared_ptr<const FormFont> WindowsDesktop::font(int dpi) {
 
 ui::Size WindowsDesktop::measure(const std::string& text, int dpi) {
     const auto used = font(dpi);
-    const MemoryContext dc;
-    const Selected selected(dc.get(), used->get());
-    RECT extent{};
-    const std::wstring wide = widened(text);
-    DrawTextW(dc.get(), wide.c_str(), static_cast<int>(wide.size()), &extent, DT_CALCRECT | DT_SINGLELINE);
-    return {static_cast<int>(extent.right), used->height()};
+    return {used->widthOf(widened(text)), used->height()};
 }
 
 base::Dispatcher& WindowsDesktop::dispatcher() { return *messages_; }

@@ -199,6 +199,29 @@ TEST_P(Layouts, ATableMayEndInTheMiddleOfARow) {
     EXPECT_FALSE(ui::table(2, {nullptr, nullptr})->present());
 }
 
+TEST_P(Layouts, ColumnsOfSeveralTablesMayBeOfOneWidth) {
+    Block d{10, 10};
+    auto parts = ui::equallyWide({ui::widget(b), ui::widget(c)});
+    const auto layout =
+        ui::column({ui::table(2, {parts[0], ui::widget(a)}), ui::table(2, {parts[1], ui::widget(d)})}, Distance::None);
+    arrangeWanted(layout);
+    EXPECT_EQ(b.bounds().width(), 60);
+    EXPECT_EQ(a.bounds().left, 80 + gap);
+    EXPECT_EQ(d.bounds().left, 80 + gap);
+    c.setVisible(false);
+    arrangeWanted(layout);
+    EXPECT_EQ(a.bounds().left, 60 + gap);
+}
+
+TEST_P(Layouts, WhatIsCentredStandsInTheMiddleOfItsColumn) {
+    const auto layout = ui::column({ui::widget(a), ui::centred(ui::widget(b))}, Distance::None);
+    EXPECT_EQ(wanted(layout), (Size{100, 60}));
+    arrangeWanted(layout);
+    EXPECT_EQ(b.bounds(), (Rect{20, 20, 80, 60}));
+    b.setVisible(false);
+    EXPECT_EQ(wanted(layout).height, 20);
+}
+
 // -- overlays, frames, margins, buttons ------------------------------------------------------------------------------
 
 TEST_P(Layouts, AnOverlayTakesRoomForTheLargestShownOrNot) {
@@ -308,6 +331,31 @@ TEST_P(Layouts, AFormArrangesItsChildrenWhenItsSizeOrResolutionChanges) {
     EXPECT_EQ(form.size(), (Size{100, 20}));
     EXPECT_EQ(form.dpi(), GetParam());
     EXPECT_EQ(a.bounds(), (Rect{0, 0, 100, 20}));
+}
+
+TEST_P(Layouts, AFormThatIsHeldFitsOnceAtTheEnd) {
+    ui::Form form("form");
+    form.setLayout(desktop, ui::column({ui::widget(a, Grow::Both), ui::widget(b)}, Distance::None));
+    form.setSize({200, 100}, GetParam());
+    int sizes = 0;
+    form.Resize.connect([&] { ++sizes; });
+    {
+        const ui::Form::FitHeld outer(form);
+        b.setVisible(false);
+        form.fit();
+        {
+            const ui::Form::FitHeld inner(form);
+            form.fit();
+        }
+        EXPECT_EQ(form.size(), (Size{200, 100}));
+    }
+    EXPECT_EQ(form.size(), (Size{100, 20}));
+    EXPECT_EQ(sizes, 1);
+    {
+        const ui::Form::FitHeld idle(form);
+        form.setSize({300, 140}, GetParam());
+    }
+    EXPECT_EQ(form.size(), (Size{300, 140}));
 }
 
 // -- random layouts --------------------------------------------------------------------------------------------------
