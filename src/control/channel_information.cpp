@@ -98,17 +98,23 @@ void ChannelInformation::UserControl_Terminate() {
     Timer1.setEnabled(false);
     setBlinking(false);
     alive_.reset();
-    ui::resumed([this] { desktop_.hide(frmCE); });
+    closeForms();
     frmCE.setCentralDataStore(nullptr);
     frmCE.setRadioComms(nullptr);
-    ui::resumed([this] { confirmation.close(); });
     if (frmFill_) {
-        ui::resumed([this] { desktop_.hide(*frmFill_); });
         frmFill_->setCentralDataStore(nullptr);
     }
     history_.setTables(nullptr, nullptr);
     static_cast<void>(std::exchange(pCentralDataStore_, nullptr));
     static_cast<void>(std::exchange(plibRadioComms_, nullptr));
+}
+
+void ChannelInformation::closeForms() noexcept {
+    ui::resumed([this] { frmCE.close(); });
+    ui::resumed([this] { confirmation.close(); });
+    if (frmFill_) {
+        ui::resumed([this] { desktop_.hide(*frmFill_); });
+    }
 }
 
 void ChannelInformation::setCentralDataStore(model::DataStorePointer store) {

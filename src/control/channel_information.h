@@ -150,6 +150,9 @@ public:
     // The question that the user may switch off.
     Confirmation confirmation;
 
+    // Hides every form, unanswered and without storing; raises nothing.
+    void closeForms() noexcept;
+
     // The one fill dialog, made when it is first needed.
     [[nodiscard]] editing::frmFill& frmFill();
 

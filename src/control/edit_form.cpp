@@ -163,7 +163,7 @@ void ChannelInformation::distributeStoreToEditForm() {
     }
     frmCE.setCentralDataStore(pCentralDataStore_);
     if (!pCentralDataStore_) {
-        ui::resumed([this] { desktop_.hide(frmCE); });
+        ui::resumed([this] { frmCE.close(); });
     } else if (exchanged) {
         showRowInEditForm();
     }

@@ -72,6 +72,12 @@ void frmChannelEdit::Form_CloseBox() {
     endContinuousUpdate();
 }
 
+void frmChannelEdit::close() {
+    closing_ = true;
+    endContinuousUpdate();
+    desktop_.hide(*this);
+}
+
 void frmChannelEdit::cmdAdvanced_Click() { OpenLoginWithChannelEdit(); }
 
 bool frmChannelEdit::apply() {
@@ -198,10 +204,15 @@ void frmChannelEdit::endContinuousUpdate() noexcept {
     ckContinuousUpdateEnabled.loadValue(0);
 }
 
-// Whatever fails, the timer stops first: a message box lets it tick on.
+// Whatever fails, the timer stops first: a message box lets it tick on. A form whose window went with the host's is not
+// adjusted by anybody any more.
 void frmChannelEdit::tmrUpdate_Timer() {
     if (!ckContinuousUpdateEnabled.checked()) {
         tmrUpdate.setEnabled(false);
+        return;
+    }
+    if (!desktop_.isOpen(*this)) {
+        endContinuousUpdate();
         return;
     }
     const auto levels = levels_.displayed(rules_.narrowLevels());

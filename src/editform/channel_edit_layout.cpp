@@ -1,9 +1,12 @@
 // Where the controls of the channel edit form stand: general settings above, what needs full access below.
+#include <utility>
+
 #include "editform/channel_edit_controls.h"
 #include "ui/layout.h"
 
 namespace telvar::editform {
 
+using ui::centred;
 using ui::column;
 using ui::Distance;
 using ui::framed;
@@ -18,15 +21,15 @@ namespace {
 
 [[nodiscard]] Layout field(ui::Widget& box) { return widget(box, Grow::Wide); }
 
-// Label above slider above box; the sliders of both bands at the same place, and so the boxes.
-[[nodiscard]] Layout level(ui::Label& label, ui::Slider& slider, ui::TextBox& box) {
-    return column({widget(label), widget(slider), widget(box)});
+// Label above slider above box, one in the middle of the other.
+[[nodiscard]] Layout level(ui::Label& label, Layout slider, Layout box) {
+    return column({centred(widget(label)), centred(std::move(slider)), centred(std::move(box))});
 }
 
+// The sliders of both bands at the same place, and so the boxes.
 [[nodiscard]] Layout level(ui::Label& label, ui::Slider& wide, ui::TextBox& wideBox, ui::Slider& narrow,
                            ui::TextBox& narrowBox) {
-    return column(
-        {widget(label), overlaid({widget(wide), widget(narrow)}), overlaid({widget(wideBox), widget(narrowBox)})});
+    return level(label, overlaid({widget(wide), widget(narrow)}), overlaid({widget(wideBox), widget(narrowBox)}));
 }
 
 [[nodiscard]] Layout channelPart(ChannelEditControls& c) {
@@ -37,21 +40,23 @@ namespace {
                Distance::Usual);
 }
 
+// Three frames, one below the other, whose fields begin at the same place.
 [[nodiscard]] Layout signalPart(ChannelEditControls& c) {
+    const auto labels =
+        ui::equallyWide({widget(c.lblTxFrequency), widget(c.lblRxFrequency), widget(c.lblRxLocalOscFreq),
+                         widget(c.lblTxDcsSubtone), widget(c.lblTxSubtoneLevel), widget(c.lblRxDcsSubtone)});
     const auto kinds = [](ui::OptionButton& ctcss, ui::OptionButton& dcs) {
         return row({widget(ctcss), widget(dcs)}, Distance::Usual);
     };
     return column(
-        {framed(c.frFreqencySettings, table(2, {widget(c.lblTxFrequency), field(c.txtTxFrequency),  //
-                                                widget(c.lblRxFrequency), field(c.txtRxFrequency),  //
-                                                widget(c.lblRxLocalOscFreq), field(c.txtRxLocalOscFreq)})),
-         framed(c.frTxSubtone,
-                column({kinds(c.optTxCtcss, c.optTxDcs),
-                        table(2, {widget(c.lblTxDcsSubtone), overlaid({field(c.cmbTxSubtone), field(c.cmbTxDcs)}),  //
-                                  widget(c.lblTxSubtoneLevel), field(c.txtTxSubtoneLevel)})})),
-         framed(c.frRxSubtone,
-                column({kinds(c.optRxCtcss, c.optRxDcs),
-                        table(2, {widget(c.lblRxDcsSubtone), overlaid({field(c.cmbRxSubtone), field(c.cmbRxDcs)})})}))},
+        {framed(c.frFreqencySettings, table(2, {labels[0], field(c.txtTxFrequency),  //
+                                                labels[1], field(c.txtRxFrequency),  //
+                                                labels[2], field(c.txtRxLocalOscFreq)})),
+         framed(c.frTxSubtone, column({kinds(c.optTxCtcss, c.optTxDcs),
+                                       table(2, {labels[3], overlaid({field(c.cmbTxSubtone), field(c.cmbTxDcs)}),  //
+                                                 labels[4], field(c.txtTxSubtoneLevel)})})),
+         framed(c.frRxSubtone, column({kinds(c.optRxCtcss, c.optRxDcs),
+                                       table(2, {labels[5], overlaid({field(c.cmbRxSubtone), field(c.cmbRxDcs)})})}))},
         Distance::Usual);
 }
 
@@ -99,11 +104,12 @@ namespace {
 [[nodiscard]] Layout levelPart(ChannelEditControls& c) {
     return framed(
         c.frDigitalPotentiometer,
-        column({row({level(c.lblTransmitPower, c.sldTransmitPower, c.txtTransmitPower),
-                     level(c.lblRefOscFreq, c.sldRefOscFreq, c.txtRefOscFreq, c.sldNBRefOscFreq, c.txtNBRefOscFreq),
-                     level(c.lblVcoDeviation, c.sldVcoDeviation, c.txtVcoDeviation, c.sldNBVcoDeviation,
-                           c.txtNBVcoDeviation),
-                     level(c.lblRefOscDev, c.sldRefOscDev, c.txtRefOscDev, c.sldNBRefOscDev, c.txtNBRefOscDev)},
+        column({row(ui::equallyWide(
+                        {level(c.lblTransmitPower, widget(c.sldTransmitPower), widget(c.txtTransmitPower)),
+                         level(c.lblRefOscFreq, c.sldRefOscFreq, c.txtRefOscFreq, c.sldNBRefOscFreq, c.txtNBRefOscFreq),
+                         level(c.lblVcoDeviation, c.sldVcoDeviation, c.txtVcoDeviation, c.sldNBVcoDeviation,
+                               c.txtNBVcoDeviation),
+                         level(c.lblRefOscDev, c.sldRefOscDev, c.txtRefOscDev, c.sldNBRefOscDev, c.txtNBRefOscDev)}),
                     Distance::Usual),
                 row({widget(c.ckContinuousUpdateEnabled), widget(c.ckLockVcoRefOscDev)}, Distance::Usual)},
                Distance::Usual));
@@ -113,11 +119,11 @@ namespace {
 
 void ChannelEditControls::arrange(ui::Desktop& desktop) {
     setLayout(desktop,
-              ui::withMargin(column({channelPart(*this),
-                                     row({signalPart(*this), modePart(*this), p25Part(*this)}, Distance::Usual),
-                                     row({synthesizerPart(*this), levelPart(*this)}, Distance::Usual),
-                                     ui::buttonRow({&cmdAdvanced, &cmdOk, &cmdCancel, &cmdApply})},
-                                    Distance::Usual)));
+              ui::withMargin(column(
+                  {channelPart(*this), row({signalPart(*this), modePart(*this), p25Part(*this)}, Distance::Usual),
+                   row({synthesizerPart(*this), levelPart(*this)}, Distance::Usual),
+                   row({widget(cmdAdvanced), ui::spring(), ui::buttonRow({&cmdOk, &cmdCancel, &cmdApply})})},
+                  Distance::Usual)));
 }
 
 }  // namespace telvar::editform

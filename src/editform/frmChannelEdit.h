@@ -78,6 +78,8 @@ public:
     bool showChannel(std::int16_t channel, std::int16_t firstSelected, std::int16_t lastSelected);
     [[nodiscard]] bool hasUnappliedEdits() const { return loaded_ && entries() != loadedEntries_; }
 
+    // Hides the form for its owner: nothing is stored, nothing is raised.
+    void close();
     // Inside Apply or OK.
     [[nodiscard]] bool storing() const noexcept { return storing_; }
     // By OK, Cancel or the close box since the last refresh; by Cancel.

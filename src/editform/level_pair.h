@@ -1,5 +1,5 @@
 // A level's slider and text box, which follow one another. The slider holds the negated level, so that up is higher on
-// a control whose upper end is its maximum; the box shows it without the sign.
+// a control whose upper end is its minimum; the box shows it without the sign.
 #pragma once
 
 #include "base/event.h"
@@ -17,7 +17,7 @@ public:
     // Shows a stored level, also one that is outside 0 to 255; nobody moved anything.
     void load(double level);
     void setVisible(bool visible);
-    // In the slider's sense: up is positive. Held to its range.
+    // In the slider's sense: up is negative. Held to its range.
     void moveBy(int amount) { slider_.setValue(slider_.value() + amount); }
     [[nodiscard]] const ui::TextBox& box() const noexcept { return box_; }
 

@@ -52,8 +52,7 @@ HRESULT ChannelInformationObject::Close(DWORD save) noexcept {
         }
         inPlace_.deactivate();
         // Whoever waits for a modal form goes on.
-        desktop_.hide(control_.frmCE);
-        desktop_.hide(control_.frmFill());
+        control_.closeForms();
         if (const auto advises = advises_) {
             advises->SendOnClose();
         }
