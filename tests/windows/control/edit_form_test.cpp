@@ -1,0 +1,309 @@
+// The edit form in a host: opened by a real double-click, owned by the host's window, driven by keys in a message loop
+// that knows nothing of it, and no danger whenever the host lets go of the control.
+#include "edit_form_world.h"
+
+#include <chrono>
+#include <cstdio>
+
+namespace telvar::tests {
+namespace {
+
+constexpr DISPID pauseDiagnosticsEvent = 4;
+constexpr DISPID loginEvent = 6;
+constexpr DISPID editClosedEvent = 11;
+
+class EditFormInAHost : public EditFormWorld {
+protected:
+    [[nodiscard]] static int shownSliders() {
+        int shown = 0;
+        for (const HWND slider : children(L"msctls_trackbar32")) {
+            shown += IsWindowVisible(slider) != FALSE ? 1 : 0;
+        }
+        return shown;
+    }
+
+    // From the message loop, soon.
+    void letGoFromTheLoop() {
+        self = this;
+        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, &letGoAtTick);
+    }
+
+private:
+    static void CALLBACK letGoAtTick(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+        KillTimer(nullptr, timer);
+        self->letGo();
+    }
+
+    static inline EditFormInAHost* self = nullptr;
+};
+
+TEST_F(EditFormInAHost, ADoubleClickOpensItModelessOverTheHostsWindow) {
+    show();
+    EXPECT_EQ(form(), nullptr);
+    doubleClick();
+    ASSERT_NE(form(), nullptr);
+    EXPECT_EQ(textOf(form()), "Channel Edit");
+    EXPECT_EQ(GetWindow(form(), GW_OWNER), host());
+    EXPECT_TRUE(IsWindowEnabled(host()));
+    EXPECT_EQ(textOf(channelField()), std::to_string(currentRow()));
+    EXPECT_EQ(textOf(frequencyField()), frequencyShownFor(currentRow()));
+    EXPECT_EQ(base::toInt32(com::valueOf(get(*store, "SelectedChannel"))), currentRow());
+    EXPECT_EQ(sink->events(), Texts{});
+    EXPECT_EQ(boxes.texts(), Texts{});
+}
+
+TEST_F(EditFormInAHost, FollowsKeysAndClicksOnTheGrid) {
+    show();
+    doubleClick();
+    const LONG opened = currentRow();
+    key(gridWindow(), VK_DOWN);
+    EXPECT_EQ(currentRow(), opened + 1);
+    EXPECT_EQ(textOf(channelField()), std::to_string(opened + 1));
+    EXPECT_EQ(textOf(frequencyField()), frequencyShownFor(opened + 1));
+    PostMessageW(gridWindow(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(120, 60));
+    PostMessageW(gridWindow(), WM_LBUTTONUP, 0, MAKELPARAM(120, 60));
+    pump();
+    EXPECT_LT(currentRow(), opened);
+    EXPECT_EQ(textOf(channelField()), std::to_string(currentRow()));
+}
+
+TEST_F(EditFormInAHost, EnterMovesFromAFrequencyToOkWhichStoresAndCloses) {
+    show();
+    doubleClick();
+    const auto channel = static_cast<std::int16_t>(currentRow());
+    type(frequencyField(), "160.5");
+    key(frequencyField(), VK_RETURN);
+    EXPECT_EQ(GetFocus(), button("OK"));
+    EXPECT_EQ(textOf(frequencyField()), "160.500000");
+    key(GetFocus(), VK_RETURN);
+    EXPECT_EQ(form(), nullptr);
+    EXPECT_EQ(storedHertz(channel), 160'500'000);
+    EXPECT_EQ(cell(channel, 1), "160.500000");
+    EXPECT_EQ(sink->count(std::to_string(editClosedEvent)), 1);
+    EXPECT_TRUE(base::isTrue(com::valueOf(get(*store, "DataModified"))));
+    EXPECT_EQ(boxes.texts(), Texts{});
+}
+
+TEST_F(EditFormInAHost, EscLeavesWithoutStoring) {
+    show();
+    doubleClick();
+    const auto channel = static_cast<std::int16_t>(currentRow());
+    const auto before = storedHertz(channel);
+    type(frequencyField(), "160.5");
+    key(frequencyField(), VK_ESCAPE);
+    EXPECT_EQ(form(), nullptr);
+    EXPECT_EQ(storedHertz(channel), before);
+    EXPECT_EQ(sink->count(std::to_string(editClosedEvent)), 1);
+}
+
+TEST_F(EditFormInAHost, AnEditThatIsRefusedKeepsItOpenAndSaysWhy) {
+    show();
+    doubleClick();
+    type(frequencyField(), "5");
+    press("OK");
+    ASSERT_NE(form(), nullptr);
+    ASSERT_FALSE(boxes.texts().empty());
+    EXPECT_EQ(sink->count(std::to_string(editClosedEvent)), 0);
+}
+
+TEST_F(EditFormInAHost, AsksBeforeAMoveTakesEditsAndStaysOnRequest) {
+    show();
+    doubleClick();
+    const LONG opened = currentRow();
+    type(frequencyField(), "160.5");
+    boxes.answerWith(IDNO);
+    key(gridWindow(), VK_DOWN);
+    const auto channel = std::to_string(opened);
+    EXPECT_EQ(boxes.texts(), (Texts{"Channel " + channel + " has changes that have not been applied. Apply them now?",
+                                    "Discard the changes to channel " + channel + "?"}));
+    EXPECT_EQ(currentRow(), opened);
+    EXPECT_EQ(textOf(channelField()), channel);
+}
+
+TEST_F(EditFormInAHost, TheLoginThatItAsksForOpensItsFramesAtOnce) {
+    level = 0;
+    show();
+    doubleClick();
+    EXPECT_EQ(shownSliders(), 0);
+    duringEvent = [this](DISPID event) {
+        if (event == loginEvent) {
+            level = 5;
+            com::check(control->UpdateAccess(&level));
+        }
+    };
+    press("Access");
+    EXPECT_EQ(sink->count(std::to_string(loginEvent)), 1);
+    EXPECT_GT(shownSliders(), 0);
+}
+
+TEST_F(EditFormInAHost, RefreshEditFormShowsWhatTheStoreHasNow) {
+    show();
+    EXPECT_EQ(control->RefreshEditForm(), S_OK);
+    EXPECT_EQ(form(), nullptr);
+    doubleClick();
+    fill(static_cast<std::int16_t>(currentRow()), 171'000'000);
+    EXPECT_EQ(control->RefreshEditForm(), S_OK);
+    EXPECT_EQ(textOf(frequencyField()), "171.000000");
+}
+
+TEST_F(EditFormInAHost, AnotherStoreIsShownOnceItIsDistributed) {
+    show();
+    doubleClick();
+    auto other = storeServer.create<IDataStore>(__uuidof(DataStore));
+    put(*control, "pCentralDataStore", Variant(other.get()));
+    call(*control, "DistributeDataStoreLink");
+    EXPECT_EQ(textOf(frequencyField()), "0.000000");
+    put(*control, "pCentralDataStore", Variant(store.get()));
+    call(*control, "DistributeDataStoreLink");
+    EXPECT_EQ(textOf(frequencyField()), frequencyShownFor(currentRow()));
+}
+
+// -- the host lets go ------------------------------------------------------------------------------------------------
+
+TEST_F(EditFormInAHost, EndsWhenTheHostLetsGoOfTheControl) {
+    show();
+    doubleClick();
+    letGo();
+    pump();
+    EXPECT_EQ(form(), nullptr);
+}
+
+TEST_F(EditFormInAHost, EndsWhenTheHostsWindowGoes) {
+    show();
+    doubleClick();
+    DestroyWindow(host());
+    pump();
+    EXPECT_EQ(form(), nullptr);
+}
+
+TEST_F(EditFormInAHost, EndsWithTheEmbeddedObject) {
+    show();
+    doubleClick();
+    type(frequencyField(), "160.5");
+    EXPECT_EQ(ComPointer<IOleObject>::from(control)->Close(OLECLOSE_NOSAVE), S_OK);
+    pump();
+    EXPECT_EQ(form(), nullptr);
+    EXPECT_EQ(boxes.texts(), Texts{});
+    EXPECT_EQ(sink->count(std::to_string(editClosedEvent)), 0);
+}
+
+TEST_F(EditFormInAHost, TheControlMayBeReleasedInsideTheEndOfEditing) {
+    show();
+    doubleClick();
+    duringEvent = [this](DISPID event) {
+        if (event == editClosedEvent) {
+            letGo();
+        }
+    };
+    press("OK");
+    pump();
+    EXPECT_EQ(form(), nullptr);
+    EXPECT_EQ(sink->count(std::to_string(editClosedEvent)), 1);
+}
+
+TEST_F(EditFormInAHost, TheControlMayBeReleasedInsideCancel) {
+    show();
+    doubleClick();
+    duringEvent = [this](DISPID) { letGo(); };
+    press("Cancel");
+    pump();
+    EXPECT_EQ(form(), nullptr);
+}
+
+TEST_F(EditFormInAHost, TheControlMayBeReleasedInsideTheLogin) {
+    show();
+    doubleClick();
+    duringEvent = [this](DISPID) { letGo(); };
+    press("Access");
+    pump();
+    EXPECT_EQ(form(), nullptr);
+    EXPECT_EQ(sink->count(std::to_string(loginEvent)), 1);
+}
+
+// DataChanged reaches the store as two flags, NeedToUpdateFlexGrid as the reading of the row: the host stands behind
+// both.
+TEST_F(EditFormInAHost, TheControlMayBeReleasedInsideEveryWriteOfApply) {
+    int puts = 0;
+    {
+        auto hooked = com::make<HookedStore>(store.get());
+        show(hooked.get());
+        doubleClick();
+        hooked->beforePut = [&](DISPID) { ++puts; };
+        press("Apply");
+        hooked->beforePut = nullptr;
+        ASSERT_GE(puts, 2);
+        letGo();
+        pump();
+    }
+    for (int last = 1; last <= puts; ++last) {
+        SCOPED_TRACE(last);
+        site.reset();
+        control = server.create<_ChannelInformation>(__uuidof(ChannelInformation));
+        grid = ComPointer<IChannelGrid>::from(control);
+        auto hooked = com::make<HookedStore>(store.get());
+        show(hooked.get());
+        doubleClick();
+        int count = 0;
+        hooked->beforePut = [&](DISPID) {
+            if (++count == last) {
+                letGo();
+            }
+        };
+        press("Apply");
+        pump();
+        EXPECT_EQ(form(), nullptr);
+        hooked->beforePut = nullptr;
+    }
+}
+
+TEST_F(EditFormInAHost, TheControlMayBeReleasedInTheWaitOfTheLiveUpdate) {
+    show();
+    doubleClick();
+    put(*store, "CommsBusy", Variant(true));
+    bool paused = false;
+    duringEvent = [&](DISPID event) {
+        if (event == pauseDiagnosticsEvent) {
+            paused = true;
+            letGoFromTheLoop();
+        }
+    };
+    press("Continuous Update");
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (!paused && std::chrono::steady_clock::now() < end) {
+        MSG message;
+        ASSERT_TRUE(GetMessageW(&message, nullptr, 0, 0));
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    EXPECT_TRUE(paused);
+    pump();
+    EXPECT_EQ(form(), nullptr);
+}
+
+// -- how long --------------------------------------------------------------------------------------------------------
+
+TEST_F(EditFormInAHost, OpensWithinTheBlinkOfAnEye) {
+    show();
+    const auto timed = [this] {
+        const auto began = std::chrono::steady_clock::now();
+        doubleClick();
+        RedrawWindow(form(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        pump();
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - began).count();
+    };
+    const double first = timed();
+    press("Cancel");
+    double later = 0;
+    constexpr int times = 5;
+    for (int time = 0; time < times; ++time) {
+        later += timed();
+        press("Cancel");
+    }
+    std::printf("double-click to painted form: first %.1f ms, later %.1f ms\n", first, later / times);
+    // Far above what is usual, for machines that build something at the same time.
+    EXPECT_LT(first, 2000);
+    EXPECT_LT(later / times, 1000);
+}
+
+}  // namespace
+}  // namespace telvar::tests
