@@ -1,6 +1,7 @@
 // Foreign radio links: arguments by reference, and what comes back in them.
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -64,6 +65,20 @@ TEST_F(RadioLinks, AChannelGoesAsTextByReference) {
     link->SelectChannel(channel);
     EXPECT_EQ(log, std::vector<std::string>{"17"});
     EXPECT_EQ(channel, "done");
+}
+
+TEST_F(RadioLinks, TheOutcomeOfTheLastExchangeIsAskedOfLinksThatHaveIt) {
+    EXPECT_EQ(link->lastExchangeSucceeded(), std::nullopt);
+    Variant busy(true);
+    Variant succeeded(false);
+    object->with(L"Busy", property(busy));
+    EXPECT_EQ(link->lastExchangeSucceeded(), std::nullopt);
+    object->with(L"Succeeded", property(succeeded));
+    EXPECT_EQ(link->lastExchangeSucceeded(), std::nullopt);
+    busy = Variant(false);
+    EXPECT_EQ(link->lastExchangeSucceeded(), false);
+    succeeded = Variant(true);
+    EXPECT_EQ(link->lastExchangeSucceeded(), true);
 }
 
 TEST_F(RadioLinks, ScriptsAreGivenVariantsAndMayChangeTheirType) {
