@@ -79,7 +79,9 @@ public:
     Line(LayoutParts parts, Distance distance, Direction direction)
         : parts_(std::move(parts)), distance_(distance), row_(direction == Direction::Row) {}
 
-    [[nodiscard]] bool present() const noexcept override { return anyPresent(parts_); }
+    [[nodiscard]] bool present() const noexcept override {
+        return std::ranges::any_of(parts_, [](const Layout& part) { return part->present() && !isSpring(part); });
+    }
     [[nodiscard]] Size wanted(const Metrics& metrics) const override {
         int along = 0;
         int across = 0;
@@ -231,6 +233,28 @@ private:
     LayoutParts parts_;
 };
 
+// One of several parts of the same width.
+class WidePart final : public LayoutPart {
+public:
+    WidePart(Layout part, std::shared_ptr<const LayoutParts> all) : part_(std::move(part)), all_(std::move(all)) {}
+
+    [[nodiscard]] bool present() const noexcept override { return part_->present(); }
+    [[nodiscard]] bool growsWide() const noexcept override { return part_->growsWide(); }
+    [[nodiscard]] bool growsHigh() const noexcept override { return part_->growsHigh(); }
+    [[nodiscard]] Size wanted(const Metrics& metrics) const override {
+        Size size = part_->wanted(metrics);
+        for (const Layout& other : *all_) {
+            size.width = std::max(size.width, other->present() ? other->wanted(metrics).width : 0);
+        }
+        return size;
+    }
+    void arrange(const Rect& at, const Metrics& metrics) const override { part_->arrange(at, metrics); }
+
+private:
+    Layout part_;
+    std::shared_ptr<const LayoutParts> all_;
+};
+
 // `inside` with room around it, and the frame, if any, around that.
 class Bordered final : public LayoutPart {
 public:
@@ -325,6 +349,16 @@ Layout column(LayoutParts parts, Distance distance) {
 Layout table(int columns, LayoutParts cells) { return std::make_shared<Table>(columns, std::move(cells)); }
 
 Layout overlaid(LayoutParts parts) { return std::make_shared<Overlay>(std::move(parts)); }
+
+LayoutParts equallyWide(LayoutParts parts) {
+    const auto all = std::make_shared<const LayoutParts>(parts);
+    for (Layout& part : parts) {
+        part = std::make_shared<WidePart>(part, all);
+    }
+    return parts;
+}
+
+Layout centred(Layout part) { return row({spring(), std::move(part), spring()}, Distance::None); }
 
 Layout framed(Frame& frame, Layout inside) { return std::make_shared<Bordered>(std::move(inside), &frame); }
 

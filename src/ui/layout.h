@@ -52,6 +52,11 @@ enum class Distance : std::uint8_t { None, Small, Usual };
 // Row by row into `columns` columns of common widths; room that is left over goes to the last column. Null for a cell
 // that stays empty.
 [[nodiscard]] Layout table(int columns, LayoutParts cells);
+// The same parts, each wanting the width of the widest of those that take room: for columns of several tables, or
+// groups of one row, that shall be alike.
+[[nodiscard]] LayoutParts equallyWide(LayoutParts parts);
+// In the middle of its width, no wider than it wants to be.
+[[nodiscard]] Layout centred(Layout part);
 // All at the same place, of which the form shows one at a time. Takes room for the largest, shown or not.
 [[nodiscard]] Layout overlaid(LayoutParts parts);
 // The frame with `inside` in it.

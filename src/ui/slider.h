@@ -1,4 +1,5 @@
-// A vertical slider for an integer; the upper end is the maximum.
+// A vertical slider for an integer. The upper end is the minimum, as on the system's own: what shall be higher further
+// up is negated.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The peer of a vertical slider. The control counts downwards from its upper end, the widget upwards.
+// The peer of a vertical slider, which counts downwards from its upper end as the control does.
 #include "ui/slider.h"
 
 #include <windows.h>
@@ -33,24 +33,26 @@ protected:
         if (everything || changed == Aspect::Items) {
             send(TBM_SETRANGEMIN, FALSE, slider()->minimum());
             send(TBM_SETRANGEMAX, FALSE, slider()->maximum());
+            // The thumb moves with a new position only, not with a new range: away first, so that the next one is new.
+            send(TBM_SETPOS, FALSE,
+                 slider()->value() == slider()->minimum() ? slider()->maximum() : slider()->minimum());
             send(TBM_SETLINESIZE, 0, slider()->smallChange());
             send(TBM_SETPAGESIZE, 0, slider()->largeChange());
         }
         if (everything || changed == Aspect::Items || changed == Aspect::Value) {
-            send(TBM_SETPOS, TRUE, turned(slider()->value()));
+            send(TBM_SETPOS, TRUE, slider()->value());
         }
     }
 
     void userDid(unsigned code) override {
         static_cast<void>(code);
         if (settled()) {
-            slider()->userMoved(turned(static_cast<int>(send(TBM_GETPOS, 0, 0))));
+            slider()->userMoved(static_cast<int>(send(TBM_GETPOS, 0, 0)));
         }
     }
 
 private:
     [[nodiscard]] ui::Slider* slider() const noexcept { return static_cast<ui::Slider*>(widget()); }
-    [[nodiscard]] int turned(int value) const noexcept { return slider()->minimum() + slider()->maximum() - value; }
     LRESULT send(UINT message, WPARAM wParam, LPARAM lParam) const noexcept {
         return SendMessageW(window(), message, wParam, lParam);
     }

@@ -17,6 +17,14 @@ ui::Rect placeOf(HWND window) {
     return rectOf(at);
 }
 
+// The place of the thumb in a slider.
+RECT thumbOf(HWND slider) {
+    constexpr UINT getThumb = WM_USER + 25;
+    RECT thumb{};
+    SendMessageW(slider, getThumb, 0, reinterpret_cast<LPARAM>(&thumb));
+    return thumb;
+}
+
 class Forms : public FormWorld {
 protected:
     ui::Form& form = widgets.form;
@@ -278,17 +286,31 @@ TEST_F(Forms, WhatIsInAFrameIsHiddenAndDisabledWithIt) {
     EXPECT_TRUE(widgets.wide.visible());
 }
 
+TEST_F(Forms, ASliderShowsItsMinimumAtTheTop) {
+    const auto thumbAt = [this](int value) {
+        widgets.level.loadValue(value);
+        openModeless();
+        const HWND slider = windowOf(widgets.level);
+        RECT client{};
+        GetClientRect(slider, &client);
+        const RECT thumb = thumbOf(slider);
+        desktop.hide(form);
+        return static_cast<double>(thumb.top + thumb.bottom) / (2.0 * static_cast<double>(client.bottom));
+    };
+    EXPECT_LT(thumbAt(-255), 0.2);
+    EXPECT_NEAR(thumbAt(-128), 0.5, 0.05);
+    EXPECT_GT(thumbAt(0), 0.8);
+}
+
 TEST_F(Forms, ASliderIsMovedByTheMouse) {
     openModeless();
-    widgets.level.loadValue(-255);
     const HWND slider = windowOf(widgets.level);
-    RECT thumb{};
-    SendMessageW(slider, 0x0400 + 25, 0, reinterpret_cast<LPARAM>(&thumb));  // its place in the slider
+    const RECT thumb = thumbOf(slider);
     const int x = (thumb.left + thumb.right) / 2;
     const int y = (thumb.top + thumb.bottom) / 2;
     SendMessageW(slider, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
     SendMessageW(slider, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x, 0));
-    EXPECT_EQ(widgets.level.value(), 0);
+    EXPECT_EQ(widgets.level.value(), -255);
     SendMessageW(slider, WM_LBUTTONUP, 0, MAKELPARAM(x, 0));
     pump();
     EXPECT_EQ(focused(), "sldLevel");
@@ -422,7 +444,7 @@ TEST_F(EndingForms, AChangeOfATextAListAndASlider) {
     mortal->level.Change.connect([&] { end(); });
     mortal->form.Load.connect([&] { mortal->level.setFocus(); });
     open();
-    key(VK_DOWN);
+    key(VK_UP);
     expectGone();
 }
 
