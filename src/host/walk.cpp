@@ -132,13 +132,15 @@ void Walk::tick() {
 }
 
 void Walk::waitFor(const WalkStep& step) {
-    if (const HWND open = step.dialog ? nullptr : dialog(); open != nullptr) {
-        fail(L"a dialog stands in the way (" + textOf(open) + L")");
+    const HWND open = dialog();
+    const std::wstring which = open == nullptr ? std::wstring() : L" (" + textOf(open) + L")";
+    if (open != nullptr && !step.dialog) {
+        fail(L"a dialog stands in the way" + which);
     } else if (!step.done || step.done()) {
         phase_ = Phase::Settling;
         since_ = GetTickCount64();
     } else if (GetTickCount64() - since_ > longestWait) {
-        fail(L"it did not happen within " + std::to_wstring(longestWait / 1000) + L" seconds");
+        fail(L"it did not happen within " + std::to_wstring(longestWait / 1000) + L" seconds" + which);
     }
 }
 

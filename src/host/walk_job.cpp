@@ -11,8 +11,6 @@ namespace telvar::host {
 
 namespace {
 
-// What the walk adds to a transmit frequency, in hertz.
-constexpr long change = 12'500;
 // The file name's box in the system's dialogs for files: a combo box or a plain text box.
 constexpr int nameCombo = 0x047C;
 constexpr int nameBox = 0x0480;
@@ -100,24 +98,29 @@ WalkJob::Lines WalkJob::checkCells() {
     return wrong;
 }
 
-// Of the first channel that has one.
-void WalkJob::changeFrequency() {
-    const Document& document = window_.document();
+// The first one.
+Transmitting WalkJob::firstTransmitting() const {
     for (int channel = 1; channel <= TableCopy::channels; ++channel) {
-        const auto record = document.record(channel);
+        const auto record = window_.document().record(channel);
         com::Variant frequency;
         com::checkCall(record->get_TxFreq(frequency.put()));
-        const long hertz = numberOf(std::move(frequency));
-        if (hertz != 0) {
-            com::checkCall(record->put_TxFreq(com::Variant(std::int32_t{hertz + change}).get()));
-            changedChannel_ = channel;
-            changedText_ = megahertz(hertz + change);
-            expected_.value(channel, L"TxFreq") = std::to_wstring(hertz + change);
-            expected_.cell(channel, transmitColumn) = changedText_;
-            return;
+        com::Variant step;
+        com::checkCall(record->get_SynthStep(step.put()));
+        if (const long hertz = numberOf(std::move(frequency)); hertz != 0) {
+            return {.channel = channel, .hertz = hertz, .step = numberOf(std::move(step))};
         }
     }
     throw com::ComFailure(E_FAIL, "The table has no channel with a transmit frequency");
+}
+
+void WalkJob::changeFrequency() {
+    const Transmitting first = firstTransmitting();
+    const long hertz = first.hertz + first.step;
+    com::checkCall(window_.document().record(first.channel)->put_TxFreq(com::Variant(std::int32_t{hertz}).get()));
+    changedChannel_ = first.channel;
+    changedText_ = megahertz(hertz);
+    expected_.value(first.channel, L"TxFreq") = std::to_wstring(hertz);
+    expected_.cell(first.channel, transmitColumn) = changedText_;
 }
 
 WalkJob::Lines WalkJob::checkUnchanged() { return differences(expected_, copyTable(window_.document(), *grid())); }

@@ -16,6 +16,13 @@ namespace telvar::host {
 // The frequency that the steps look at and change.
 inline constexpr int transmitColumn = 1;
 
+// A channel with a transmit frequency. One step more is a frequency that its synthesizer makes as well.
+struct Transmitting {
+    int channel = 0;
+    long hertz = 0;
+    long step = 0;
+};
+
 class WalkJob {
 public:
     WalkJob(MainWindow& window, std::wstring sample, const std::wstring& folder)
@@ -49,7 +56,7 @@ private:
     void addLoad(std::vector<WalkStep>& steps);
     void addCutSend(std::vector<WalkStep>& steps);
     void addFault(std::vector<WalkStep>& steps, const std::wstring& plan, const std::wstring& what);
-    WalkStep pasteStep(const std::wstring& what, const std::wstring& frequency);
+    WalkStep pasteStep(const std::wstring& what, long (*from)(const Transmitting&));
     WalkStep sendStep(const std::wstring& what, const std::wstring& picture);
     WalkStep saveStep(const std::wstring& what);
     WalkStep endStep();
@@ -77,8 +84,11 @@ private:
     Lines checkCommands();
     Lines checkRadioFile(bool changed);
     Lines checkLoaded();
+    [[nodiscard]] Transmitting firstTransmitting() const;
     void changeFrequency();
     void useOwnRadio();
+    void pasteFrequency(long hertz);
+    [[nodiscard]] bool frequencyBack() const { return cell(sent_.channel, transmitColumn) == megahertz(sent_.hertz); }
     static void enterFileName(const std::wstring& path);
 
     MainWindow& window_;
@@ -89,6 +99,7 @@ private:
     std::string sampleBytes_;
     std::string tableBytes_;  // of the table's file when the exchanges begin
     std::string radioBytes_;  // what the radio held last
+    Transmitting sent_;       // the channel that is changed between the exchanges, as it was before them
     TableCopy expected_;
     int changedChannel_ = 0;
     std::wstring changedText_;

@@ -26,10 +26,6 @@ constexpr wchar_t noFault[] = L"none";
 // In percent; the radio's own table has then been read, and ours is being written.
 constexpr int wellUnderWay = 40;
 
-// No step of a synthesizer divides it.
-constexpr wchar_t impossibleFrequency[] = L"150.000001";
-constexpr wchar_t otherFrequency[] = L"150.000000";
-
 constexpr wchar_t overwriteQuestion[] = L"Telvar: Communicating with Telvar";
 constexpr wchar_t sent[] = L"The radio holds the table; its former one is kept in ";
 constexpr wchar_t loaded[] = L"The table was loaded from the radio.";
@@ -41,6 +37,10 @@ void append(std::vector<std::wstring>& to, const std::vector<std::wstring>& line
 }
 
 std::wstring yesOrNo(bool value) { return value ? L"yes" : L"no"; }
+
+// No step of a synthesizer divides it.
+long impossibleFrequency(const Transmitting& channel) { return channel.hertz + 1; }
+long otherFrequency(const Transmitting& channel) { return channel.hertz + channel.step; }
 
 }  // namespace
 
@@ -111,18 +111,23 @@ void WalkJob::useOwnRadio() {
     com::checkCall(link->put_StateFile(com::Bstr(std::wstring_view(radioFile_)).get()));
     com::checkCall(link->put_BackupFolder(com::Bstr(std::wstring_view(backups_)).get()));
     tableBytes_ = contentsOf(window_.document().path());
+    sent_ = firstTransmitting();
 }
 
-WalkStep WalkJob::pasteStep(const std::wstring& what, const std::wstring& frequency) {
+void WalkJob::pasteFrequency(long hertz) {
+    setClipboard(window_.window(), megahertz(hertz));
+    press({VK_CONTROL, VK_HOME});
+    press({VK_HOME});
+    for (int channel = 1; channel < sent_.channel; ++channel) {
+        press({VK_DOWN});
+    }
+    press({VK_CONTROL, 'V'});
+}
+
+WalkStep WalkJob::pasteStep(const std::wstring& what, long (*from)(const Transmitting&)) {
     return {.text = what,
-            .act =
-                [this, frequency] {
-                    setClipboard(window_.window(), frequency);
-                    press({VK_CONTROL, VK_HOME});
-                    press({VK_HOME});
-                    press({VK_CONTROL, 'V'});
-                },
-            .done = [this, frequency] { return cell(1, transmitColumn) == frequency; }};
+            .act = [this, from] { pasteFrequency(from(sent_)); },
+            .done = [this, from] { return cell(sent_.channel, transmitColumn) == megahertz(from(sent_)); }};
 }
 
 WalkStep WalkJob::sendStep(const std::wstring& what, const std::wstring& picture) {
@@ -169,9 +174,10 @@ void WalkJob::addRefusedSend(std::vector<WalkStep>& steps) {
     steps.push_back({.text = L"Enter lets the table be checked, and the checks name the channel",
                      .act = [] { press({VK_RETURN}); },
                      .done =
-                         [] {
+                         [this] {
                              return dialogSays(L"Reference frequency divide error or main frequency divide error in "
-                                               L"channels 1.");
+                                               L"channels " +
+                                               std::to_wstring(sent_.channel) + L".");
                          },
                      .picture = L"19-findings",
                      .dialog = true});
@@ -188,7 +194,7 @@ void WalkJob::addRefusedSend(std::vector<WalkStep>& steps) {
                      .dialog = true});
     steps.push_back({.text = L"Ctrl+Z takes the frequency back",
                      .act = [] { press({VK_CONTROL, 'Z'}); },
-                     .done = [this] { return cell(1, transmitColumn) == expected_.cell(1, transmitColumn); },
+                     .done = [this] { return frequencyBack(); },
                      .check = [this] { return checkUnchanged(); }});
 }
 
@@ -213,7 +219,7 @@ void WalkJob::addSlowSend(std::vector<WalkStep>& steps) {
 }
 
 void WalkJob::addLoad(std::vector<WalkStep>& steps) {
-    steps.push_back(pasteStep(L"the first channel gets another frequency", otherFrequency));
+    steps.push_back(pasteStep(L"a channel gets another frequency", otherFrequency));
     steps.push_back({.text = L"Alt+R, L wants to load, and asks whether to save that",
                      .act =
                          [] {
@@ -224,11 +230,7 @@ void WalkJob::addLoad(std::vector<WalkStep>& steps) {
                      .dialog = true});
     steps.push_back({.text = L"Alt+N does not, and the table is loaded from the radio",
                      .act = [] { press({VK_MENU, 'N'}); },
-                     .done =
-                         [this] {
-                             return idle() && statusText() == loaded &&
-                                    cell(1, transmitColumn) == expected_.cell(1, transmitColumn);
-                         },
+                     .done = [this] { return idle() && statusText() == loaded && frequencyBack(); },
                      .check = [this] { return checkCommands(); },
                      .picture = L"21-loaded",
                      .dialog = true});
@@ -248,7 +250,7 @@ void WalkJob::addLoad(std::vector<WalkStep>& steps) {
 }
 
 void WalkJob::addCutSend(std::vector<WalkStep>& steps) {
-    WalkStep paste = pasteStep(L"the first channel gets another frequency again", otherFrequency);
+    WalkStep paste = pasteStep(L"a channel gets another frequency again", otherFrequency);
     paste.check = [this] {
         expected_ = copyTable(window_.document(), *grid());
         return Lines();
