@@ -69,9 +69,9 @@ protected:
             program->refreshState();
         }
     }
-    // The same until `condition` holds; False when it does not in ten seconds.
-    bool pumpUntil(const std::function<bool()>& condition) {
-        const ULONGLONG end = GetTickCount64() + 10'000;
+    // The same until `condition` holds; False when it does not in so many milliseconds.
+    bool pumpUntil(const std::function<bool()>& condition, ULONGLONG patience = 10'000) {
+        const ULONGLONG end = GetTickCount64() + patience;
         for (pump(); !condition(); pump()) {
             if (GetTickCount64() > end) {
                 return false;

@@ -16,6 +16,7 @@ namespace telvar::tests {
 namespace {
 
 constexpr DWORD fine = 0;
+constexpr DWORD walkDiffered = 1;
 constexpr DWORD badArguments = 2;
 constexpr DWORD cannotStart = 3;
 constexpr DWORD walkTime = 120'000;  // milliseconds
@@ -29,6 +30,17 @@ protected:
     }
     [[nodiscard]] static std::vector<std::wstring> with(const std::wstring& file) {
         return {L"--settings", TestSettings::key, file};
+    }
+
+    // The next line of the walk's transcript that begins so; false when the program ends before it comes.
+    [[nodiscard]] bool waitForLine(const std::string& beginning, RunningProgram& program) {
+        constexpr DWORD pace = 50;  // milliseconds between two looks at the file
+        while (TemporaryFolder::read(folder / "transcript.txt").find(beginning) == std::string::npos) {
+            if (program.waitForEnd(pace)) {
+                return false;
+            }
+        }
+        return true;
     }
 
     const TestSettings settings;
@@ -113,7 +125,22 @@ TEST_F(ProgramProcess, WalksTheMainJobByItself) {
     EXPECT_EQ(program.waitForEnd(walkTime), fine);
     const std::string transcript = TemporaryFolder::read(folder / "transcript.txt");
     EXPECT_TRUE(transcript.ends_with(" steps, everything as expected.\n")) << transcript;
-    EXPECT_TRUE(std::filesystem::exists(TemporaryFolder::pathOf(folder / "17-reopened.png")));
+    EXPECT_NE(transcript.find(" keys equal\n"), std::string::npos) << transcript;
+    for (const char* picture : {"17-reopened.png", "20-sending.png", "21-loaded.png", "22-cut.png", "23-sent.png"}) {
+        EXPECT_TRUE(std::filesystem::exists(TemporaryFolder::pathOf(folder / picture))) << picture;
+    }
+}
+
+TEST_F(ProgramProcess, AWalkThatFindsADifferenceSaysSoByItsStatus) {
+    const InstalledServers servers;
+    const std::wstring table = sample("every-reading.telvar", "table.telvar");
+    RunningProgram program({L"--walk", com::wide(folder.name()), table});
+    ASSERT_TRUE(waitForLine("ok    the table is opened and every channel is shown: ", program));
+    // The walk promises to leave the table alone that it was given.
+    TemporaryFolder::write(folder / "table.telvar", "{}");
+    EXPECT_EQ(program.waitForEnd(walkTime), walkDiffered);
+    const std::string transcript = TemporaryFolder::read(folder / "transcript.txt");
+    EXPECT_NE(transcript.find("      the file that was opened first has changed\n"), std::string::npos) << transcript;
 }
 
 TEST_F(ProgramProcess, AWalkThatCannotBeginSaysSoInItsTranscript) {

@@ -1,91 +1,14 @@
 // Exchanges with the simulated radio from the menu: what is sent, loaded, refused and cancelled, and what the program
 // shows and offers meanwhile and afterwards.
-#include <functional>
-
-#include "open_program.h"
+#include "radio_commands.h"
 
 namespace telvar::tests {
 
 namespace {
 
-constexpr int messagePart = 0;
-constexpr int radioPart = 1;
-
 const Texts nothing;
 
 }  // namespace
-
-struct RadioCommands : Program {
-    // A table of one band plan, whose sending the store does not want confirmed.
-    void startWith(const std::string& name) {
-        start(sample(name, "a.telvar"));
-        com::check(program->document().store()->put_ShowSendWarning(VARIANT_FALSE));
-    }
-    [[nodiscard]] bool idle() { return offered(radioMenu, COMMAND_RADIO_SEND); }
-    void finish(int identifier) {
-        command(identifier);
-        EXPECT_TRUE(pumpUntil([this] { return idle(); }));
-        pump();
-    }
-    void send() { finish(COMMAND_RADIO_SEND); }
-    void load() { finish(COMMAND_RADIO_LOAD); }
-    void cancelDuringExchange(int identifier) {
-        command(identifier);
-        ASSERT_TRUE(offered(radioMenu, COMMAND_RADIO_CANCEL));
-        finish(COMMAND_RADIO_CANCEL);
-    }
-    void setFaults(const wchar_t* plan) {
-        dialogs.expect([plan](HWND dialog) {
-            SetDlgItemTextW(dialog, FAULTS_PLAN, plan);
-            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-        });
-        command(COMMAND_RADIO_FAULTS);
-    }
-    [[nodiscard]] bool commsBusy() {
-        VARIANT_BOOL busy = VARIANT_FALSE;
-        com::check(program->document().store()->get_CommsBusy(&busy));
-        return busy != VARIANT_FALSE;
-    }
-    // The control's own button for the radio, which it disables during an exchange.
-    [[nodiscard]] bool selectButtonEnabled() {
-        HWND button = nullptr;
-        EnumChildWindows(
-            program->window(),
-            [](HWND child, LPARAM found) -> BOOL {
-                std::wstring text(32, L'\0');
-                text.resize(static_cast<std::size_t>(GetWindowTextW(child, text.data(), 32)));
-                if (text == L"Select" || text == L"&Select") {
-                    *reinterpret_cast<HWND*>(found) = child;
-                }
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&button));
-        EXPECT_NE(button, nullptr);
-        return IsWindowEnabled(button) != FALSE;
-    }
-    [[nodiscard]] bool hourglassShows() {
-        return SendMessageW(program->window(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)) == TRUE;
-    }
-    void expectEverythingBack() {
-        EXPECT_TRUE(idle());
-        EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_LOAD));
-        EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_CANCEL));
-        EXPECT_TRUE(offered(editMenu, COMMAND_COPY));
-        EXPECT_FALSE(hourglassShows());
-        EXPECT_TRUE(selectButtonEnabled());
-        EXPECT_FALSE(progressShows());
-    }
-    [[nodiscard]] bool progressShows() {
-        return IsWindowVisible(GetDlgItem(GetDlgItem(program->window(), CHILD_STATUS_BAR), CHILD_PROGRESS)) != FALSE;
-    }
-    [[nodiscard]] std::wstring lastDialog() {
-        return dialogs.shown().empty() ? std::wstring() : dialogs.shown().back();
-    }
-    [[nodiscard]] bool ends(const std::wstring& text, const std::wstring& end) {
-        EXPECT_TRUE(text.ends_with(end)) << com::narrow(text);
-        return text.ends_with(end);
-    }
-};
 
 TEST_F(RadioCommands, ASentTableComesBack) {
     startWith("gmrs.telvar");
@@ -311,6 +234,34 @@ TEST_F(RadioCommands, ClosingDuringTheWaitClosesAfterwards) {
     dialogs.expectBox(IDOK);
     SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_LOAD, 0);
     EXPECT_TRUE(pumpUntil([this] { return !isOpen(); }));
+}
+
+TEST_F(RadioCommands, ClosingDuringTheWaitOfASendClosesAfterwards) {
+    startWith("gmrs.telvar");
+    com::check(program->document().store()->put_CommsBusy(VARIANT_TRUE));
+    PostMessageW(program->window(), WM_CLOSE, 0, 0);
+    dialogs.expectBox(IDOK);
+    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_SEND, 0);
+    EXPECT_TRUE(pumpUntil([this] { return !isOpen(); }));
+    EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
+}
+
+// Nobody asks, and nothing frees the link: the wait ends with the window that it was begun from.
+TEST_F(RadioCommands, TheEndOfTheSessionEndsAWaitThatWouldLastForEver) {
+    for (const int identifier : {COMMAND_RADIO_SEND, COMMAND_RADIO_LOAD}) {
+        start();
+        const auto store = com::ComPointer<IDataStore>(program->document().store());
+        com::check(store->put_TableOpen(VARIANT_TRUE));
+        com::check(store->put_ShowSendWarning(VARIANT_FALSE));
+        com::check(store->put_CommsBusy(VARIANT_TRUE));
+        PostMessageW(program->window(), WM_ENDSESSION, TRUE, 0);
+        SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(identifier), 0);
+        EXPECT_FALSE(isOpen());
+        program.reset();
+        pump();
+        EXPECT_TRUE(LoadedServer("Tesslin.ocx").canUnload());
+        EXPECT_TRUE(LoadedServer("VexloRadioLink.dll").canUnload());
+    }
 }
 
 }  // namespace telvar::tests

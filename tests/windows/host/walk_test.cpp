@@ -52,6 +52,11 @@ TEST_F(WalkTest, StepsAreTakenInOrderAndWaitForWhatTheyExpect) {
     EXPECT_EQ(transcript(), "ok    first \xC3\xA9\nok    second\nok    ends\n3 steps, everything as expected.\n");
 }
 
+TEST_F(WalkTest, WhatCameOutOfAStepStandsBehindIt) {
+    EXPECT_TRUE(take({{.text = L"counts", .result = [] { return L"three"; }}}));
+    EXPECT_TRUE(transcript().starts_with("ok    counts: three\n")) << transcript();
+}
+
 TEST_F(WalkTest, ADifferenceEndsTheWalk) {
     EXPECT_FALSE(
         take({{.text = L"looks", .check = [] { return std::vector<std::wstring>{L"a is not b", L"c is not d"}; }},
