@@ -71,6 +71,7 @@ private:
     [[nodiscard]] RECT onDevice(const Box& box) const {
         return {x(box.left), y(box.top), x(box.left + box.width), y(box.top + box.height)};
     }
+    [[nodiscard]] const FontMeasures& font(Style style) const { return painter_.measuresOf(style); }
     [[nodiscard]] int topOfTable() const { return area_.top + document_.measures.title; }
     [[nodiscard]] int topOfRows() const { return topOfTable() + document_.measures.header; }
     [[nodiscard]] int bottomOfRows() const { return topOfRows() + page_.rowCount * document_.measures.row; }
@@ -100,24 +101,35 @@ private:
         if (text.empty()) {
             return;
         }
-        const int room = std::max(box.width - ends.back(), 0);
-        const int left = box.left + (align == Align::Left ? 0 : align == Align::Right ? room : room / 2);
-        std::vector<INT> steps(text.size());
-        for (std::size_t at = 0; at < text.size(); ++at) {
-            steps[at] = x(left + ends[at]) - x(at == 0 ? left : left + ends[at - 1]);
-        }
-        const FontMeasures& font = painter_.measuresOf(style);
         const RECT clip = onDevice(box);
         const SelectedObject selected(canvas_.context, fonts_[static_cast<std::size_t>(style)].get());
+        SIZE natural{};
+        GetTextExtentPoint32W(canvas_.context, text.c_str(), static_cast<int>(text.size()), &natural);
+        const bool fits = natural.cx <= clip.right - clip.left;
+        const int width = fits ? static_cast<int>(natural.cx) : x(ends.back()) - x(0);
+        const int free = std::max(static_cast<int>(clip.right - clip.left) - width, 0);
+        const int left = clip.left + (align == Align::Left ? 0 : align == Align::Right ? free : free / 2);
         SetTextColor(canvas_.context, colour);
-        ExtTextOutW(canvas_.context, x(left), y(box.top + (box.height - font.height) / 2 + font.ascent), ETO_CLIPPED,
-                    &clip, text.c_str(), static_cast<UINT>(text.size()), steps.data());
+        ExtTextOutW(canvas_.context, left, y(box.top + (box.height - font(style).height) / 2 + font(style).ascent),
+                    ETO_CLIPPED, &clip, text.c_str(), static_cast<UINT>(text.size()),
+                    fits ? nullptr : stepsOf(ends).data());
+    }
+
+    // From character to character as on paper. Coarse devices have wider ones of their own, which are easier to read
+    // and used wherever they fit.
+    [[nodiscard]] std::vector<INT> stepsOf(const std::vector<int>& ends) const {
+        std::vector<INT> steps(ends.size());
+        for (std::size_t at = 0; at < ends.size(); ++at) {
+            steps[at] = x(ends[at]) - x(at == 0 ? 0 : ends[at - 1]);
+        }
+        return steps;
     }
 
     void paintTitle() const {
-        const int height = painter_.measuresOf(Style::Title).height;
+        const int height = font(Style::Title).height;
         const std::wstring made = com::wide(document_.table.made);
-        const int madeWidth = std::min(painter_.widthOf(Style::Small, made), area_.width);
+        // With room for the wider characters of a coarse device.
+        const int madeWidth = std::min(painter_.widthOf(Style::Small, made) * 5 / 4, area_.width);
         const int gap = std::min(2 * sidePadding, area_.width - madeWidth);
         text({area_.left, area_.top, area_.width - madeWidth - gap, height}, Style::Title, Align::Left,
              com::wide(document_.table.title));
@@ -126,7 +138,7 @@ private:
     }
 
     void paintFooter() const {
-        const int height = painter_.measuresOf(Style::Small).height;
+        const int height = font(Style::Small).height;
         text({area_.left, area_.top + area_.height - height, area_.width, height}, Style::Small, Align::Right,
              L"Page " + std::to_wstring(index_ + 1) + L" of " + std::to_wstring(document_.pages.size()), paleInk);
     }
@@ -135,7 +147,7 @@ private:
         const int height = document_.measures.header;
         fill({area_.left, topOfTable(), tableWidth(), height}, headerFill);
         fill({area_.left, topOfRows() - rule, tableWidth(), rule}, ruleFill);
-        const int line = painter_.measuresOf(Style::Header).height;
+        const int line = font(Style::Header).height;
         for (const print::Slot& slot : page_.slots) {
             const print::Column& column = document_.table.columns[static_cast<std::size_t>(slot.column)];
             const Box inner = innerOf(slot, topOfTable(), height);

@@ -95,9 +95,6 @@ private:
     [[nodiscard]] HWND item(int control) const noexcept { return GetDlgItem(window_, control); }
 
     void begin() {
-        RECT whole{};
-        GetWindowRect(window_, &whole);
-        smallest_ = {whole.right - whole.left, whole.bottom - whole.top};
         for (const wchar_t* zoom : {L"Whole page", L"Page width"}) {
             SendMessageW(item(PREVIEW_ZOOM), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(zoom));
         }
@@ -106,8 +103,11 @@ private:
         SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
         view_.attach(item(PREVIEW_PAGE));
         const RECT area = workAreas().front();
-        const LONG height = std::max<LONG>((area.bottom - area.top) * percentOfHeight / 100, smallest_.cy);
-        const LONG width = std::max(height * percentForWidth / 100, smallest_.cx);
+        RECT whole{};
+        GetWindowRect(window_, &whole);
+        smallest_ = {std::min(whole.right - whole.left, area.right - area.left), whole.bottom - whole.top};
+        const LONG height = std::max((area.bottom - area.top) * percentOfHeight / 100, smallest_.cy);
+        const LONG width = std::clamp(height * percentForWidth / 100, smallest_.cx, area.right - area.left);
         SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
         centreOverOwner(window_);
         layout();

@@ -44,7 +44,6 @@ DeviceAnswer Printer::begin(const std::wstring& name, const std::function<bool()
     DOCINFOW document{};
     document.cbSize = sizeof document;
     document.lpszDocName = name.c_str();
-    document.lpszOutput = output_.empty() ? nullptr : output_.c_str();
     SetLastError(ERROR_SUCCESS);
     const DeviceAnswer answer = answerOf(StartDocW(context_.get(), &document));
     if (answer != DeviceAnswer::Done) {

@@ -23,14 +23,10 @@ public:
     [[nodiscard]] DeviceAnswer end() override;
     void giveUp() noexcept override;
 
-    // Where the document goes instead of the printer's own port; before begin.
-    void setOutput(std::wstring path) { output_ = std::move(path); }
-
 private:
     static BOOL CALLBACK abortProcedure(HDC context, int error) noexcept;
 
     OwnedContext context_;
-    std::wstring output_;
 };
 
 }  // namespace telvar::host

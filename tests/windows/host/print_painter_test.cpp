@@ -145,7 +145,10 @@ TEST_F(PagePainting, EveryResolutionHasTheSameTextsInTheSamePlaces) {
         const auto coarse = printedTexts(painter, document, 0, dpi);
         ASSERT_EQ(textsOf(coarse), textsOf(fine)) << dpi;
         for (std::size_t at = 0; at < fine.size(); ++at) {
-            EXPECT_LE(std::abs(coarse[at].at.x - MulDiv(fine[at].at.x, dpi, 1200)), 1) << dpi;
+            // What stands at the right begins where its last character demands.
+            if (fine[at].text != com::wide(document.table.made) && !fine[at].text.starts_with(L"Page ")) {
+                EXPECT_LE(std::abs(coarse[at].at.x - MulDiv(fine[at].at.x, dpi, 1200)), 1) << dpi;
+            }
             EXPECT_LE(std::abs(coarse[at].at.y - MulDiv(fine[at].at.y, dpi, 1200)), 1) << dpi;
         }
     }
