@@ -5,9 +5,11 @@
 
 namespace telvar::host {
 
-CancelBox::CancelBox(HWND owner) : owner_(owner), ownerEnabled_(IsWindowEnabled(owner) != FALSE) {
-    window_ = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(RESOURCE_PRINTING), owner, procedure,
-                                 reinterpret_cast<LPARAM>(this));
+CancelBox::CancelBox(HWND owner)
+    : owner_(owner),
+      ownerEnabled_(IsWindowEnabled(owner) != FALSE),
+      window_(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(RESOURCE_PRINTING), owner, procedure,
+                                 reinterpret_cast<LPARAM>(this))) {
     // Without a box the document is printed all the same.
     if (window_ != nullptr) {
         centreOverOwner(window_);

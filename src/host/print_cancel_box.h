@@ -26,8 +26,8 @@ private:
 
     HWND owner_;
     bool ownerEnabled_;
-    HWND window_ = nullptr;
     bool cancelled_ = false;
+    HWND window_;  // made last: the dialog's procedure uses the rest
 };
 
 }  // namespace telvar::host

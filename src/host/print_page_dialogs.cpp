@@ -2,6 +2,7 @@
 
 #include <commdlg.h>
 
+#include <algorithm>
 #include <iterator>
 
 #include "host/dialog.h"
@@ -129,7 +130,7 @@ std::optional<int> readMillimetres(std::wstring_view text) noexcept {
     while (text.ends_with(L' ')) {
         text.remove_suffix(1);
     }
-    constexpr int most = 10'000;  // millimetres
+    constexpr int tooMuch = 10'000;  // millimetres
     int whole = 0;
     int part = 0;
     int worth = 0;  // of a decimal, in hundredths; 0 before the point
@@ -142,11 +143,13 @@ std::optional<int> readMillimetres(std::wstring_view text) noexcept {
         } else if (worth != 0) {
             worth /= 10;
             part += (each - L'0') * worth;
-        } else if ((whole = whole * 10 + (each - L'0')) > most) {
-            return std::nullopt;
         } else {
+            whole = std::min(whole * 10 + (each - L'0'), tooMuch);
             any = true;
         }
+    }
+    if (whole == tooMuch) {
+        return std::nullopt;
     }
     return any ? std::optional(whole * perMillimetre + part) : std::nullopt;
 }
