@@ -150,6 +150,9 @@ public:
     // The question that the user may switch off.
     Confirmation confirmation;
 
+    // Before the table goes: the user applies or drops the edits in the open form, or wants to stay (False).
+    [[nodiscard]] bool leaveEdits();
+
     // Hides every form, unanswered and without storing; raises nothing.
     void closeForms() noexcept;
 

@@ -154,6 +154,18 @@ void ChannelInformation::RefreshEditForm() {
     });
 }
 
+bool ChannelInformation::leaveEdits() {
+    bool left = true;
+    routine("LeaveEdits", [&] {
+        left = !editFormShown() || frmCE.mayLeaveChannel();
+        endIfClosed();
+        if (left && editFormShown() && frmCE.hasUnappliedEdits()) {
+            frmCE.refresh();
+        }
+    });
+    return left;
+}
+
 // Edits that the user keeps belong to the table that they were made in.
 void ChannelInformation::distributeStoreToEditForm() {
     const bool exchanged = frmCE.centralDataStore() != pCentralDataStore_;

@@ -110,6 +110,7 @@ private:
     bool saveAs();
     // Whether the open table may go: nothing to save, saved now, or not wanted.
     [[nodiscard]] bool mayDiscard();
+    [[nodiscard]] bool mayLeaveEdits();
     void toggleStatusBar();
     void edit(const EditCommand& command);
     void showEditMenu(HMENU menu);

@@ -156,7 +156,18 @@ bool MainWindow::saveAs() {
     return true;
 }
 
+// Edits on the control's form belong to the table that is open now, and applied they are changes of it.
+bool MainWindow::mayLeaveEdits() {
+    const auto grid = com::ComPointer<IChannelGrid>::from(channels_);
+    const ControlCall call(*this);
+    VARIANT_BOOL left = VARIANT_TRUE;
+    return !grid || FAILED(grid->LeaveEdits(&left)) || left != VARIANT_FALSE;
+}
+
 bool MainWindow::mayDiscard() {
+    if (!mayLeaveEdits()) {
+        return false;
+    }
     if (!document_ || !document_->modified()) {
         return true;
     }
@@ -233,6 +244,8 @@ void MainWindow::goToChannel() {
     if (channel) {
         grid->put_TopRow(std::max(*channel - rowsAbove, 1));
         grid->Select(*channel, 1, *channel, columns - 1);
+        // An open edit form follows moves of the user's by itself, but this one is the program's.
+        callControl(&_ChannelInformation::RefreshEditForm);
         control_->takeFocus();
     }
 }

@@ -412,6 +412,33 @@ TEST_F(ControlEditForm, FollowsALogin) {
     EXPECT_TRUE(form().frDigitalPotentiometer.visible());
 }
 
+TEST_F(ControlEditForm, LeavesEditsBeforeATableGoes) {
+    EXPECT_TRUE(control->leaveEdits());
+    doubleClick(4);
+    EXPECT_TRUE(control->leaveEdits());
+    EXPECT_EQ(boxes(), Boxes{});
+
+    edit();
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::No);
+    EXPECT_FALSE(control->leaveEdits());
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+    EXPECT_EQ(boxes(), (Boxes{applyQuestion(4), discardQuestion(4)}));
+
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::Yes);
+    EXPECT_TRUE(control->leaveEdits());
+    EXPECT_EQ(form().txtTxFrequency.text(), "150.100000");
+    static_cast<void>(boxes());
+
+    edit();
+    desktop.answerWith(Answer::Yes);
+    EXPECT_TRUE(control->leaveEdits());
+    EXPECT_EQ(stored(4), 160'500'000);
+    EXPECT_TRUE(control->leaveEdits());
+    EXPECT_EQ(boxes(), Boxes{applyQuestion(4)});
+}
+
 // -- applying --------------------------------------------------------------------------------------------------------
 
 TEST_F(ControlEditForm, ApplyMarksTheTableAsChangedAndRendersTheRow) {

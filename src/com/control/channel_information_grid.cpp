@@ -80,4 +80,11 @@ HRESULT ChannelInformationObject::get_Redraw(VARIANT_BOOL* redraw) noexcept {
     return call([&] { deref(redraw) = truth(control_.fgdDatabase.redraw()); });
 }
 
+HRESULT ChannelInformationObject::LeaveEdits(VARIANT_BOOL* left) noexcept {
+    return method([&] {
+        deref(left) = VARIANT_FALSE;
+        *left = truth(control_.leaveEdits());
+    });
+}
+
 }  // namespace telvar::com

@@ -113,6 +113,7 @@ public:
     STDMETHODIMP get_LeftColumn(LONG* column) noexcept override;
     STDMETHODIMP put_LeftColumn(LONG column) noexcept override;
     STDMETHODIMP get_Redraw(VARIANT_BOOL* redraw) noexcept override;
+    STDMETHODIMP LeaveEdits(VARIANT_BOOL* left) noexcept override;
 
     // ---- IOleObject, see channel_information_embedding.cpp
     STDMETHODIMP SetClientSite(IOleClientSite* site) noexcept override;

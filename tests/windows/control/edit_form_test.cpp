@@ -158,6 +158,24 @@ TEST_F(EditFormInAHost, AnotherStoreIsShownOnceItIsDistributed) {
     EXPECT_EQ(textOf(frequencyField()), frequencyShownFor(currentRow()));
 }
 
+TEST_F(EditFormInAHost, AHostAsksItToLeaveEditsBeforeTheTableGoes) {
+    show();
+    VARIANT_BOOL left = VARIANT_FALSE;
+    EXPECT_EQ(grid->LeaveEdits(&left), S_OK);
+    EXPECT_EQ(left, VARIANT_TRUE);
+    EXPECT_EQ(grid->LeaveEdits(nullptr), E_POINTER);
+    doubleClick();
+    const auto channel = static_cast<std::int16_t>(currentRow());
+    type(frequencyField(), "160.5");
+    boxes.answerWith(IDNO);
+    EXPECT_EQ(grid->LeaveEdits(&left), S_OK);
+    EXPECT_EQ(left, VARIANT_FALSE);
+    boxes.answerWith(IDYES);
+    EXPECT_EQ(grid->LeaveEdits(&left), S_OK);
+    EXPECT_EQ(left, VARIANT_TRUE);
+    EXPECT_EQ(storedHertz(channel), 160'500'000);
+}
+
 // -- the host lets go ------------------------------------------------------------------------------------------------
 
 TEST_F(EditFormInAHost, EndsWhenTheHostLetsGoOfTheControl) {

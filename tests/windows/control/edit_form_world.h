@@ -2,16 +2,13 @@
 // key messages of a host that knows nothing of the form.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 #include "base/conversion.h"
-#include "com/kit/text.h"
 #include "container.h"
+#include "support/windows/edit_form_driver.h"
 #include "world.h"
 
 namespace telvar::tests {
@@ -44,7 +41,7 @@ private:
     ComPointer<IDispatch> behind_;
 };
 
-class EditFormWorld : public ControlWorld {
+class EditFormWorld : public ControlWorld, protected EditFormDriver {
 protected:
     static constexpr std::int32_t firstHertz = 150'000'000;
     static constexpr std::int32_t stepHertz = 25'000;
@@ -75,87 +72,9 @@ protected:
         ControlWorld::TearDown();
     }
 
-    // ---- windows of this thread
-    [[nodiscard]] static HWND topLevel(std::wstring_view prefix) {
-        return search(prefix,
-                      [](WNDENUMPROC found, LPARAM wanted) { EnumThreadWindows(GetCurrentThreadId(), found, wanted); });
-    }
-    [[nodiscard]] static HWND form() { return topLevel(L"Telvar.Form."); }
-    [[nodiscard]] HWND gridWindow() const {
-        return search(L"Telvar.Grid.",
-                      [this](WNDENUMPROC found, LPARAM wanted) { EnumChildWindows(site->window(), found, wanted); });
-    }
+    [[nodiscard]] HWND gridWindow() const { return gridIn(site->window()); }
     [[nodiscard]] HWND host() const { return GetAncestor(site->window(), GA_ROOT); }
-    // The children of the form of one window class, in reading order.
-    [[nodiscard]] static std::vector<HWND> children(const wchar_t* className) {
-        struct Search {
-            std::wstring_view name;
-            std::vector<HWND> found;
-        } search{className, {}};
-        EnumChildWindows(
-            form(),
-            [](HWND window, LPARAM wanted) -> BOOL {
-                auto& it = *reinterpret_cast<Search*>(wanted);
-                if (nameOf(window) == it.name) {
-                    it.found.push_back(window);
-                }
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
-    }
-    [[nodiscard]] static HWND field(std::size_t number) {
-        const auto all = children(L"Edit");
-        return number < all.size() ? all[number] : nullptr;
-    }
-    [[nodiscard]] static HWND channelField() { return field(0); }
-    [[nodiscard]] static HWND frequencyField() { return field(1); }
-    // By its caption without the access key's mark.
-    [[nodiscard]] static HWND button(const std::string& caption) {
-        for (const HWND window : children(L"Button")) {
-            std::string text = textOf(window);
-            std::erase(text, '&');
-            if (text == caption) {
-                return window;
-            }
-        }
-        return nullptr;
-    }
-    [[nodiscard]] static std::string textOf(HWND window) {
-        std::array<wchar_t, 256> text{};
-        GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-        return com::narrow(text.data());
-    }
-
-    // ---- the user
-    // In the middle of the grid's visible rows.
-    void doubleClick() const {
-        const LPARAM at = MAKELPARAM(120, 110);
-        PostMessageW(gridWindow(), WM_LBUTTONDOWN, MK_LBUTTON, at);
-        PostMessageW(gridWindow(), WM_LBUTTONUP, 0, at);
-        PostMessageW(gridWindow(), WM_LBUTTONDBLCLK, MK_LBUTTON, at);
-        PostMessageW(gridWindow(), WM_LBUTTONUP, 0, at);
-        pump();
-    }
-    static void key(HWND window, WPARAM code) {
-        PostMessageW(window, WM_KEYDOWN, code, 0);
-        PostMessageW(window, WM_KEYUP, code, 0);
-        pump();
-    }
-    static void press(const std::string& caption) {
-        const HWND pressed = button(caption);
-        ASSERT_NE(pressed, nullptr) << caption;
-        const LPARAM at = MAKELPARAM(4, 4);
-        PostMessageW(pressed, WM_LBUTTONDOWN, MK_LBUTTON, at);
-        PostMessageW(pressed, WM_LBUTTONUP, 0, at);
-        pump();
-    }
-    static void type(HWND window, const std::string& text) {
-        SetFocus(window);
-        pump();
-        SetWindowTextW(window, com::wide(text).c_str());
-        pump();
-    }
+    void doubleClick() const { doubleClickIn(gridWindow()); }
 
     [[nodiscard]] std::string frequencyShownFor(LONG channel) const { return cell(channel, 1); }
     [[nodiscard]] std::int32_t storedHertz(std::int16_t channel) {
@@ -181,31 +100,6 @@ protected:
         }
         return S_OK;
     });
-
-private:
-    [[nodiscard]] static std::wstring nameOf(HWND window) {
-        std::array<wchar_t, 64> name{};
-        GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-        return name.data();
-    }
-    template <class Enumerate>
-    [[nodiscard]] static HWND search(std::wstring_view prefix, Enumerate enumerate) {
-        struct Search {
-            std::wstring_view prefix;
-            HWND found;
-        } search{prefix, nullptr};
-        enumerate(
-            [](HWND window, LPARAM wanted) -> BOOL {
-                auto& it = *reinterpret_cast<Search*>(wanted);
-                if (nameOf(window).starts_with(it.prefix) && IsWindowVisible(window) != FALSE) {
-                    it.found = window;
-                    return FALSE;
-                }
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
-    }
 };
 
 }  // namespace telvar::tests
