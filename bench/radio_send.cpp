@@ -1,0 +1,201 @@
+// A whole send over TCP on this machine (reading and keeping what the radio holds, writing, committing, reading back)
+// against the time that its bytes alone would take: the same numbers of bytes, there and back, in the same order, over
+// the same kind of connection, with nobody who makes or reads them. What the radio held goes to the disk in a send;
+// without that the rest is the link's own.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <expected>
+#include <memory>
+#include <span>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "os/interrupt.h"
+#include "os/tcp.h"
+#include "radio/image_file.h"
+#include "radio/radio_client.h"
+#include "radio/radio_server.h"
+#include "store_calls.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+using namespace telvar;
+
+constexpr std::chrono::milliseconds patience{5000};
+
+// Sizes of the frames of one exchange on the line, a request and its answer.
+struct Turn {
+    std::size_t asked;
+    std::size_t answered;
+};
+
+// A simulated radio on a port of its own, which notes what goes over the line.
+class Radio {
+public:
+    Radio() {
+        line_.onAnswer = [this](const radio::Frame& request, const radio::Frame& answer) {
+            turns.push_back({.asked = radio::encoded(request).size(), .answered = radio::encoded(answer).size()});
+        };
+        thread_ = std::thread([this] { (void)radio::serve(line_, listener_, interrupt_); });
+    }
+    Radio(const Radio&) = delete;
+    Radio& operator=(const Radio&) = delete;
+    Radio(Radio&&) = delete;
+    Radio& operator=(Radio&&) = delete;
+    ~Radio() { stop(); }
+
+    void stop() {
+        interrupt_.raise();
+        if (thread_.joinable()) {
+            thread_.join();
+        }
+    }
+    [[nodiscard]] radio::Address address() const {
+        return {.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = listener_.port()};
+    }
+
+    // Of the radio's thread until it is stopped.
+    std::vector<Turn> turns;
+
+private:
+    radio::SimulatedRadio radio_;
+    radio::SimulatedLine line_{radio_, {}};
+    os::Interrupt interrupt_;
+    os::TcpListener listener_ = *os::TcpListener::open(0);
+    std::thread thread_;
+};
+
+[[nodiscard]] bool readWhole(os::ByteStream& stream, std::size_t bytes) {
+    std::array<std::uint8_t, 4096> buffer{};
+    while (bytes > 0) {
+        const auto got = stream.read(std::span(buffer).first(std::min(bytes, buffer.size())), patience);
+        if (!got || *got == 0) {
+            return false;
+        }
+        bytes -= *got;
+    }
+    return true;
+}
+
+// Answers so many bytes with so many others, for the whole of each exchange, until its partner leaves.
+class Answerer {
+public:
+    explicit Answerer(const std::vector<Turn>& turns) : thread_([this, &turns] { serve(turns); }) {}
+    Answerer(const Answerer&) = delete;
+    Answerer& operator=(const Answerer&) = delete;
+    Answerer(Answerer&&) = delete;
+    Answerer& operator=(Answerer&&) = delete;
+    ~Answerer() {
+        interrupt_.raise();
+        thread_.join();
+    }
+    [[nodiscard]] std::uint16_t port() const { return listener_.port(); }
+
+private:
+    void serve(const std::vector<Turn>& turns) {
+        const auto partner = listener_.accept(interrupt_);
+        if (!partner || *partner == nullptr) {
+            return;
+        }
+        const std::vector<std::uint8_t> bytes(4096);
+        for (;;) {
+            for (const Turn& turn : turns) {
+                if (!readWhole(**partner, turn.asked) ||
+                    !(*partner)->write(std::span(bytes).first(turn.answered), patience)) {
+                    return;
+                }
+            }
+        }
+    }
+
+    os::Interrupt interrupt_;
+    os::TcpListener listener_ = *os::TcpListener::open(0);
+    std::thread thread_;
+};
+
+[[nodiscard]] std::expected<std::string, os::FileError> keepNothing(const std::string& /*folder*/,
+                                                                    const radio::TableImage& /*image*/) {
+    return "nowhere";
+}
+
+struct Client {
+    explicit Client(const Radio& served, radio::KeepTable keep = radio::saveDated)
+        : client(clock, interrupt, std::move(keep)) {
+        client.configure({.address = served.address(), .backupFolder = folder.name()});
+    }
+    [[nodiscard]] bool send() {
+        return client.sendTable(image, [](int) {}).succeeded;
+    }
+
+    tests::TemporaryFolder folder;
+    radio::TableImage image = radio::imageOf(*bench::configuredTable());
+    radio::SystemClock clock;
+    os::Interrupt interrupt;
+    radio::RadioClient client;
+};
+
+// What one send puts on the line.
+[[nodiscard]] std::vector<Turn> turnsOfASend() {
+    Radio served;
+    Client client(served);
+    const bool good = client.send();
+    served.stop();
+    return good ? served.turns : std::vector<Turn>();
+}
+
+void count(benchmark::State& state, const std::vector<Turn>& turns) {
+    std::size_t bytes = 0;
+    for (const Turn& turn : turns) {
+        bytes += turn.asked + turn.answered;
+    }
+    state.counters["bytes"] = static_cast<double>(bytes);
+    state.counters["requests"] = static_cast<double>(turns.size());
+}
+
+void bytesAlone(benchmark::State& state) {
+    const std::vector<Turn> turns = turnsOfASend();
+    const Answerer answerer(turns);
+    const os::Interrupt interrupt;
+    const auto stream = os::connectTcp("127.0.0.1", answerer.port(), patience, interrupt);
+    const std::vector<std::uint8_t> bytes(4096);
+    for (auto _ : state) {
+        for (const Turn& turn : turns) {
+            if (!stream || !(*stream)->write(std::span(bytes).first(turn.asked), patience) ||
+                !readWhole(**stream, turn.answered)) {
+                state.SkipWithError("the line broke");
+                return;
+            }
+        }
+    }
+    count(state, turns);
+}
+BENCHMARK(bytesAlone)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void sends(benchmark::State& state, const radio::KeepTable& keep) {
+    const std::vector<Turn> turns = turnsOfASend();
+    const Radio served;
+    Client client(served, keep);
+    for (auto _ : state) {
+        if (!client.send()) {
+            state.SkipWithError("a send failed");
+            return;
+        }
+    }
+    count(state, turns);
+}
+
+void sendOverTcp(benchmark::State& state) { sends(state, radio::saveDated); }
+BENCHMARK(sendOverTcp)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void sendWithoutTheDisk(benchmark::State& state) { sends(state, keepNothing); }
+BENCHMARK(sendWithoutTheDisk)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
