@@ -1,8 +1,7 @@
 // The preview: paged, zoomed and left by the keyboard alone, and what its buttons do.
 #include "host/print_preview.h"
 
-#include "host/scaling.h"
-#include "host/screenshot.h"
+#include "picture.h"
 #include "print_program.h"
 
 namespace telvar::tests {
@@ -36,15 +35,6 @@ struct PrintPreview : PrintProgram {
         EXPECT_EQ(FindWindowW(nullptr, L"Print Preview"), nullptr);
         EXPECT_TRUE(IsWindowEnabled(program->window()));
         EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT_PREVIEW));
-    }
-    // A picture for people, named after the resolution of this screen.
-    void takePicture(const std::string& name) {
-        const std::filesystem::path pictures = std::filesystem::path(TELVAR_BIN_DIR).parent_path() / "pictures";
-        std::filesystem::create_directories(pictures);
-        RedrawWindow(previewed, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-        const auto file = pictures / (name + "_" + std::to_string(host::dpiOf(previewed)) + ".png");
-        host::savePicture(previewed, file.wstring());
-        EXPECT_GT(std::filesystem::file_size(file), 1'000U);
     }
 };
 
@@ -134,7 +124,7 @@ TEST_F(PrintPreview, ThePageWidthScrollsAndAnotherPageBeginsAtItsTop) {
         .act([this] { SetFocus(GetDlgItem(previewed, PREVIEW_PAGE)); })
         .act(key(VK_DOWN))
         .until([this] { return scrollBar().nPos > 0; })
-        .act([this] { takePicture("print_preview_width"); })
+        .act([this] { takePicture(previewed, "print_preview_width"); })
         .act(key(VK_NEXT))
         .until(pageIs(2))
         .until([this] { return scrollBar().nPos == 0; })
@@ -271,7 +261,7 @@ TEST_F(PrintPreview, LooksGood) {
     startWith("maritime.telvar");
     command(COMMAND_LOG_OUT);
     TimedSteps steps;
-    steps.until(focusIs(PREVIEW_PAGE)).act([this] { takePicture("print_preview"); }).act(cancel());
+    steps.until(focusIs(PREVIEW_PAGE)).act([this] { takePicture(previewed, "print_preview"); }).act(cancel());
     preview(steps);
 }
 

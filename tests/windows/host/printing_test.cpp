@@ -10,6 +10,7 @@
 #include "host/print/html.h"
 #include "host/print_page_dialogs.h"
 #include "host/print_system.h"
+#include "picture.h"
 #include "print_program.h"
 
 namespace telvar::tests {
@@ -293,6 +294,7 @@ TEST_F(OwnPageSetup, TakesPaperOrientationMarginsAndChannels) {
         SetDlgItemTextW(dialog, PAGE_LEFT, L"12.5");
         SetDlgItemTextW(dialog, PAGE_BOTTOM, L"20");
         CheckDlgButton(dialog, PAGE_ONLY_IN_USE, BST_CHECKED);
+        takePicture(dialog, "page_setup");
     });
     EXPECT_TRUE(host::askPageSetup(nullptr, setup));
     EXPECT_EQ(setup, (host::PageSetup{.sheet = {14'800, 21'000},

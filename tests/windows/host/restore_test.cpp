@@ -1,6 +1,7 @@
 // The tables that the radio held before: how their files are listed, and how one goes back into the radio.
 #include "host/backups.h"
 #include "open_program.h"
+#include "picture.h"
 
 namespace telvar::tests {
 
@@ -77,14 +78,17 @@ struct RestoreBackup : Program {
         finish();
     }
     // Chooses the newest, confirms, and waits for the end.
-    void restore(bool load) {
-        expectChoice(load);
+    void restore(bool load, const std::function<void(HWND)>& look = nullptr) {
+        expectChoice(load, look);
         dialogs.expectBox(IDYES);
         command(COMMAND_RADIO_RESTORE);
         finish();
     }
-    void expectChoice(bool load) {
-        dialogs.expect([load](HWND dialog) {
+    void expectChoice(bool load, const std::function<void(HWND)>& look = nullptr) {
+        dialogs.expect([load, look](HWND dialog) {
+            if (look) {
+                look(dialog);
+            }
             CheckDlgButton(dialog, BACKUP_LOAD, load ? BST_CHECKED : BST_UNCHECKED);
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
@@ -109,7 +113,7 @@ struct RestoreBackup : Program {
 TEST_F(RestoreBackup, TheRestoredTableIsInTheRadioAndShownAsModified) {
     sendTwoTables();
     EXPECT_EQ(frequency(), later);
-    restore(true);
+    restore(true, [](HWND dialog) { takePicture(dialog, "restore_backup"); });
     EXPECT_EQ(frequency(), 462'562'500);
     EXPECT_EQ(cell(1, 1), L"462.562500");
     EXPECT_TRUE(program->document().modified());

@@ -5,6 +5,7 @@
 #include "host/print_page_dialogs.h"
 #include "host/print_system.h"
 #include "installed_printer.h"
+#include "picture.h"
 #include "print_program.h"
 
 namespace telvar::tests {
@@ -42,6 +43,21 @@ TEST_F(SystemPrinter, TakesTheWholeTable) {
     const std::string pages = printer.output();
     EXPECT_TRUE(pages.starts_with("%!PS"));
     EXPECT_EQ(countOf(pages, "%%Page:"), 5U);
+}
+
+// The box gets its messages from the system's abort procedure as well as between pages.
+TEST_F(SystemPrinter, ACancelledDocumentIsGivenUpInSilence) {
+    start(sample("maritime.telvar", "a.telvar"));
+    dialogs.expect(accept);
+    dialogs.expect([](HWND box) { PostMessageW(box, WM_COMMAND, IDCANCEL, 0); });
+    const std::wstring before = statusText(0);
+    command(COMMAND_PRINT);
+    EXPECT_TRUE(dialogs.shown().back().starts_with(L"Printing"));
+    EXPECT_EQ(dialogs.shown().size(), 2U);
+    EXPECT_EQ(statusText(0), before);
+    EXPECT_EQ(printer.output(), "");
+    EXPECT_TRUE(IsWindowEnabled(program->window()));
+    EXPECT_TRUE(offered(0, COMMAND_PRINT));
 }
 
 TEST_F(SystemPrinter, TellsItsSheetAndWhatItCannotReach) {
@@ -82,6 +98,7 @@ TEST_F(SystemPrinter, TheSystemsPageSetupHasTheChoiceOfChannels) {
         EXPECT_LE(own.bottom, button.top);
         EXPECT_LE(button.bottom, whole.bottom);
         CheckDlgButton(dialog, PAGE_ONLY_IN_USE, BST_CHECKED);
+        takePicture(dialog, "system_page_setup");
         accept(dialog);
     });
     EXPECT_TRUE(printers.setUpPage(nullptr, setup));
