@@ -63,6 +63,11 @@ protected:
         return at;
     }
 
+    // An open list is scrolled by the wheel wherever the pointer is.
+    [[nodiscard]] bool takesWheel(POINT at) const noexcept override {
+        return ControlPeer::takesWheel(at) || SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+    }
+
     void showAspect(ui::Aspect changed) override {
         using ui::Aspect;
         const bool everything = changed == Aspect::Everything;

@@ -76,7 +76,7 @@ void ContainerWindow::resized() {
     RECT client{};
     GetClientRect(handle(), &client);
     if (container_ != nullptr && font_) {
-        container_->setSize({static_cast<int>(client.right), static_cast<int>(client.bottom)}, font_->dpi());
+        container_->setSize(sizeIn({static_cast<int>(client.right), static_cast<int>(client.bottom)}), font_->dpi());
     }
 }
 

@@ -50,6 +50,10 @@ protected:
     // The window stands: gives its size to the container, then the widgets and the container their peers.
     void useFont(int dpi);
     void fill();
+    // The container takes the size that the window has for it now.
+    void resized();
+    // The size of the container in a client area.
+    [[nodiscard]] virtual ui::Size sizeIn(ui::Size client) const { return client; }
     // New dots per inch, or the user's new font.
     void changeFont(int dpi);
     [[nodiscard]] int dpi() const noexcept { return font_->dpi(); }
@@ -64,6 +68,8 @@ protected:
     virtual void focusCame() {}
     virtual void focusWent() {}
     virtual void focusMoved() {}
+    // The widgets know who has the focus, and no mouse button is held any more.
+    virtual void focusSettled() {}
 
     [[nodiscard]] PeerPointer peerOf(HWND window) const noexcept;
     [[nodiscard]] const std::vector<PeerPointer>& peers() const noexcept { return peers_; }
@@ -80,7 +86,6 @@ private:
     static constexpr UINT settleLater = WM_APP;
     static constexpr UINT_PTR settleTimer = 1;
 
-    void resized();
     void makePeers();
     [[nodiscard]] PeerPointer pointerTo(const Peer& peer) const noexcept;
     [[nodiscard]] std::size_t positionOf(const Peer& peer) const noexcept;

@@ -148,13 +148,19 @@ void ContainerWindow::settleWhenFree() {
     }
     KillTimer(handle(), settleTimer);
     settleFocus();
+    if (handle() != nullptr) {
+        focusSettled();
+    }
 }
 
 // ---- access keys
 
-// A label's or a frame's key belongs to what follows it.
+// A label's or a frame's key belongs to what follows it; of several at one place, to the one that is shown.
 ContainerWindow::PeerPointer ContainerWindow::accessTarget(std::size_t position) const noexcept {
-    while (position < peers_.size() && !peers_[position]->takesFocus()) {
+    const auto passedOver = [](const Peer& peer) {
+        return !peer.takesFocus() || peer.widget() == nullptr || !peer.widget()->isShown();
+    };
+    while (position < peers_.size() && passedOver(*peers_[position])) {
         ++position;
     }
     return position < peers_.size() && canFocus(*peers_[position]) ? peers_[position] : nullptr;

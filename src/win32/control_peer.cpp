@@ -1,5 +1,7 @@
 #include "win32/control_peer.h"
 
+#include <windowsx.h>
+
 #include "base/failure.h"
 #include "win32/convert.h"
 #include "win32/fonts.h"
@@ -74,7 +76,9 @@ void ControlPeer::showAny(ui::Aspect changed) {
         EnableWindow(window_, widget_->isUsable());
     }
     if (everything || changed == Aspect::Bounds) {
-        const RECT at = windowBounds();
+        RECT at = windowBounds();
+        const ui::Point scrolled = host_->scrolled();
+        OffsetRect(&at, -scrolled.x, -scrolled.y);
         SetWindowPos(window_, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
     }
@@ -91,6 +95,12 @@ void ControlPeer::showAny(ui::Aspect changed) {
 }
 
 RECT ControlPeer::windowBounds() const noexcept { return rectOf(widget_->bounds()); }
+
+bool ControlPeer::takesWheel(POINT at) const noexcept {
+    RECT own{};
+    GetWindowRect(window_, &own);
+    return PtInRect(&own, at) != FALSE;
+}
 
 void ControlPeer::setWindowText(const std::string& text) const { SetWindowTextW(window_, widened(text).c_str()); }
 
@@ -184,7 +194,10 @@ LRESULT ControlPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CALLBACK ControlPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return onPeer(window, message, wParam, lParam, [&](ControlPeer& peer) {
+    return onPeer(window, message, wParam, lParam, [&](ControlPeer& peer) -> LRESULT {
+        if (message == WM_MOUSEWHEEL && !peer.takesWheel({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) {
+            return SendMessageW(GetParent(window), message, wParam, lParam);
+        }
         const LRESULT result = peer.message(message, wParam, lParam);
         if (message == WM_NCDESTROY) {
             peer.window_ = nullptr;

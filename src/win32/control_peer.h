@@ -48,7 +48,11 @@ protected:
     // widget.
     virtual void userDid(unsigned code) = 0;
     [[nodiscard]] virtual bool showsCaption() const noexcept { return true; }
+    // On the surface that the widgets stand on.
     [[nodiscard]] virtual RECT windowBounds() const noexcept;
+    // Whether the wheel turned over what the control uses it for; else it is for the window around, even where the
+    // control has the focus: who wants to scroll does not want to change a value.
+    [[nodiscard]] virtual bool takesWheel(POINT at) const noexcept;
 
     // Raises the key event that a message stands for. Answers the key or character to go on with, and nothing where the
     // widget swallowed it or the control has no use for it; any other message goes on as it is.

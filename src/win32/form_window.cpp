@@ -1,5 +1,6 @@
 #include "win32/form_window.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "win32/convert.h"
@@ -33,6 +34,7 @@ void FormWindow::open(HWND owner) {
     useFont(dpiOf(handle()));
     placeFirst(owner);
     placing_ = false;
+    showBars();
     follow();
     fill();
     const auto alive = shared_from_this();
@@ -41,25 +43,29 @@ void FormWindow::open(HWND owner) {
 }
 
 void FormWindow::placeFirst(HWND owner) {
-    const ui::Form& form = *openForm();
-    const ui::Size size = wholeSize(form.wantedSize(ui::Metrics(desktop(), dpi())));
-    const ui::Rect& last = form.bounds();
+    const ui::Rect last = openForm()->bounds();
     if (isModal() || last.empty()) {
-        place(keptOnScreen(around(middleOver(owner), size)));
+        const ui::Point middle = middleOver(owner);
+        place(keptOnScreen(around(middle, wholeSize(screenAt(around(middle, {1, 1}))))));
     } else {
+        const ui::Size size = wholeSize(screenAt(last));
         place(keptOnScreen({last.left, last.top, last.left + size.width, last.top + size.height}));
     }
 }
 
-// Of the window with that client area; the frame is as wide as the system makes it now.
-ui::Size FormWindow::wholeSize(ui::Size client) const noexcept {
+ui::Size FormWindow::wantedSize() const { return openForm()->wantedSize(ui::Metrics(desktop(), dpi())); }
+
+// Of the window with room for the layout, or for as much of it as the screen has room for; the frame is as wide as the
+// system makes it now.
+ui::Size FormWindow::wholeSize(const ui::Rect& screen) const {
     RECT whole{};
-    RECT inside{};
     GetWindowRect(handle(), &whole);
-    GetClientRect(handle(), &inside);
     const ui::Rect around = rectOf(whole);
-    return {client.width + around.width() - static_cast<int>(inside.right),
-            client.height + around.height() - static_cast<int>(inside.bottom)};
+    const ui::Size room = ScrollBars::roomOf(handle());
+    const ui::Size frame{around.width() - room.width, around.height() - room.height};
+    const ui::Size most{screen.width() - frame.width, screen.height() - frame.height};
+    const ui::Size view = ui::viewOf(wantedSize(), most, ScrollBars::widths()).size;
+    return {view.width + frame.width, view.height + frame.height};
 }
 
 void FormWindow::place(const ui::Rect& bounds) noexcept {
@@ -68,10 +74,41 @@ void FormWindow::place(const ui::Rect& bounds) noexcept {
 }
 
 void FormWindow::fitToLayout() {
-    const ui::Form& form = *openForm();
-    const ui::Size size = wholeSize(form.wantedSize(ui::Metrics(desktop(), dpi())));
-    const ui::Rect& now = form.bounds();
+    const ui::Rect now = openForm()->bounds();
+    const ui::Size size = wholeSize(screenAt(now));
     place(keptOnScreen({now.left, now.top, now.left + size.width, now.top + size.height}));
+    // A window that is as large as before hears of no new size.
+    resized();
+    showBars();
+    revealFocus();
+}
+
+// -- a window that is smaller than its layout ------------------------------------------------------------------------
+
+// What stands on the form needs its room, also where the window has less of it.
+ui::Size FormWindow::sizeIn(ui::Size client) const {
+    const ui::Size wanted = wantedSize();
+    return {std::max(client.width, wanted.width), std::max(client.height, wanted.height)};
+}
+
+void FormWindow::showBars() {
+    if (openForm() != nullptr && handle() != nullptr && !placing_) {
+        bars_.fit(handle(), wantedSize());
+    }
+}
+
+void FormWindow::focusSettled() { revealFocus(); }
+
+void FormWindow::revealFocus() {
+    const PeerPointer focused = current();
+    const ui::Widget* const widget = focused ? focused->widget() : nullptr;
+    if (widget != nullptr && handle() != nullptr) {
+        bars_.reveal(handle(), widget->bounds(), ui::Metrics(desktop(), dpi()).margin());
+    }
+}
+
+bool FormWindow::scroll(UINT message, WPARAM wParam) {
+    return openForm() != nullptr && bars_.take(handle(), message, wParam, ui::Metrics(desktop(), dpi()).fieldHeight());
 }
 
 // The form knows where its window is.
@@ -199,8 +236,19 @@ LRESULT FormWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_SIZE:
         ContainerWindow::message(message, wParam, lParam);
+        showBars();
         follow();
         return 0;
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+        // Sliders report with the same messages.
+        if (lParam != 0 || !scroll(message, wParam)) {
+            return ContainerWindow::message(message, wParam, lParam);
+        }
+        return 0;
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+        return scroll(message, wParam) ? 0 : ContainerWindow::message(message, wParam, lParam);
     case WM_SETTINGCHANGE:
         ContainerWindow::message(message, wParam, lParam);
         if (openForm() != nullptr) {

@@ -11,6 +11,7 @@
 #include "win32/container_window.h"
 #include "win32/key_hook.h"
 #include "win32/modal_time.h"
+#include "win32/scroll_bars.h"
 
 namespace telvar::win32 {
 
@@ -39,6 +40,7 @@ public:
 
     // ---- PeerHost
     [[nodiscard]] bool looksDefault(const ui::Button& button) const noexcept override;
+    [[nodiscard]] ui::Point scrolled() const noexcept override { return bars_.position(); }
     [[nodiscard]] std::shared_ptr<void> hold() const override;
 
     // ---- the form's peer
@@ -48,6 +50,8 @@ public:
 protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void focusMoved() override;
+    void focusSettled() override;
+    [[nodiscard]] ui::Size sizeIn(ui::Size client) const override;
     void release() noexcept override;
 
 private:
@@ -59,9 +63,13 @@ private:
 
     [[nodiscard]] ui::Form* openForm() const noexcept { return static_cast<ui::Form*>(container()); }
     void placeFirst(HWND owner);
-    [[nodiscard]] ui::Size wholeSize(ui::Size client) const noexcept;
+    [[nodiscard]] ui::Size wantedSize() const;
+    [[nodiscard]] ui::Size wholeSize(const ui::Rect& screen) const;
     void place(const ui::Rect& bounds) noexcept;
     void fitToLayout();
+    void showBars();
+    void revealFocus();
+    bool scroll(UINT message, WPARAM wParam);
     void follow();
     void moveToDpi(int dpi, const RECT& suggested);
     void closedByUser();
@@ -78,6 +86,7 @@ private:
     Kind kind_;
     HWND focusBefore_ = nullptr;
     DisabledWindows disabled_;
+    ScrollBars bars_;
     std::optional<KeyHook> hook_;
     std::deque<TakenKey> taken_;
     WPARAM lastNumber_ = 0;

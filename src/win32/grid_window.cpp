@@ -67,8 +67,9 @@ void GridWindow::show(ui::Aspect changed) noexcept {
     }
     if (placedAt_ != grid_->bounds()) {
         placedAt_ = grid_->bounds();
-        SetWindowPos(handle(), nullptr, placedAt_.left, placedAt_.top, placedAt_.width(), placedAt_.height(),
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        const ui::Point scrolled = host_->scrolled();
+        SetWindowPos(handle(), nullptr, placedAt_.left - scrolled.x, placedAt_.top - scrolled.y, placedAt_.width(),
+                     placedAt_.height(), SWP_NOZORDER | SWP_NOACTIVATE);
     }
     if (((GetWindowLongW(handle(), GWL_STYLE) & WS_VISIBLE) != 0) != grid_->visible()) {
         ShowWindow(handle(), grid_->visible() ? SW_SHOWNA : SW_HIDE);

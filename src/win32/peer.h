@@ -68,6 +68,8 @@ public:
     virtual void passFocusOn(Peer& peer) noexcept = 0;
     // Whether Enter presses that button now.
     [[nodiscard]] virtual bool looksDefault(const ui::Button& button) const noexcept = 0;
+    // The point of the widgets' surface at the upper left corner of the window.
+    [[nodiscard]] virtual ui::Point scrolled() const noexcept { return {}; }
     // Raises what moves of the focus left to be raised. Comes before every click and key: leaving a field may show a
     // message box, which inside the system's focus change would swallow the click that caused it.
     virtual void settleFocus() = 0;

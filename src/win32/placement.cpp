@@ -33,9 +33,13 @@ ui::Point middleOver(HWND owner) noexcept {
     return {(over.left + over.right) / 2, (over.top + over.bottom) / 2};
 }
 
+ui::Rect screenAt(const ui::Rect& at) noexcept {
+    const RECT rect = rectOf(at);
+    return workArea(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST));
+}
+
 ui::Rect keptOnScreen(const ui::Rect& window) noexcept {
-    const RECT wanted = rectOf(window);
-    const ui::Rect screen = workArea(MonitorFromRect(&wanted, MONITOR_DEFAULTTONEAREST));
+    const ui::Rect screen = screenAt(window);
     const int left = held(window.left, window.width(), screen.left, screen.right);
     const int top = held(window.top, window.height(), screen.top, screen.bottom);
     return {left, top, left + window.width(), top + window.height()};

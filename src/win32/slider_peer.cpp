@@ -5,6 +5,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "win32/control_peer.h"
 #include "win32/peers.h"
 
@@ -24,12 +26,18 @@ protected:
     [[nodiscard]] Control control() const noexcept override {
         INITCOMMONCONTROLSEX needed{.dwSize = sizeof needed, .dwICC = ICC_BAR_CLASSES};
         InitCommonControlsEx(&needed);
-        return {.className = TRACKBAR_CLASSW, .style = WS_TABSTOP | TBS_VERT | TBS_NOTICKS | TBS_BOTH};
+        return {.className = TRACKBAR_CLASSW,
+                .style = WS_TABSTOP | TBS_VERT | TBS_NOTICKS | TBS_BOTH | TBS_FIXEDLENGTH};
     }
 
     void showAspect(ui::Aspect changed) override {
         using ui::Aspect;
         const bool everything = changed == Aspect::Everything;
+        if (everything || changed == Aspect::Bounds) {
+            // As wide as the slider, less its border: by itself the thumb stays small at a high resolution.
+            constexpr int border = 4;
+            send(TBM_SETTHUMBLENGTH, static_cast<WPARAM>(std::max(slider()->bounds().width() - border, 1)), 0);
+        }
         if (everything || changed == Aspect::Items) {
             send(TBM_SETRANGEMIN, FALSE, slider()->minimum());
             send(TBM_SETRANGEMAX, FALSE, slider()->maximum());

@@ -18,24 +18,13 @@
 #include "win32/convert.h"
 #include "win32/gdi.h"
 #include "win32/module.h"
+#include "world.h"
 
 namespace telvar::win32 {
 
 namespace {
 
 constexpr UINT dpiChanged = 0x02E0;
-
-HWND windowOf(HWND form, const ui::Widget& widget) {
-    for (HWND child = GetWindow(form, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        RECT at{};
-        GetWindowRect(child, &at);
-        MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&at), 2);
-        if (at.left == widget.bounds().left && at.top == widget.bounds().top && at.right == widget.bounds().right) {
-            return child;
-        }
-    }
-    return nullptr;
-}
 
 // Pixels that a text takes in the font that the window has, broken at a width or, for 0, in one line.
 ui::Size extentOf(HWND window, const std::string& text, int width, UINT format) {
@@ -61,7 +50,7 @@ int taken(const ui::Widget& widget, int line) {
 }
 
 void expectRoomForTexts(HWND form, const ui::Widget& widget) {
-    const HWND window = windowOf(form, widget);
+    const HWND window = childThatShows(form, widget);
     ASSERT_NE(window, nullptr) << widget.name();
     const ui::Rect& bounds = widget.bounds();
     const int line = extentOf(window, "M", 0, 0).height;

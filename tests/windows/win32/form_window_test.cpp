@@ -302,6 +302,18 @@ TEST_F(Forms, ASliderShowsItsMinimumAtTheTop) {
     EXPECT_GT(thumbAt(0), 0.8);
 }
 
+TEST_F(Forms, TheThumbOfASliderStandsInItsMiddleAtAnyResolution) {
+    openModeless();
+    for (const int dpi : {96, 144, 192}) {
+        const RECT suggested{10, 10, 700, 700};
+        SendMessageW(window(), dpiChanged, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+                     reinterpret_cast<LPARAM>(&suggested));
+        const RECT thumb = thumbOf(windowOf(widgets.level));
+        EXPECT_NEAR(thumb.left + thumb.right, widgets.level.bounds().width(), 4) << dpi;
+        EXPECT_GT(thumb.right - thumb.left, widgets.level.bounds().width() / 2) << dpi;
+    }
+}
+
 TEST_F(Forms, ASliderIsMovedByTheMouse) {
     openModeless();
     const HWND slider = windowOf(widgets.level);

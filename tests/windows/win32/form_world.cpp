@@ -89,24 +89,14 @@ void FormWorld::whenOpen(std::function<void()> then) {
     });
 }
 
-HWND FormWorld::windowOf(const ui::Widget& widget) const {
-    for (HWND child = GetWindow(window(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        RECT at{};
-        GetWindowRect(child, &at);
-        MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&at), 2);
-        if (at.left == widget.bounds().left && at.top == widget.bounds().top) {
-            return child;
-        }
-    }
-    return nullptr;
-}
+HWND FormWorld::windowOf(const ui::Widget& widget) const { return childThatShows(window(), widget); }
 
-std::string FormWorld::focused() const {
+std::string FormWorld::focused(const ui::Form& form) const {
     HWND focus = GetFocus();
     while (focus != nullptr && GetParent(focus) != window()) {
         focus = GetAncestor(focus, GA_PARENT);
     }
-    for (const ui::Widget* const child : widgets.form.children()) {
+    for (const ui::Widget* const child : form.children()) {
         if (focus != nullptr && windowOf(*child) == focus) {
             return child->name();
         }
@@ -143,7 +133,15 @@ void FormWorld::press(WORD code, std::initializer_list<WORD> held) {
 
 void FormWorld::key(WORD code, std::initializer_list<WORD> held) {
     press(code, held);
-    pump();
+    inForeignLoop ? runForeignLoop() : pump();
+}
+
+void FormWorld::runForeignLoop() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
 }
 
 void FormWorld::openModeless() {

@@ -51,10 +51,15 @@ protected:
     [[nodiscard]] HWND window() const;
     [[nodiscard]] HWND windowOf(const ui::Widget& widget) const;
     // Name of the widget that has the focus, empty for none.
-    [[nodiscard]] std::string focused() const;
+    [[nodiscard]] std::string focused() const { return focused(widgets.form); }
+    [[nodiscard]] std::string focused(const ui::Form& form) const;
     void click(HWND window);
-    // Pressed and released, with others held meanwhile; handled when this returns.
+    // Pressed and released, with others held meanwhile; handled when this returns, by the desktop's loop or, if that is
+    // set, by a host's that knows nothing of forms.
     void key(WORD code, std::initializer_list<WORD> held = {});
+    bool inForeignLoop = false;
+    // The whole of a host's loop, until the queue is empty.
+    static void runForeignLoop();
     static void press(WORD code, std::initializer_list<WORD> held = {});
     // Until the form is not open any more.
     void untilClosed() {

@@ -31,6 +31,22 @@ TopWindow::TopWindow(int width, int height) {
 
 TopWindow::~TopWindow() { DestroyWindow(handle_); }
 
+HWND childThatShows(HWND parent, const ui::Widget& widget) {
+    const int left = widget.bounds().left - GetScrollPos(parent, SB_HORZ);
+    const int top = widget.bounds().top - GetScrollPos(parent, SB_VERT);
+    for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        RECT at{};
+        GetWindowRect(child, &at);
+        MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&at), 2);
+        const bool shown = (GetWindowLongW(child, GWL_STYLE) & WS_VISIBLE) != 0;
+        if (at.left == left && at.top == top && at.right - at.left == widget.bounds().width() &&
+            shown == widget.isShown()) {
+            return child;
+        }
+    }
+    return nullptr;
+}
+
 Picture::Picture(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
@@ -145,17 +161,7 @@ bool World::until(const std::function<bool()>& condition) {
     return met;
 }
 
-HWND World::windowOf(const ui::Widget& widget) const {
-    for (HWND child = GetWindow(panel->hwnd(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        RECT at{};
-        GetWindowRect(child, &at);
-        MapWindowPoints(nullptr, panel->hwnd(), reinterpret_cast<POINT*>(&at), 2);
-        if (at.left == widget.bounds().left && at.top == widget.bounds().top) {
-            return child;
-        }
-    }
-    return nullptr;
-}
+HWND World::windowOf(const ui::Widget& widget) const { return childThatShows(panel->hwnd(), widget); }
 
 bool World::press(WPARAM key, LPARAM character) {
     MSG message{};

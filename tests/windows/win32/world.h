@@ -40,6 +40,10 @@ private:
     HWND handle_;
 };
 
+// The child window that shows a widget, found by its place on the scrolled surface; null for none. Of several at the
+// same place the one that is shown as the widget is.
+[[nodiscard]] HWND childThatShows(HWND parent, const ui::Widget& widget);
+
 // The client area of a window as the screen shows it.
 class Picture {
 public:
