@@ -97,8 +97,8 @@ TEST_F(SystemPrinter, TheSystemsPageSetupHasTheChoiceOfChannels) {
         GetWindowRect(dialog, &whole);
         EXPECT_LE(own.bottom, button.top);
         EXPECT_LE(button.bottom, whole.bottom);
-        CheckDlgButton(dialog, PAGE_ONLY_IN_USE, BST_CHECKED);
         takePicture(dialog, "system_page_setup");
+        CheckDlgButton(dialog, PAGE_ONLY_IN_USE, BST_CHECKED);
         accept(dialog);
     });
     EXPECT_TRUE(printers.setUpPage(nullptr, setup));
