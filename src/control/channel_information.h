@@ -150,6 +150,9 @@ public:
     // The question that the user may switch off.
     Confirmation confirmation;
 
+    // For hosts that offer the form without the mouse: as a double-click on the current row, but a form that shows it
+    // already only comes to the front.
+    void editChannel();
     // Before the table goes: the user applies or drops the edits in the open form, or wants to stay (False).
     [[nodiscard]] bool leaveEdits();
 

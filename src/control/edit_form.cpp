@@ -57,6 +57,14 @@ void ChannelInformation::fgdDatabase_DblClick() {
     });
 }
 
+void ChannelInformation::editChannel() {
+    if (closed_ || !editFormShown() || fgdDatabase.row() != frmCE.channel()) {
+        fgdDatabase_DblClick();
+        return;
+    }
+    ui::resumed([this] { desktop_.showModeless(frmCE); });
+}
+
 void ChannelInformation::markSelected(int row) {
     store()->put(StoreMember::SelectedChannel, static_cast<std::int16_t>(row));
     txtChannelSelect.setText(base::toText(store()->get(StoreMember::SelectedChannel), numberFormat_));

@@ -117,6 +117,7 @@ private:
     void showTable();
     void showTableName();
     void callControl(ControlMethod method);
+    void editChannel();
     void goToChannel();
     // Asks for a level and its password, and enters it; false when the user cancels.
     [[nodiscard]] bool logIn(const std::wstring& why, AccessLevel suggested);

@@ -58,6 +58,9 @@ void MainWindow::run(int command) {
     case COMMAND_FILL_SERIES:
         callControl(&_ChannelInformation::ChannelFillSeries);
         break;
+    case COMMAND_EDIT_CHANNEL:
+        editChannel();
+        break;
     case COMMAND_GO_TO:
         goToChannel();
         break;
@@ -225,6 +228,16 @@ void MainWindow::callControl(ControlMethod method) {
     attempt([&] {
         const ControlCall call(*this);
         com::checkCall((channels_.get()->*method)());
+    });
+    refreshState();
+}
+
+void MainWindow::editChannel() {
+    attempt([&] {
+        const ControlCall call(*this);
+        if (const auto grid = com::ComPointer<IChannelGrid>::from(channels_)) {
+            com::checkCall(grid->EditChannel());
+        }
     });
     refreshState();
 }

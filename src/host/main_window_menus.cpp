@@ -48,6 +48,7 @@ void MainWindow::showEditMenu(HMENU menu) {
     const bool fills = mayAct() && control_ && control_->commandEnabled(OLECMDID_DELETE);
     enable(menu, COMMAND_FILL_DOWN, fills);
     enable(menu, COMMAND_FILL_SERIES, fills);
+    enable(menu, COMMAND_EDIT_CHANNEL, mayAct());
     enable(menu, COMMAND_GO_TO, mayAct());
 }
 

@@ -45,6 +45,7 @@
 #define COMMAND_PRINT_PREVIEW 228
 #define COMMAND_PRINT 229
 #define COMMAND_SAVE_HTML 230
+#define COMMAND_EDIT_CHANNEL 231
 // One for each of the nine recent files.
 #define COMMAND_RECENT_FIRST 300
 #define COMMAND_RECENT_LAST 308

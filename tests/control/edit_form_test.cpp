@@ -151,6 +151,25 @@ TEST_F(ControlEditForm, ADoubleClickOverEditsThatTheUserKeepsLeavesEverything) {
     EXPECT_EQ(selectedChannel(), 4);
 }
 
+TEST_F(ControlEditForm, OpensWithoutTheMouseToo) {
+    grid().setCurrent({4, 3});
+    control->editChannel();
+    EXPECT_TRUE(open());
+    EXPECT_EQ(shown(), "4");
+    EXPECT_EQ(selectedChannel(), 4);
+    edit();
+    control->editChannel();
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
+    EXPECT_EQ(boxes(), Boxes{});
+    grid().setCurrent({6, 3});
+    desktop.answerWith(Answer::Yes);
+    control->editChannel();
+    EXPECT_EQ(shown(), "6");
+    control->close();
+    control->editChannel();
+    EXPECT_FALSE(open());
+}
+
 // -- following the grid ----------------------------------------------------------------------------------------------
 
 TEST_F(ControlEditForm, FollowsTheRowThatTheUserMovesTo) {

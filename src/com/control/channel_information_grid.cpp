@@ -87,4 +87,8 @@ HRESULT ChannelInformationObject::LeaveEdits(VARIANT_BOOL* left) noexcept {
     });
 }
 
+HRESULT ChannelInformationObject::EditChannel() noexcept {
+    return method([&] { control_.editChannel(); });
+}
+
 }  // namespace telvar::com

@@ -114,6 +114,7 @@ public:
     STDMETHODIMP put_LeftColumn(LONG column) noexcept override;
     STDMETHODIMP get_Redraw(VARIANT_BOOL* redraw) noexcept override;
     STDMETHODIMP LeaveEdits(VARIANT_BOOL* left) noexcept override;
+    STDMETHODIMP EditChannel() noexcept override;
 
     // ---- IOleObject, see channel_information_embedding.cpp
     STDMETHODIMP SetClientSite(IOleClientSite* site) noexcept override;

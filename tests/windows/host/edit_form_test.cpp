@@ -44,6 +44,16 @@ TEST_F(EditFormOverTheProgram, BelongsToItAndLeavesItUsable) {
     EXPECT_EQ(textOf(channelField()), std::to_string(channel));
 }
 
+TEST_F(EditFormOverTheProgram, OpensByTheKeyboard) {
+    dialogs.ignore(L"Channel Edit");
+    start(sample("maritime.telvar", "table.telvar"));
+    select(5, 2, 5, 2);
+    Program::press({VK_F2});
+    ASSERT_NE(form(), nullptr);
+    EXPECT_EQ(textOf(channelField()), "5");
+    EXPECT_EQ(GetForegroundWindow(), form());
+}
+
 TEST_F(EditFormOverTheProgram, FollowsGoToChannel) {
     open();
     dialogs.expect([](HWND dialog) {
