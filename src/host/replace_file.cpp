@@ -29,9 +29,18 @@ DWORD writeAll(HANDLE file, std::string_view contents) {
     return FlushFileBuffers(file) ? ERROR_SUCCESS : GetLastError();
 }
 
+// The folder would allow the replacement of a file that may not be written to.
+bool isReadOnly(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
 }  // namespace
 
 void replaceFile(const std::wstring& path, std::string_view contents) {
+    if (isReadOnly(path)) {
+        failed(path, ERROR_ACCESS_DENIED);
+    }
     const std::wstring temporary = path + L"." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
     const HANDLE file =
         CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);

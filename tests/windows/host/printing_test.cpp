@@ -222,6 +222,27 @@ TEST_F(PrintCommands, AnHtmlFileThatCannotBeWrittenIsToldInOneSentence) {
     EXPECT_EQ(folder.entries(), (std::vector<std::string>{"a.telvar", "taken.html"}));
 }
 
+TEST_F(PrintCommands, AnHtmlFileThatMayNotBeReplacedStaysAndIsTold) {
+    startWith("pmr446.telvar");
+    const std::wstring file = path("kept.html");
+    TemporaryFolder::write(folder / "kept.html", "before");
+    ASSERT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY));
+    dialogs.expectFile(file);
+    dialogs.expectBox(IDYES);
+    dialogs.expectBox(IDOK);
+    command(COMMAND_SAVE_HTML);
+    const std::wstring& sentence = dialogs.shown().back();
+    EXPECT_TRUE(sentence.starts_with(L"Telvar: " + file + L" could not be written: ")) << com::narrow(sentence);
+    EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
+    EXPECT_EQ(TemporaryFolder::read(folder / "kept.html"), "before");
+    EXPECT_EQ(folder.entries(), (std::vector<std::string>{"a.telvar", "kept.html"}));
+    SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+    dialogs.expectFile(file);
+    dialogs.expectBox(IDYES);
+    command(COMMAND_SAVE_HTML);
+    EXPECT_TRUE(TemporaryFolder::read(folder / "kept.html").starts_with("<!DOCTYPE html>"));
+}
+
 TEST_F(PrintCommands, ACancelledHtmlFileIsNone) {
     startWith("pmr446.telvar");
     dialogs.expectBox(IDCANCEL);
