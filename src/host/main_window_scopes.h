@@ -7,7 +7,7 @@ namespace telvar::host {
 
 class MainWindow::Modal {
 public:
-    explicit Modal(MainWindow& owner) : owner_(owner) {
+    explicit Modal(MainWindow& owner) : owner_(owner), before_(GetActiveWindow()) {
         ++owner_.modal_;
         owner_.saveFocus();
         tell(false);
@@ -19,6 +19,10 @@ public:
     ~Modal() {
         tell(true);
         --owner_.modal_;
+        // The user goes on where the question came from, such as the control's edit form, not in the window below it.
+        if (before_ != owner_.window_ && IsWindowVisible(before_) != FALSE && IsWindowEnabled(before_) != FALSE) {
+            SetActiveWindow(before_);
+        }
     }
 
 private:
@@ -29,6 +33,7 @@ private:
     }
 
     MainWindow& owner_;
+    HWND before_;
 };
 
 class MainWindow::ControlCall {

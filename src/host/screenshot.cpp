@@ -23,6 +23,26 @@ struct FreeBitmap {
 template <class Handle, class Free>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Free>;
 
+// A window and what it owns.
+struct Covered {
+    HWND window;
+    RECT area;
+};
+
+BOOL CALLBACK addOwned(HWND window, LPARAM data) noexcept {
+    auto& covered = *reinterpret_cast<Covered*>(data);
+    HWND owner = GetWindow(window, GW_OWNER);
+    while (owner != nullptr && owner != covered.window) {
+        owner = GetWindow(owner, GW_OWNER);
+    }
+    RECT own{};
+    if (owner != nullptr && IsWindowVisible(window) != FALSE && GetWindowRect(window, &own) != FALSE) {
+        const RECT before = covered.area;
+        UnionRect(&covered.area, &before, &own);
+    }
+    return TRUE;
+}
+
 Owned<HBITMAP, FreeBitmap> pictureOf(const RECT& area) {
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
@@ -75,9 +95,10 @@ void writePng(HBITMAP bitmap, const std::wstring& path) {
 }  // namespace
 
 void savePicture(HWND window, const std::wstring& path) {
-    RECT area{};
-    GetWindowRect(window, &area);
-    writePng(pictureOf(area).get(), path);
+    Covered covered{.window = window, .area = {}};
+    GetWindowRect(window, &covered.area);
+    EnumThreadWindows(GetWindowThreadProcessId(window, nullptr), addOwned, reinterpret_cast<LPARAM>(&covered));
+    writePng(pictureOf(covered.area).get(), path);
 }
 
 }  // namespace telvar::host

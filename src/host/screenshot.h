@@ -7,8 +7,9 @@
 
 namespace telvar::host {
 
-// Writes a PNG file of the window's rectangle on the screen, with whatever lies over it (menus, message boxes). COM is
-// initialised. Throws com::ComFailure where the picture cannot be taken or written.
+// Writes a PNG file of the rectangle on the screen that the window and what it owns take (forms, message boxes), with
+// whatever lies over it, such as menus. COM is initialised. Throws com::ComFailure where the picture cannot be taken or
+// written.
 void savePicture(HWND window, const std::wstring& path);
 
 }  // namespace telvar::host

@@ -1,6 +1,6 @@
 // What the steps of the main job share: the program, what they have seen of it so far, and how they look at it. The
 // steps themselves are in walk_steps.cpp, those that edit the table in walk_editing.cpp, those with the radio in
-// walk_radio.cpp.
+// walk_radio.cpp, those with the edit form in walk_channel_edit.cpp.
 #pragma once
 
 #include <string>
@@ -15,6 +15,7 @@ namespace telvar::host {
 
 // The frequency that the steps look at and change.
 inline constexpr int transmitColumn = 1;
+inline constexpr int receiveColumn = 2;
 
 // A channel with a transmit frequency. One step more is a frequency that its synthesizer makes as well.
 struct Transmitting {
@@ -30,9 +31,11 @@ public:
           sample_(std::move(sample)),
           copy_(folder + L"\\walk-copy.telvar"),
           radioFile_(folder + L"\\walk-radio.telvar-radio"),
-          backups_(folder + L"\\radio-backups") {
+          backups_(folder + L"\\radio-backups"),
+          trace_(folder + L"\\walk-radio-trace.txt") {
         DeleteFileW(copy_.c_str());
         DeleteFileW(radioFile_.c_str());
+        DeleteFileW(trace_.c_str());
     }
 
     [[nodiscard]] std::vector<WalkStep> steps();
@@ -55,9 +58,15 @@ private:
     void addSlowSend(std::vector<WalkStep>& steps);
     void addLoad(std::vector<WalkStep>& steps);
     void addCutSend(std::vector<WalkStep>& steps);
+    void addChannelEdit(std::vector<WalkStep>& steps);
+    void addEditFormOpening(std::vector<WalkStep>& steps);
+    void addApply(std::vector<WalkStep>& steps);
+    void addLiveLevel(std::vector<WalkStep>& steps);
+    void addEditFormOk(std::vector<WalkStep>& steps);
     void addFault(std::vector<WalkStep>& steps, const std::wstring& plan, const std::wstring& what);
     WalkStep pasteStep(const std::wstring& what, long (*from)(const Transmitting&));
     WalkStep sendStep(const std::wstring& what, const std::wstring& picture);
+    WalkStep moveStep(const std::wstring& what, WORD key, const std::wstring& picture);
     WalkStep saveStep(const std::wstring& what);
     WalkStep endStep();
 
@@ -84,9 +93,13 @@ private:
     Lines checkCommands();
     Lines checkRadioFile(bool changed);
     Lines checkLoaded();
+    Lines checkEdited();
     [[nodiscard]] Transmitting firstTransmitting() const;
     void changeFrequency();
     void useOwnRadio();
+    void traceRadio();
+    void goToTransmitting();
+    [[nodiscard]] bool movedLevel(int by) const;
     void pasteFrequency(long hertz);
     [[nodiscard]] bool frequencyBack() const { return cell(sent_.channel, transmitColumn) == megahertz(sent_.hertz); }
     static void enterFileName(const std::wstring& path);
@@ -96,10 +109,12 @@ private:
     std::wstring copy_;
     std::wstring radioFile_;  // what the simulated radio holds
     std::wstring backups_;
+    std::wstring trace_;  // what goes over the line to the radio
     std::string sampleBytes_;
-    std::string tableBytes_;  // of the table's file when the exchanges begin
-    std::string radioBytes_;  // what the radio held last
-    Transmitting sent_;       // the channel that is changed between the exchanges, as it was before them
+    std::string tableBytes_;   // of the table's file when the exchanges begin
+    std::string radioBytes_;   // what the radio held last
+    std::string levelBefore_;  // the request with the levels before they are moved
+    Transmitting sent_;        // the channel that is changed between the exchanges, as it was before them
     TableCopy expected_;
     int changedChannel_ = 0;
     std::wstring changedText_;

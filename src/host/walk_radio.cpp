@@ -116,12 +116,17 @@ void WalkJob::useOwnRadio() {
 
 void WalkJob::pasteFrequency(long hertz) {
     setClipboard(window_.window(), megahertz(hertz));
+    goToTransmitting();
+    press({VK_CONTROL, 'V'});
+}
+
+// To the frequency of the channel that is changed.
+void WalkJob::goToTransmitting() {
     press({VK_CONTROL, VK_HOME});
     press({VK_HOME});
     for (int channel = 1; channel < sent_.channel; ++channel) {
         press({VK_DOWN});
     }
-    press({VK_CONTROL, 'V'});
 }
 
 WalkStep WalkJob::pasteStep(const std::wstring& what, long (*from)(const Transmitting&)) {

@@ -138,6 +138,7 @@ std::vector<WalkStep> WalkJob::steps() {
     addSaving(steps);
     addReopening(steps);
     addRadio(steps);
+    addChannelEdit(steps);
     steps.push_back(endStep());
     return steps;
 }

@@ -65,6 +65,16 @@ TEST_F(EditFormOverTheProgram, FollowsGoToChannel) {
     EXPECT_EQ(textOf(channelField()), "16");
 }
 
+TEST_F(EditFormOverTheProgram, GetsTheUserBackAfterItsLogin) {
+    open();
+    command(COMMAND_LOG_OUT);
+    dialogs.expect([](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDOK, 0); });
+    SetActiveWindow(form());
+    EditFormDriver::press("Access");
+    EXPECT_TRUE(pumpUntil([this] { return program->accessLevel() == host::AccessLevel::EditChannels; }));
+    EXPECT_EQ(GetActiveWindow(), form());
+}
+
 TEST_F(EditFormOverTheProgram, AppliedEditsMakeTheTableAnUnsavedOne) {
     open();
     edit();
