@@ -2,7 +2,12 @@
 // against the time that its bytes alone would take: the same numbers of bytes, there and back, in the same order, over
 // the same kind of connection, with nobody who makes or reads them. What the radio held goes to the disk in a send;
 // without that the rest is the link's own.
+//
+// Everything runs on one processor. Both sides take turns, so nothing is lost by that; left to the system, the two
+// threads lie on one processor or on two from one run to the next, and waking the other processor a hundred times takes
+// longer than the send.
 #include <benchmark/benchmark.h>
+#include <sched.h>
 
 #include <algorithm>
 #include <array>
@@ -30,6 +35,19 @@ namespace {
 using namespace telvar;
 
 constexpr std::chrono::milliseconds patience{5000};
+
+// For this thread and those that it starts.
+void stayOnOneProcessor(benchmark::State& state) {
+    cpu_set_t present;
+    CPU_ZERO(&present);
+    const int here = ::sched_getcpu();
+    if (here >= 0) {
+        CPU_SET(static_cast<std::size_t>(here), &present);
+    }
+    if (here < 0 || ::sched_setaffinity(0, sizeof present, &present) != 0) {
+        state.SkipWithError("the processor cannot be chosen");
+    }
+}
 
 // Sizes of the frames of one exchange on the line, a request and its answer.
 struct Turn {
@@ -161,6 +179,7 @@ void count(benchmark::State& state, const std::vector<Turn>& turns) {
 }
 
 void bytesAlone(benchmark::State& state) {
+    stayOnOneProcessor(state);
     const std::vector<Turn> turns = turnsOfASend();
     const Answerer answerer(turns);
     const os::Interrupt interrupt;
@@ -180,6 +199,7 @@ void bytesAlone(benchmark::State& state) {
 BENCHMARK(bytesAlone)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void sends(benchmark::State& state, const radio::KeepTable& keep) {
+    stayOnOneProcessor(state);
     const std::vector<Turn> turns = turnsOfASend();
     const Radio served;
     Client client(served, keep);
