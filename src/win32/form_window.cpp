@@ -79,6 +79,8 @@ void FormWindow::fitToLayout() {
     place(keptOnScreen({now.left, now.top, now.left + size.width, now.top + size.height}));
     // A window that is as large as before hears of no new size.
     resized();
+    // A frame leaves its inside alone, so nobody would erase the lines that a moved one leaves behind.
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     showBars();
     revealFocus();
 }
@@ -206,6 +208,10 @@ void FormWindow::show(ui::Aspect changed) noexcept {
         return;
     }
     ContainerWindow::show(changed);
+    // The system takes the focus from what is disabled, and does not give it back.
+    if (changed == Aspect::Enabled && openForm()->enabled() && GetActiveWindow() == handle() && GetFocus() == nullptr) {
+        SetFocus(handle());
+    }
     try {
         if (changed == Aspect::Everything || changed == Aspect::Text) {
             SetWindowTextW(handle(), widened(openForm()->caption()).c_str());
