@@ -23,6 +23,18 @@ constexpr std::uint8_t noChannel = 0;
     return static_cast<std::uint8_t>(*number);
 }
 
+// By value: the put may let the link go, and its pointer to the store with it. False where the store failed.
+bool putQuietly(model::DataStorePointer store, StoreMember member, const base::Value& value) noexcept {
+    try {
+        if (store) {
+            store->put(member, value);
+        }
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 RadioLinkCore::RadioLinkCore(base::Dispatcher& dispatcher, std::unique_ptr<LinkClock> clock)
@@ -61,8 +73,9 @@ void RadioLinkCore::LoadChannelTable(std::string& /*text*/, bool& /*flag*/) {
 void RadioLinkCore::SendPotValues(std::string& /*text*/) {
     start(Task::SetLevels, [this]() -> Job {
         Levels levels{};
+        auto& store = requiredStore();
         for (std::size_t at = 0; at < levels.size(); ++at) {
-            levels[at] = requiredStore().PotValue(static_cast<std::int16_t>(at));
+            levels[at] = store.PotValue(static_cast<std::int16_t>(at));
         }
         return
             [levels](RadioClient& client, const Percent&) -> Report { return {.outcome = client.setLevels(levels)}; };
@@ -117,12 +130,19 @@ void RadioLinkCore::start(Task task, const Preparation& prepare) {
     abortWanted_ = false;
     interrupt_.reset();
     const std::weak_ptr alive(alive_);
+    // Kept until all of it has been read, also where nobody else keeps it.
+    const auto store = taskStore_;
     Report refused;
     try {
-        if (taskStore_) {
-            taskStore_->put(StoreMember::CommsBusy, true);
+        if (store) {
+            store->put(StoreMember::CommsBusy, true);
         }
-        const Job job = alive.expired() ? nullptr : prepare();
+        if (alive.expired()) {
+            // The mark came after the link had gone, which took away what was not there yet.
+            putQuietly(store, StoreMember::CommsBusy, false);
+            return;
+        }
+        const Job job = prepare();
         if (!alive.expired()) {
             runOnWorker(job);
         }
@@ -148,8 +168,8 @@ void RadioLinkCore::runOnWorker(const Job& job) {
             }
             shown = now;
             dispatcher_.post([alive, now] {
-                if (const auto link = alive.lock()) {
-                    (*link)->showProgress(now);
+                if (auto* const link = linkOf(alive)) {
+                    link->showProgress(now);
                 }
             });
         };
@@ -169,8 +189,8 @@ void RadioLinkCore::runOnWorker(const Job& job) {
 
 void RadioLinkCore::postReport(const Alive& alive, Report report) {
     dispatcher_.post([alive, shared = std::make_shared<Report>(std::move(report))] {
-        if (const auto link = alive.lock()) {
-            (*link)->finish(std::move(*shared));
+        if (auto* const link = linkOf(alive)) {
+            link->finish(std::move(*shared));
         }
     });
 }
@@ -230,14 +250,7 @@ Outcome RadioLinkCore::applied(Report& report) {
 }
 
 bool RadioLinkCore::putShared(StoreMember member, const base::Value& value) noexcept {
-    try {
-        if (const auto store = taskStore_) {
-            store->put(member, value);
-        }
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
+    return putQuietly(taskStore_, member, value);
 }
 
 model::DataStore& RadioLinkCore::requiredStore() const {

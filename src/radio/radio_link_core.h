@@ -91,8 +91,14 @@ private:
         bool connected = false;
         std::string backup;
     };
-    // How posted work finds out that the link is gone; looked at on the user-interface thread only.
+    // How posted work finds out that the link is gone; looked at on the user-interface thread only. Nothing holds the
+    // link itself: whatever runs inside its work may let it go, and must be seen to have done so.
     using Alive = std::weak_ptr<RadioLinkCore*>;
+    // Null once the link is gone.
+    [[nodiscard]] static RadioLinkCore* linkOf(const Alive& alive) noexcept {
+        const auto link = alive.lock();
+        return link ? *link : nullptr;
+    }
     using Job = std::function<Report(RadioClient&, const Percent&)>;
     // What the store is read for; made on the user-interface thread.
     using Preparation = std::function<Job()>;
