@@ -5,6 +5,7 @@
 
 #include "base/failure.h"
 #include "ui/menu.h"
+#include "ui/metrics.h"
 #include "ui/timer.h"
 #include "win32/clipboard.h"
 #include "win32/convert.h"
@@ -176,7 +177,7 @@ std::shared_ptr<const FormFont> WindowsDesktop::font(int dpi) {
 
 ui::Size WindowsDesktop::measure(const std::string& text, int dpi) {
     const auto used = font(dpi);
-    return {used->widthOf(widened(text)), used->height()};
+    return {used->widthOf(widened(ui::shownText(text))), used->height()};
 }
 
 base::Dispatcher& WindowsDesktop::dispatcher() { return *messages_; }
