@@ -37,6 +37,11 @@ constexpr const char* hereUnchanged = "the table here was not changed";
 RadioClient::RadioClient(LinkClock& clock, os::Interrupt& interrupt, KeepTable keep)
     : interrupt_(interrupt), keep_(std::move(keep)), connection_(clock, interrupt) {}
 
+void RadioClient::end() noexcept {
+    ending_ = true;
+    interrupt_.raise();
+}
+
 Outcome RadioClient::sendTable(const TableImage& image, const Percent& percent) {
     percent(0);
     const auto session = connection_.fresh();
@@ -75,6 +80,10 @@ Outcome RadioClient::writeFailed(const LinkFailure& failure, WriteStage stage, c
     // An abort has had its effect; one that comes now is a new one.
     if (failure.cause == Cause::Aborted) {
         interrupt_.reset();
+        // Looked at behind the reset, which may have taken the raise of end() away.
+        if (ending_) {
+            interrupt_.raise();
+        }
     }
     const auto session = connection_.fresh(recoveryPatience);
     if (stage != WriteStage::Committing) {

@@ -8,6 +8,7 @@
 //   at the commit --failure--> a new session asks which table the radio holds; the new one is then read back
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <expected>
 #include <functional>
@@ -42,6 +43,10 @@ public:
 
     void configure(const LinkSettings& settings) { connection_.configure(settings); }
 
+    // Callable from any thread: nobody waits for an outcome any more. Raises the interrupt, and no exchange asks the
+    // radio anything after that, not even which table it holds.
+    void end() noexcept;
+
     // Succeeds only when what was read back is what was sent.
     [[nodiscard]] Outcome sendTable(const TableImage& image, const Percent& percent);
     // Sends a table that an earlier send has kept.
@@ -70,6 +75,7 @@ private:
     [[nodiscard]] LinkResult<Bytes> ask(Kind kind, const Bytes& payload, const Patience& patience);
 
     os::Interrupt& interrupt_;
+    std::atomic<bool> ending_ = false;
     KeepTable keep_;
     LinkConnection connection_;
     std::string lastBackup_;

@@ -44,7 +44,7 @@ RadioLinkCore::RadioLinkCore(base::Dispatcher& dispatcher, std::unique_ptr<LinkC
 
 RadioLinkCore::~RadioLinkCore() {
     alive_.reset();
-    interrupt_.raise();
+    client_.end();
     worker_.stop();
     if (exchangeRunning()) {
         putShared(StoreMember::CommsBusy, false);

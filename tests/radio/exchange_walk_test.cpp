@@ -263,6 +263,30 @@ TEST_F(Exchange, AnAbortAtAnyFrameOfALoadEndsIt) {
     }
 }
 
+// Nobody waits for the outcome: the radio is not asked which table it holds.
+TEST_F(Exchange, AfterTheEndOfTheClientAtAnyFrameOfASendNothingIsAsked) {
+    const auto keep = [](const std::string&, const TableImage&) {
+        return std::expected<std::string, os::FileError>("kept");
+    };
+    for (int frame = 1; frame < framesOfASend; ++frame) {
+        interrupt.reset();
+        radio::RadioClient ending(clock, interrupt, keep);
+        ASSERT_TRUE(ending.status().succeeded);
+        bool ended = false;
+        int framesAfterwards = 0;
+        ending.connection().simulatedLine()->onFrame = [&](int now) {
+            framesAfterwards += ended ? 1 : 0;
+            if (now == frame && !ended) {
+                ended = true;
+                ending.end();
+            }
+        };
+        EXPECT_FALSE(ending.sendTable(wanted, nobodyLooks).succeeded) << frame;
+        // The answer to what was asked already.
+        EXPECT_LE(framesAfterwards, 1) << frame;
+    }
+}
+
 TEST_F(Exchange, ARadioThatHoldsSomethingElseIsTold) {
     misbehave("");
     ASSERT_TRUE(client.status().succeeded);

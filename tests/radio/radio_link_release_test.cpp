@@ -2,13 +2,16 @@
 // while the radio has gone silent.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
+#include <future>
 #include <memory>
 #include <utility>
 #include <vector>
 
 #include "link_core.h"
 #include "radio/image_file.h"
+#include "support/served_radio.h"
 #include "support/store_decorator.h"
 #include "tables.h"
 
@@ -129,6 +132,27 @@ TEST_F(ReleasedLink, OutlivesTheReadingOfAStoreThatOnlyItKeeps) {
     std::string text;
     link->SendPotValues(text);
     EXPECT_EQ(link, nullptr);
+    expectSilence();
+}
+
+// Whoever lets the link go waits for its thread.
+TEST_F(ReleasedLink, GoesAtOnceWhenTheRadioFallsSilentWhileATableIsWritten) {
+    ServedRadio served;
+    std::promise<void> wakesUp;
+    served.line().onAnswer = [&, fallenSilent = false](const radio::Frame& request, const radio::Frame&) mutable {
+        if (request.kind == radio::Kind::WriteRecords && !std::exchange(fallenSilent, true)) {
+            dispatcher.post([this] { link.reset(); });
+            wakesUp.get_future().wait();
+        }
+    };
+    link = onSystemTime(served.address());
+    link->SendChannelTable();
+    const auto began = std::chrono::steady_clock::now();
+    ASSERT_TRUE(dispatcher.runUntil([this] { return link == nullptr; }));
+    // Asking twice which table the radio holds would take two seconds.
+    EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::milliseconds(1500));
+    wakesUp.set_value();
+    reported = progress.size();
     expectSilence();
 }
 

@@ -34,6 +34,9 @@ public:
         return {.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = listener_.port()};
     }
 
+    // To be looked at or changed before anybody has connected.
+    [[nodiscard]] radio::SimulatedLine& line() noexcept { return line_; }
+
     radio::SimulatedRadio radio;
 
 private:
