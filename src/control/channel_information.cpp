@@ -71,6 +71,7 @@ void ChannelInformation::wire() {
     ui::on(fgdDatabase.KeyDown, this, &ChannelInformation::fgdDatabase_KeyDown);
     ui::on(fgdDatabase.KeyPress, this, &ChannelInformation::fgdDatabase_KeyPress);
     ui::on(fgdDatabase.MouseDown, this, &ChannelInformation::fgdDatabase_MouseDown);
+    ui::on(fgdDatabase.Click, this, &ChannelInformation::followRowSoon);
     ui::on(fgdDatabase.DblClick, this, &ChannelInformation::fgdDatabase_DblClick);
     ui::on(cmdChannelSelect.Click, this, &ChannelInformation::cmdChannelSelect_Click);
     for (std::int16_t index = 0; index < static_cast<std::int16_t>(optLockMode.size()); ++index) {
@@ -110,6 +111,7 @@ void ChannelInformation::UserControl_Terminate() {
 }
 
 void ChannelInformation::closeForms() noexcept {
+    ++formClosings_;
     ui::resumed([this] { frmCE.close(); });
     ui::resumed([this] { confirmation.close(); });
     if (frmFill_) {

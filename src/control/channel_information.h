@@ -229,8 +229,9 @@ private:
     [[nodiscard]] model::DataStorePointer makeTable() const;
 
     [[nodiscard]] editing::GridSurroundings gridSurroundings();
-    // Tells the user when the data is locked.
+    // Both tell the user: the data is locked; that, or a load that is under way would overwrite the change.
     [[nodiscard]] bool dataLocked();
+    [[nodiscard]] bool changesRefused();
     // The frame around every edit of the table; `edit` answers whether anything was written.
     void changeTable(const std::function<bool()>& edit);
     [[nodiscard]] bool editTable(GridCommand command);
@@ -294,10 +295,12 @@ private:
     editing::ClipboardEditing clipboardEditing_;
     transfer::TableTransfer tableTransfer_;
     std::int16_t accessLevel_ = 0;
+    int formClosings_ = 0;            // of closeForms: a question inside an opening finds out
     std::int16_t channelToSend_ = 0;  // meanwhile typed, while selecting_
     bool selecting_ = false;          // inside the channel-select button's wait
     bool editing_ = false;            // a command that changes the table is under way
     bool filling_ = false;            // the fill dialog is shown
+    bool loading_ = false;            // a load was begun, and was not seen to have ended
     bool following_ = false;          // the edit form will be asked to follow the current row
     std::optional<bool> copyAgreed_;  // the answer about the other selected channels since the form was opened
     bool blinking_ = false;

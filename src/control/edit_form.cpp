@@ -23,7 +23,7 @@ void ChannelInformation::wireEditForm() {
     // A message box inside may end the control, and the form must not fail for it.
     frmCE.setChangesRefused([this] {
         bool refused = true;
-        routine("dataLocked", [&] { refused = editing_ || dataLocked(); });
+        routine("changesRefused", [&] { refused = editing_ || changesRefused(); });
         return refused;
     });
     ui::on(frmCE.DataChanged, this, &ChannelInformation::frmCE_DataChanged);
@@ -39,17 +39,22 @@ void ChannelInformation::wireEditForm() {
 void ChannelInformation::fgdDatabase_DblClick() {
     routine("fgdDatabase_DblClick", [&] {
         const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
+        const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
         const auto selection = fgdDatabase.selection();
         if (current.row < 1) {
             return;
         }
-        if (editFormShown() && !frmCE.mayLeaveChannel()) {
-            endIfClosed();
-            desktop_.showModeless(frmCE);
-            returnToEditedRow(current.column);
+        const bool leaves = !editFormShown() || frmCE.mayLeaveChannel();
+        endIfClosed();
+        if (!leaves) {
+            if (editFormShown()) {
+                desktop_.showModeless(frmCE);
+                returnToEditedRow(current.column);
+            }
             return;
         }
-        endIfClosed();
+        // Applying made another row current.
+        fgdDatabase.select(current, end);
         clipboardEditing_.ClearSelection();
         markSelected(current.row);
         copyAgreed_.reset();
@@ -71,7 +76,11 @@ void ChannelInformation::markSelected(int row) {
 }
 
 void ChannelInformation::openEditForm(std::int16_t channel, const ui::CellRange& selection) {
+    const auto closings = formClosings_;
     const Rows rows = rowsToCopyTo(channel, selection);
+    if (closings != formClosings_) {
+        return;
+    }
     frmCE.setChannel(channel);
     frmCE.setSelectedChannels(rows.first, rows.last);
     ui::resumed([this] { desktop_.showModeless(frmCE); });
@@ -140,9 +149,15 @@ void ChannelInformation::showRowInEditForm(const std::string& news) {
     fgdDatabase.select(current, end);
     markSelected(current.row);
     const auto channel = static_cast<std::int16_t>(current.row);
-    const Rows rows = rowsToCopyTo(channel, fgdDatabase.selection());
-    frmCE.setChannel(channel);
-    frmCE.setSelectedChannels(rows.first, rows.last);
+    if (channel != frmCE.channel()) {
+        const auto closings = formClosings_;
+        const Rows rows = rowsToCopyTo(channel, fgdDatabase.selection());
+        if (closings != formClosings_) {
+            return;
+        }
+        frmCE.setChannel(channel);
+        frmCE.setSelectedChannels(rows.first, rows.last);
+    }
     frmCE.refresh();
 }
 
@@ -182,6 +197,10 @@ void ChannelInformation::distributeStoreToEditForm() {
         endIfClosed();
     }
     frmCE.setCentralDataStore(pCentralDataStore_);
+    if (exchanged) {
+        // What the user agreed to was about the other table.
+        frmCE.setSelectedChannels(0, 0);
+    }
     if (!pCentralDataStore_) {
         ui::resumed([this] { frmCE.close(); });
     } else if (exchanged) {

@@ -53,7 +53,7 @@ void ChannelInformation::takeSelectedRows(editing::frmFill& form) const {
 }
 
 // There is one dialog, and it is not changed behind the user's back while it is shown.
-bool ChannelInformation::fillRefused() { return editing_ || filling_ || dataLocked(); }
+bool ChannelInformation::fillRefused() { return editing_ || filling_ || changesRefused(); }
 
 // The dialog being open is no change of the table: the host may paste meanwhile.
 void ChannelInformation::showFill() {
@@ -66,7 +66,7 @@ void ChannelInformation::frmFill_FillRequested() {
         return;
     }
     routine("ok_but_Click", [&] {
-        if (!dataLocked()) {
+        if (!changesRefused()) {
             changeTable([this] { return frmFill().fill(); });
         }
     });

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "base/conversion.h"
 #include "control/channel_information.h"
 #include "control/raised.h"
 
@@ -68,7 +69,7 @@ void ChannelInformation::run(GridCommand command) {
     routine(commandRoutines[static_cast<std::size_t>(command)], [&] {
         if (command == GridCommand::Copy) {
             clipboardEditing_.CopySelection();
-        } else if (!dataLocked()) {
+        } else if (!changesRefused()) {
             changeTable([&] { return editTable(command); });
         }
     });
@@ -82,6 +83,19 @@ bool ChannelInformation::dataLocked() {
               .icon = ui::Icon::Exclamation});
     }
     return locked;
+}
+
+bool ChannelInformation::changesRefused() {
+    if (dataLocked()) {
+        return true;
+    }
+    loading_ = loading_ && base::isTrue(store()->get(StoreMember::CommsBusy));
+    if (loading_) {
+        show({.text = "The channel table is being loaded from the radio. Please wait until it has ended.",
+              .title = messageTitle(),
+              .icon = ui::Icon::Exclamation});
+    }
+    return loading_;
 }
 
 void ChannelInformation::changeTable(const std::function<bool()>& edit) {
@@ -149,12 +163,13 @@ void ChannelInformation::fgdDatabase_KeyPress(ui::KeyPressEvent& event) {
 }
 
 void ChannelInformation::fgdDatabase_MouseDown(const ui::MouseEvent& event) {
-    followRowSoon();
     routine("fgdDatabase_MouseDown", [&] {
         if (event.button == ui::MouseButton::Right) {
             desktop_.popUp(frmCE.mnuPopUpMenu, fgdDatabase, event.at);
         }
     });
+    // Not while the menu is open: its command is meant for the row that was clicked.
+    followRowSoon();
 }
 
 }  // namespace telvar::control

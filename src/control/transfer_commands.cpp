@@ -68,6 +68,8 @@ void ChannelInformation::SendChannelInfoToTelvar() {
 void ChannelInformation::LoadChannelInfoFromTelvar() {
     routine("LoadChannelInfoFromTelvar", [&] {
         if (!dataLocked()) {
+            // What is changed from now on would be overwritten unseen.
+            loading_ = true;
             tableTransfer_.load();
         }
     });

@@ -1,4 +1,5 @@
 // What the user does on the form: its buttons, its fields, the live update and the pop-up menu.
+#include <algorithm>
 #include <utility>
 
 #include "base/conversion.h"
@@ -19,6 +20,12 @@ namespace {
 
 constexpr double hertzPerMegahertz = 1e6;
 constexpr double hertzPerKilohertz = 1e3;
+
+// As the proposal compares it, whatever separates decimals here.
+[[nodiscard]] std::string withPoint(std::string text, base::NumberFormat format) {
+    std::ranges::replace(text, format.decimalSeparator, '.');
+    return text;
+}
 
 // The hourglass over a disabled form, for as long as the form stores.
 class BusyForm {
@@ -49,6 +56,9 @@ void frmChannelEdit::cmdApply_Click() { static_cast<void>(apply()); }
 
 void frmChannelEdit::cmdOk_Click() {
     static_cast<void>(storeEdits([this] {
+        if (closing_) {
+            return;
+        }
         closing_ = true;
         desktop_.hide(*this);
         endContinuousUpdate();
@@ -98,10 +108,20 @@ bool frmChannelEdit::storeEdits(const std::function<void()>& whenStored) {
             whenStored();
         }
     }
-    if (std::exchange(refreshAsked_, false) && !closing_) {
-        refresh();
+    if (!askingToLeave_) {
+        refreshIfAsked(stored);
     }
     return stored;
+}
+
+// What was put off while the form stored: a refresh that somebody wished, and the loading of a store that came
+// meanwhile. Entries that were refused go only when the user lets them.
+void frmChannelEdit::refreshIfAsked(bool mayDiscard) {
+    const bool open = desktop_.isOpen(*this);
+    const bool asked = std::exchange(refreshAsked_, false) && (open || !closing_);
+    if (loaded_ ? asked && (mayDiscard || mayLeaveChannel()) : store_ && (asked || open)) {
+        refresh();
+    }
 }
 
 bool frmChannelEdit::storeChannel() {
@@ -173,7 +193,8 @@ void frmChannelEdit::propose(bool transmit, double hertz) {
         const auto channel = edited();
         const auto reference = base::toInt32(
             channel.dataStore().get(transmit ? StoreMember::TxReferenceFrequency : StoreMember::RxReferenceFrequency));
-        const auto proposal = synth::proposeSetting(base::roundTo<std::int32_t>(hertz), reference, step.text());
+        const auto proposal =
+            synth::proposeSetting(base::roundTo<std::int32_t>(hertz), reference, withPoint(step.text(), format_));
         if (!proposal) {
             messages_.inform(synth::noProposalText(transmit ? "TX" : "RX"));
             return;
@@ -200,6 +221,7 @@ void frmChannelEdit::ckContinuousUpdateEnabled_Click() {
 }
 
 void frmChannelEdit::endContinuousUpdate() noexcept {
+    liveLevels_.begin();
     tmrUpdate.setEnabled(false);
     ckContinuousUpdateEnabled.loadValue(0);
 }

@@ -111,6 +111,7 @@ void frmChannelEdit::setCentralDataStore(model::DataStorePointer store) noexcept
 }
 
 void frmChannelEdit::setRadioComms(model::RadioLinkPointer link) noexcept {
+    liveLevels_.begin();
     const auto former = std::exchange(link_, std::move(link));
 }
 
@@ -216,6 +217,10 @@ void frmChannelEdit::refresh() {
         return;
     }
     const FitHeld held(*this);
+    // A failure's box lets the timer tick on, over values of two channels.
+    tmrUpdate.setEnabled(false);
+    const int run = ++refreshes_;
+    refreshAsked_ = false;
     closing_ = false;
     cancelled_ = false;
     setLoaded(false);
@@ -224,6 +229,10 @@ void frmChannelEdit::refresh() {
     const bool loaded = SetUpLists() && LoadControlsFromMemory();
     if (loaded) {
         ShowChannelSpacing();
+    }
+    if (run != refreshes_) {
+        // Another one ran inside a failure's box, and has the last word.
+        return;
     }
     endContinuousUpdate();
     ckContinuousUpdateEnabled.setEnabled(accessLevel_ >= fullAccess);
@@ -279,8 +288,18 @@ bool frmChannelEdit::mayLeaveChannel(const std::string& news) {
     if (!hasUnappliedEdits()) {
         return true;
     }
+    const bool leaves = asksToLeave(news);
+    if (!loaded_ && store_ && desktop_.isOpen(*this)) {
+        refresh();
+    }
+    return leaves;
+}
+
+bool frmChannelEdit::asksToLeave(const std::string& news) {
     const Raised asking(askingToLeave_);
-    const auto stays = [this, store = store_, channel = channel_] { return store_ == store && channel_ == channel; };
+    const auto stays = [this, store = store_, channel = channel_, readings = readings_] {
+        return store_ == store && channel_ == channel && readings_ == readings;
+    };
     if (messages_.confirmed(news + applyQuestion(channel_))) {
         return stays() && apply();
     }

@@ -70,6 +70,8 @@ public:
     void refresh();
     // Asks about edits that were not applied, if there are any, and applies or discards them. Answers False where the
     // user, or a refused field, wants the channel to stay.
+    // The store's table may be another one by now; a question that is open finds out.
+    void noteTableReadAnew() noexcept { ++readings_; }
     // `news` comes before the question.
     [[nodiscard]] bool mayLeaveChannel(const std::string& news = {});
     // Before the present store is exchanged: the user may apply edits to it.
@@ -149,6 +151,8 @@ private:
     [[nodiscard]] bool apply();
     [[nodiscard]] bool storeEdits(const std::function<void()>& whenStored);
     [[nodiscard]] bool storeChannel();
+    [[nodiscard]] bool asksToLeave(const std::string& news);
+    void refreshIfAsked(bool mayDiscard);
     void enterMovesToOk(ui::KeyPressEvent& event);
     void leaveFrequency(ui::TextBox& box, bool transmit);
     void propose(bool transmit, double hertz);
@@ -174,6 +178,8 @@ private:
     std::vector<std::string> loadedEntries_;  // as last loaded or stored
     std::int32_t lockDataMode_ = 0;
     std::int16_t channel_ = 1;
+    int readings_ = 0;
+    int refreshes_ = 0;
     std::int16_t firstSelected_ = 0;
     std::int16_t lastSelected_ = 0;
     std::int16_t accessLevel_ = 0;

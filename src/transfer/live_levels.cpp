@@ -70,6 +70,9 @@ void LiveLevels::send(const LiveLevelValues& levels) {
             store->SetPotValue(static_cast<std::int16_t>(index), static_cast<std::uint8_t>(levels[index]));
         }
         sent = handOver();
+    } catch (const RadioSilence&) {
+        sent_ = {};
+        throw;
     } catch (...) {
         sent_ = before;
         throw;
@@ -81,9 +84,11 @@ void LiveLevels::send(const LiveLevelValues& levels) {
 
 // Answers whether the link has the levels.
 bool LiveLevels::handOver() {
+    const auto wanted = [this, beginnings = beginnings_] {
+        return beginnings == beginnings_ && surroundings_.wanted();
+    };
     surroundings_.pauseDiagnostics();
-    if (!surroundings_.wanted() || !waitForQuietLink(surroundings_.desktop, surroundings_.store) ||
-        !surroundings_.wanted()) {
+    if (!wanted() || !waitForQuietLink(surroundings_.desktop, surroundings_.store) || !wanted()) {
         return false;
     }
     learnOutcome();

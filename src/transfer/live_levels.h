@@ -44,8 +44,11 @@ class LiveLevels {
 public:
     explicit LiveLevels(LiveLevelsSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
 
-    // Exchanges that ended before now are none of the live update's.
-    void begin() noexcept { outcomeOf_.reset(); }
+    // Exchanges that ended before now are none of the live update's, and an update that waits sends nothing any more.
+    void begin() noexcept {
+        outcomeOf_.reset();
+        ++beginnings_;
+    }
     // To be called at every tick, since that is when the outcome of the levels sent last is asked for. Inside its own
     // wait it does nothing. Fails as the store fails, and with RadioSilence; levels that did not reach
     // the link count as not sent.
@@ -60,6 +63,7 @@ private:
     LiveLevelValues sent_{};
     model::RadioLinkPointer outcomeOf_;  // the link that has levels whose outcome is not known yet
     bool updating_ = false;
+    int beginnings_ = 0;
 };
 
 }  // namespace telvar::transfer

@@ -1,6 +1,8 @@
 // The edit form as the control opens it and keeps it in step with the grid: double-click, following the current row,
 // edits that were not applied, exchanged and refreshed tables, several selected channels, locked data, and a control
 // that is closed meanwhile.
+#include <algorithm>
+
 #include "control_world.h"
 #include "support/recording_store.h"
 #include "ui/option_button.h"
@@ -165,6 +167,8 @@ TEST_F(ControlEditForm, OpensWithoutTheMouseToo) {
     desktop.answerWith(Answer::Yes);
     control->editChannel();
     EXPECT_EQ(shown(), "6");
+    EXPECT_EQ(grid().row(), 6);
+    EXPECT_EQ(grid().column(), 3);
     control->close();
     control->editChannel();
     EXPECT_FALSE(open());
@@ -208,9 +212,11 @@ TEST_F(ControlEditForm, HiddenFollowsNothing) {
 }
 
 TEST_F(ControlEditForm, ManyMovesBeforeTheMessageLoopRunsEndInOneReload) {
+    const auto recording = std::make_shared<RecordingStore>(*store);
+    control->setCentralDataStore(recording);
+    control->DistributeDataStoreLink();
     doubleClick(4);
-    int reads = 0;
-    form().txtEditChannel.Change.connect([&] { ++reads; });
+    recording->forget();
     for (int row = 5; row <= 9; ++row) {
         ui::KeyEvent key{.code = ui::key::down};
         grid().KeyDown(key);
@@ -218,6 +224,38 @@ TEST_F(ControlEditForm, ManyMovesBeforeTheMessageLoopRunsEndInOneReload) {
     }
     desktop.doEvents();
     EXPECT_EQ(shown(), "9");
+    EXPECT_EQ(std::ranges::count(recording->calls(), "SelectedChannel="), 1);
+}
+
+TEST_F(ControlEditForm, FollowsAClickThatCollapsesASelectionOnRelease) {
+    doubleClick(4);
+    grid().select({4, 1}, {8, 1});
+    grid().MouseDown(ui::MouseEvent{});
+    desktop.doEvents();
+    EXPECT_EQ(shown(), "4");
+    grid().setCurrent({6, 1});
+    grid().Click();
+    desktop.doEvents();
+    EXPECT_EQ(shown(), "6");
+}
+
+TEST_F(ControlEditForm, DoesNotAskWhileThePopUpMenuIsOpen) {
+    doubleClick(4);
+    edit();
+    desktop.menuChoice = "mnuPopUpMenuCopy";
+    grid().setCurrent({6, 1});
+    int boxesInMenu = -1;
+    const auto look = form().PopUpMenuClick.connectScoped([&](std::int16_t&) {
+        desktop.doEvents();
+        boxesInMenu = static_cast<int>(desktop.boxes().size());
+    });
+    grid().MouseDown(ui::MouseEvent{.button = ui::MouseButton::Right});
+    EXPECT_EQ(boxesInMenu, 0);
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::No);
+    desktop.doEvents();
+    EXPECT_EQ(boxes(), (Boxes{applyQuestion(4), discardQuestion(4)}));
+    EXPECT_EQ(grid().row(), 4);
 }
 
 TEST_F(ControlEditForm, AppliesEditsBeforeItFollows) {
@@ -583,6 +621,89 @@ TEST_F(ControlEditForm, AsksAtEveryOpeningUnlessTheUserSwitchesItOff) {
         EXPECT_TRUE(form().lblSelectedChannels.visible());
         form().cmdCancel.userPress();
     }
+}
+
+TEST_F(ControlEditForm, AReloadOfTheSameChannelNeitherAsksNorForgetsTheOthers) {
+    answerCopying(true);
+    doubleClick(5);
+    grid().select({5, 1}, {8, 1});
+    desktop.clipboard = "161.25";
+    control->run(GridCommand::Paste);
+    EXPECT_EQ(copyQuestions, 0);
+    EXPECT_FALSE(form().lblSelectedChannels.visible());
+    grid().DblClick();
+    EXPECT_EQ(copyQuestions, 1);
+    form().cmdApply.userPress();
+    control->RefreshEditForm();
+    EXPECT_EQ(form().lblSelectedChannels.caption(), "Also applies to channels 5 to 8");
+    EXPECT_TRUE(form().lblSelectedChannels.visible());
+}
+
+TEST_F(ControlEditForm, AnotherStoreIsEditedChannelByChannelAtFirst) {
+    answerCopying(true);
+    grid().select({5, 1}, {8, 3});
+    grid().DblClick();
+    control->setCentralDataStore(std::make_shared<model::MemoryDataStore>());
+    control->DistributeDataStoreLink();
+    EXPECT_FALSE(form().lblSelectedChannels.visible());
+}
+
+TEST_F(ControlEditForm, ClosingTheFormsInTheCopyQuestionOpensNothing) {
+    desktop.duringModal = [this](ui::Form&) { control->closeForms(); };
+    grid().select({5, 1}, {8, 3});
+    grid().DblClick();
+    EXPECT_FALSE(open());
+    EXPECT_EQ(events, Log{});
+}
+
+TEST_F(ControlEditForm, ClosingTheFormsInTheLeaveQuestionKeepsThemClosed) {
+    doubleClick(4);
+    edit();
+    desktop.duringBox = [this](const ui::MessageBox&) { control->closeForms(); };
+    desktop.answerWith(Answer::No);
+    desktop.answerWith(Answer::No);
+    doubleClick(9);
+    EXPECT_FALSE(open());
+}
+
+TEST_F(ControlEditForm, AnOkWhoseFormWasClosedMeanwhileRaisesNoEnd) {
+    doubleClick(4);
+    form().DataChanged.connect([this] { control->closeForms(); });
+    form().cmdOk.userPress();
+    EXPECT_FALSE(open());
+    EXPECT_EQ(events, Log{});
+}
+
+TEST_F(ControlEditForm, MayBeOpenedAgainInsideItsOwnEnd) {
+    doubleClick(4);
+    bool once = true;
+    control->EditWindowClosed.connect([&] {
+        if (std::exchange(once, false)) {
+            doubleClick(9);
+        }
+    });
+    form().cmdOk.userPress();
+    EXPECT_TRUE(open());
+    EXPECT_EQ(shown(), "9");
+    EXPECT_EQ(form().txtTxFrequency.text(), "150.225000");
+    EXPECT_TRUE(form().cmdApply.enabled());
+}
+
+TEST_F(ControlEditForm, ATableReadAnewBehindTheQuestionGetsNoEditsOfTheFormerOne) {
+    doubleClick(4);
+    edit();
+    bool once = true;
+    desktop.duringBox = [&](const ui::MessageBox&) {
+        if (std::exchange(once, false)) {
+            fill(*store, 4, {{ChannelKey::TxFreq, 170'000'000}});
+            control->UpdateControlsFromMemory();
+        }
+    };
+    desktop.answerWith(Answer::Yes);
+    userMovesTo(6);
+    EXPECT_EQ(stored(4), 170'000'000);
+    EXPECT_EQ(shown(), "4");
+    EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
 }
 
 TEST_F(ControlEditForm, OneSelectedChannelIsNoQuestion) {

@@ -125,6 +125,54 @@ TEST_F(Transfer, LockedDataRefusesALoadButNotASend) {
     EXPECT_EQ(link->calls, (Log{"SendChannelTable"}));
 }
 
+// What is changed while the radio's table is on its way would be overwritten unseen.
+TEST_F(Transfer, NothingChangesTheTableWhileItIsBeingLoaded) {
+    control->DistributeDataStoreLink();
+    control->DistributeRadioCommsLink();
+    control->UpdateAccess(5);
+    fill(*store, 1, {{ChannelKey::TxFreq, good}, {ChannelKey::RxFreq, good}});
+    control->UpdateControlsFromMemory();
+    desktop.clipboard = "451";
+    control->run(control::GridCommand::Paste);
+    grid().DblClick();
+    control->LoadChannelInfoFromTelvar();
+    store->put(StoreMember::CommsBusy, true);
+    const auto before = tableText(*store);
+    const ui::MessageBox refused{
+        .text = "The channel table is being loaded from the radio. Please wait until it has ended.",
+        .title = "Telvar",
+        .icon = ui::Icon::Exclamation};
+    static_cast<void>(boxes());
+    for (const auto command : {control::GridCommand::Paste, control::GridCommand::Delete, control::GridCommand::Undo}) {
+        control->run(command);
+        EXPECT_EQ(boxes(), Boxes{refused});
+    }
+    control->ChannelFillDown();
+    EXPECT_EQ(boxes(), Boxes{refused});
+    control->frmCE.cmdApply.userPress();
+    EXPECT_EQ(boxes(), Boxes{refused});
+    EXPECT_EQ(tableText(*store), before);
+    control->run(control::GridCommand::Copy);
+    EXPECT_EQ(boxes(), Boxes{});
+
+    store->put(StoreMember::CommsBusy, false);
+    control->run(control::GridCommand::Paste);
+    EXPECT_EQ(boxes(), Boxes{});
+    // Somebody else's exchange, later.
+    store->put(StoreMember::CommsBusy, true);
+    control->run(control::GridCommand::Paste);
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(Transfer, ARefreshedTableMayBeChangedAgainAtOnce) {
+    control->LoadChannelInfoFromTelvar();
+    store->put(StoreMember::CommsBusy, true);
+    control->UpdateControlsFromMemory();
+    desktop.clipboard = "451";
+    control->run(control::GridCommand::Paste);
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
 TEST_F(Transfer, WithoutAStoreEveryCommandSaysSoAndStartsNothing) {
     control->setCentralDataStore(nullptr);
     EXPECT_FALSE(control->check_Frequencies());

@@ -180,10 +180,65 @@ TEST_F(EditForm, ARefreshWhileItStoresWaitsForTheEnd) {
         form.refresh();
         EXPECT_EQ(form.txtTxBinaryMain.text(), "9");
     };
+    desktop.answerWith(ui::Answer::No);
+    desktop.answerWith(ui::Answer::Yes);
     apply();
     EXPECT_EQ(numberAt(ChannelKey::BinMain), 9.0);
     EXPECT_EQ(form.txtTxFrequency.text(), "5.000000");
     EXPECT_EQ(form.txtTxFrequency.foreColor(), ui::black);
+}
+
+TEST_F(EditForm, ARefreshInsideARefusedApplyLeavesTheEntriesToTheUser) {
+    open();
+    form.txtTxFrequency.setText("5");
+    bool once = true;
+    desktop.duringBox = [&](const ui::MessageBox&) {
+        if (std::exchange(once, false)) {
+            form.refresh();
+        }
+    };
+    desktop.answerWith(ui::Answer::No);
+    desktop.answerWith(ui::Answer::No);
+    apply();
+    EXPECT_EQ(form.txtTxFrequency.text(), "5");
+    EXPECT_EQ(form.txtTxFrequency.foreColor(), ui::red);
+}
+
+TEST_F(EditForm, ARefreshInsideTheBoxOfAFailedOneHasTheLastWord) {
+    open();
+    const auto failing = std::make_shared<FailingStore>(*table);
+    form.setCentralDataStore(failing);
+    failing->failAt(12);
+    desktop.duringBox = [&](const ui::MessageBox&) { form.refresh(); };
+    form.refresh();
+    EXPECT_EQ(boxes().size(), 1U);
+    EXPECT_TRUE(form.cmdApply.enabled());
+    EXPECT_FALSE(form.hasUnappliedEdits());
+    EXPECT_EQ(form.txtTxFrequency.text(), "145.000000");
+}
+
+TEST_F(EditForm, AStoreThatComesWhileItStoresIsLoadedAfterwards) {
+    open();
+    const auto other = std::make_shared<model::MemoryDataStore>();
+    fill(*other, number, {{ChannelKey::TxFreq, 440'000'000}, {ChannelKey::RxFreq, 440'000'000}});
+    form.DataChanged.connect([&] { form.setCentralDataStore(other); });
+    apply();
+    EXPECT_EQ(form.txtTxFrequency.text(), "440.000000");
+    EXPECT_TRUE(form.cmdApply.enabled());
+}
+
+TEST_F(EditForm, TheProposalKnowsTheStepOfTwoAndAHalfWhateverSeparatesDecimals) {
+    frmChannelEdit comma(desktop, {.decimalSeparator = ','});
+    comma.setCentralDataStore(table);
+    comma.setGrid(&grid);
+    comma.setChannel(number);
+    comma.UpdateAccess(5);
+    comma.refresh();
+    comma.txtTxSynthStepSize.setText("2,5");
+    comma.txtTxFrequency.setText("450,0025");
+    comma.txtTxFrequency.LostFocus();
+    EXPECT_EQ(comma.txtTxSynthStepSize.text(), "2,5");
+    EXPECT_EQ(boxes(), Boxes{});
 }
 
 struct Closing {
@@ -537,6 +592,43 @@ TEST_F(Live, ARadioThatDoesNotAnswerInTheBackgroundSwitchesItOffAtTheNextTick) {
     EXPECT_EQ(boxes(), (Boxes{refusal("The radio does not answer. Continuous update has been switched off.")}));
     EXPECT_FALSE(desktop.runs(form.tmrUpdate));
     EXPECT_FALSE(form.ckContinuousUpdateEnabled.checked());
+}
+
+TEST_F(Live, DoesNotTickBehindTheBoxOfAReloadThatFailed) {
+    form.ckContinuousUpdateEnabled.userClick();
+    const auto failing = std::make_shared<FailingStore>(*table);
+    failing->failAt(12);
+    bool ticking = true;
+    desktop.duringBox = [&](const ui::MessageBox&) { ticking = desktop.runs(form.tmrUpdate); };
+    form.setCentralDataStore(failing);
+    form.refresh();
+    EXPECT_FALSE(ticking);
+    EXPECT_EQ(boxes().size(), 1U);
+}
+
+TEST_F(Live, LevelsOfTheFormerChannelAreNotSentAfterAReloadInTheWait) {
+    form.ckContinuousUpdateEnabled.userClick();
+    table->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] {
+        form.refresh();
+        form.ckContinuousUpdateEnabled.userClick();
+        table->put(StoreMember::CommsBusy, false);
+    });
+    tick();
+    EXPECT_EQ(link->sent, Texts{});
+    EXPECT_TRUE(desktop.runs(form.tmrUpdate));
+}
+
+TEST_F(Live, AnotherLinkIsNotAnswerableForTheFormerOne) {
+    form.ckContinuousUpdateEnabled.userClick();
+    tick();
+    const std::weak_ptr former(link);
+    link->outcome = false;
+    link = std::make_shared<RecordingLink>();
+    form.setRadioComms(link);
+    EXPECT_TRUE(former.expired());
+    tick();
+    EXPECT_EQ(boxes(), Boxes{});
 }
 
 TEST_F(Live, WithoutALinkItIsTheSame) {

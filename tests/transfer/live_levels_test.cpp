@@ -209,6 +209,31 @@ TEST_F(LiveLevels, AnOutcomeThatComesDuringTheWaitForTheNextLevelsCounts) {
     EXPECT_EQ(std::ranges::count(log, "SendPotValues ''"), 0);
 }
 
+TEST_F(LiveLevels, LevelsThatWereLostBehindTheNextOnesAreSentAgain) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    memory->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] {
+        link->outcome = false;
+        memory->put(StoreMember::CommsBusy, false);
+    });
+    EXPECT_THROW(live.update({9, 2, 3, 4, 0, 0}), transfer::RadioSilence);
+    link->outcome.reset();
+    log.clear();
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+}
+
+TEST_F(LiveLevels, ABeginningDuringTheWaitTakesTheLevelsBack) {
+    memory->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] {
+        live.begin();
+        memory->put(StoreMember::CommsBusy, false);
+    });
+    live.update({1, 2, 3, 4, 0, 0});
+    EXPECT_EQ(std::ranges::count(log, "SendPotValues ''"), 0);
+    log.clear();
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+}
+
 TEST_F(LiveLevels, OutcomesFromBeforeItBeganAreNotItsOwn) {
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
     link->outcome = false;
