@@ -97,7 +97,10 @@ private:
         if (!transmits && !receives) {
             return;
         }
-        usesDcs_ = usesDcs_ || base::isTrue(read(ChannelKey::TxCTCSSDCS)) || base::isTrue(read(ChannelKey::RxCTCSSDCS));
+        // Both are read for every channel: a read that fails ends the check.
+        const bool transmitsDcs = base::isTrue(read(ChannelKey::TxCTCSSDCS));
+        const bool receivesDcs = base::isTrue(read(ChannelKey::RxCTCSSDCS));
+        usesDcs_ = usesDcs_ || transmitsDcs || receivesDcs;
         Faults faults;
         if (receives) {
             const auto offset = base::toInt32(store_.get(StoreMember::LocalOscOffset));

@@ -427,6 +427,16 @@ TEST_F(FailedReads, OfAFrequencyAreForgivenAndOfAnythingElseNameTheChannel) {
     EXPECT_EQ(names.back(), "HardwareRevision");
 }
 
+TEST_F(FailedReads, BothSubtoneFlagsOfEveryChannelInUseAreRead) {
+    set(5, {{ChannelKey::TxFreq, good}, {ChannelKey::TxCTCSSDCS, true}});
+    set(6, {{ChannelKey::TxFreq, good}, {ChannelKey::TxCTCSSDCS, true}});
+    int reads = 0;
+    for (const auto& name : calls()) {
+        reads += name.ends_with("CTCSSDCS") ? 1 : 0;
+    }
+    EXPECT_EQ(reads, 2 * 4);
+}
+
 TEST_F(FailedReads, OfTheTitleLeaveTheMessage) {
     FailingStore failing(store);
     failing.failAt(static_cast<int>(calls().size()), FailureSpan::FromThereOn);
