@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/conversion.h"
+#include "base/failure.h"
 #include "link_core.h"
 #include "radio/image_file.h"
 #include "support/failing_store.h"
@@ -272,6 +273,39 @@ TEST_F(RadioLinkCore, AStoreThatFailsForGoodEndsALoadWithOneSentence) {
         EXPECT_EQ(ends.size(), 1U);
         EXPECT_NE(message.find("The data store could not be told that the link is free."), std::string::npos)
             << message;
+    }
+}
+
+// Of the writes that tell where an exchange is, only the very first one can stop it, and the last one is repeated.
+TEST_F(RadioLinkCore, ALoadWhoseStoreFailsOnceToTakeItsStateEndsOnceAndFreesTheStore) {
+    class ForgetfulStore final : public StoreDecorator {
+    public:
+        using StoreDecorator::StoreDecorator;
+        int states = 0;
+        int failingState = 0;
+
+    private:
+        void onCall(const StoreCall& call) override {
+            const bool state = call.member == StoreMember::CommsBusy || call.member == StoreMember::ProgressCount;
+            if (call.kind == StoreCall::Kind::Put && state && ++states == failingState) {
+                throw base::Failure("the data store does not answer");
+            }
+        }
+    };
+    const auto forgetful = std::make_shared<ForgetfulStore>(*store);
+    link->setDataStore(forgetful);
+    ASSERT_TRUE(std::get<1>(load()));
+    const int states = std::exchange(forgetful->states, 0);
+    ASSERT_GT(states, 30);
+    for (int state = 1; state <= states; ++state) {
+        ends.clear();
+        forgetful->states = 0;
+        forgetful->failingState = state;
+        const End expected = state == 1 ? End{std::int16_t{22}, false, "the data store does not answer."}
+                                        : End{std::int16_t{22}, true, "The table was loaded from the radio."};
+        EXPECT_EQ(load(), expected) << state;
+        EXPECT_EQ(ends.size(), 1U) << state;
+        EXPECT_EQ(shared(StoreMember::CommsBusy), base::Value{false}) << state;
     }
 }
 
