@@ -29,6 +29,11 @@ public:
 
     [[nodiscard]] std::chrono::duration<double, std::milli> longest() {
         done_ = true;
+        // Its last question is answered from here.
+        while (!ended_) {
+            MSG message;
+            PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+        }
         if (thread_.joinable()) {
             thread_.join();
         }
@@ -47,9 +52,11 @@ private:
             }
             longest_ = std::max(longest_, std::chrono::duration<double, std::milli>(Clock::now() - asked));
         }
+        ended_ = true;
     }
 
     std::atomic<bool> done_{false};
+    std::atomic<bool> ended_{false};
     std::atomic<int> answers_{0};
     std::chrono::duration<double, std::milli> longest_{0};
     std::thread thread_;

@@ -81,8 +81,24 @@ calculator.InitialiseSettings 450000000, 8, 12500, 12800000
 Expect "Modulo", calculator.Modulo, 8
 Expect "VCOFreq", calculator.VCOFreq, 450000000
 Expect "FreqStepSize", calculator.FreqStepSize, 12500
-calculator.InitialiseSettings 450000000, 8, 0, 12800000
-Expect "a step of 0", calculator.IsValid, False
+Expect "the usual setting", calculator.IsValid, True
+Sub Refused(what, vco, modulo, fstep, reference)
+    calculator.InitialiseSettings vco, modulo, fstep, reference
+    Expect what, calculator.IsValid, False
+    Expect what & ", VCOFreq", calculator.VCOFreq, vco
+    Expect what & ", Modulo", calculator.Modulo, modulo
+    Expect what & ", FreqStepSize", calculator.FreqStepSize, fstep
+End Sub
+Refused "a step of 0", 450000000, 8, 0, 12800000
+Refused "a modulo of 0", 450000000, 0, 12500, 12800000
+Refused "a product that overflows", 450000000, 32767, 2147483647, 12800000
+Refused "a reference off the raster", 450000000, 8, 12500, 12800001
+Refused "a frequency off the raster", 450000001, 8, 12500, 12800000
+Refused "the largest arguments", 2147483647, 32767, 2147483647, 2147483647
+Refused "the smallest arguments", -2147483647 - 1, -32767 - 1, -2147483647 - 1, -2147483647 - 1
+Refused "the smallest frequency by minus one", -2147483647 - 1, 1, -1, 12800000
+calculator.InitialiseSettings 450000000, 8, 12500, 12800000
+Expect "the usual setting again", calculator.IsValid, True
 
 WScript.Echo "end of members.vbs, failures: " & failures
 WScript.Quit 40 + failures
