@@ -30,15 +30,15 @@ private:
     model::DataStorePointer store_;
 };
 
-// True for as long as a wait goes on, however it ends.
-class Waiting {
+// True for as long as a sequence goes on, however it ends.
+class UnderWay {
 public:
-    explicit Waiting(bool& flag) noexcept : flag_(flag) { flag_ = true; }
-    Waiting(const Waiting&) = delete;
-    Waiting& operator=(const Waiting&) = delete;
-    Waiting(Waiting&&) = delete;
-    Waiting& operator=(Waiting&&) = delete;
-    ~Waiting() { flag_ = false; }
+    explicit UnderWay(bool& flag) noexcept : flag_(flag) { flag_ = true; }
+    UnderWay(const UnderWay&) = delete;
+    UnderWay& operator=(const UnderWay&) = delete;
+    UnderWay(UnderWay&&) = delete;
+    UnderWay& operator=(UnderWay&&) = delete;
+    ~UnderWay() { flag_ = false; }
 
 private:
     bool& flag_;
@@ -51,9 +51,10 @@ std::unique_ptr<SendPermission> storePermission(model::DataStorePointer store) {
 }
 
 void TableTransfer::load() {
-    if (refusedWhileWaiting()) {
+    if (refusedInsideAnother()) {
         return;
     }
+    const UnderWay underWay(underWay_);
     abortingOnFailure([&] {
         surroundings_.disableCommands();
         surroundings_.disableChannelSelect();
@@ -69,7 +70,11 @@ void TableTransfer::load() {
 }
 
 void TableTransfer::send() {
-    if (refusedWhileWaiting() || !tableIsOpen()) {
+    if (refusedInsideAnother()) {
+        return;
+    }
+    const UnderWay underWay(underWay_);
+    if (!tableIsOpen()) {
         return;
     }
     if (!overwriteConfirmed()) {
@@ -90,13 +95,13 @@ void TableTransfer::send() {
     });
 }
 
-bool TableTransfer::refusedWhileWaiting() {
-    if (waiting_) {
+bool TableTransfer::refusedInsideAnother() {
+    if (underWay_) {
         surroundings_.show({.text = "Another transfer is waiting for the Telvar. Please wait until it has ended.",
                             .title = title(),
                             .icon = ui::Icon::Exclamation});
     }
-    return waiting_;
+    return underWay_;
 }
 
 bool TableTransfer::tableIsOpen() {
@@ -145,7 +150,6 @@ bool TableTransfer::mayBeSent() {
 }
 
 bool TableTransfer::waitForLink() {
-    const Waiting waiting(waiting_);
     surroundings_.pauseDiagnostics();
     return waitForQuietLink(surroundings_.desktop, surroundings_.store);
 }
@@ -162,9 +166,19 @@ void TableTransfer::abortingOnFailure(Sequence&& sequence) {
         sequence();
     } catch (const std::exception&) {
         // No exchange was begun, so without this no end of one would ever give the host its commands back.
-        ui::resumed([&] { surroundings_.link()->AbortTransfer(); });
+        ui::resumed([&] {
+            if (linkIsKnownToBeFree()) {
+                surroundings_.link()->AbortTransfer();
+            }
+        });
         throw;
     }
+}
+
+// A link that tells how its last exchange ended runs none; of others only the store knows.
+bool TableTransfer::linkIsKnownToBeFree() {
+    return surroundings_.link()->lastExchangeSucceeded() ||
+           !base::isTrue(surroundings_.store()->get(StoreMember::CommsBusy));
 }
 
 std::string TableTransfer::title() { return base::toText(surroundings_.store()->get(StoreMember::MessageTitle)); }

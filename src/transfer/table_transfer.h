@@ -3,7 +3,8 @@
 //
 // Nothing is enabled again here: that is the host's task when the link reports the end of the exchange. A send that is
 // refused, and a sequence that fails once the host's commands are disabled, therefore calls AbortTransfer, which makes
-// the link report an end.
+// the link report an end. One that fails while somebody else's exchange runs, or may run, leaves that one alone: its
+// own end gives the commands back.
 #pragma once
 
 #include <functional>
@@ -61,16 +62,16 @@ class TableTransfer {
 public:
     explicit TableTransfer(TransferSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
 
-    // A sequence of this transfer waits for the link.
-    [[nodiscard]] bool waiting() const noexcept { return waiting_; }
+    // From the beginning of a sequence to its end: it asks, checks or waits for the link.
+    [[nodiscard]] bool underWay() const noexcept { return underWay_; }
 
-    // Let failures through (base::Failure, or what the surroundings throw). One that starts while another waits is
-    // refused with a message.
+    // Let failures through (base::Failure, or what the surroundings throw). One that starts while another is under way
+    // is refused with a message.
     void send();
     void load();
 
 private:
-    [[nodiscard]] bool refusedWhileWaiting();
+    [[nodiscard]] bool refusedInsideAnother();
     [[nodiscard]] bool tableIsOpen();
     [[nodiscard]] bool overwriteConfirmed();
     [[nodiscard]] bool mayBeSent();
@@ -80,10 +81,11 @@ private:
     void announce(std::int16_t task);
     template <class Sequence>
     void abortingOnFailure(Sequence&& sequence);
+    [[nodiscard]] bool linkIsKnownToBeFree();
     [[nodiscard]] std::string title();
 
     TransferSurroundings surroundings_;
-    bool waiting_ = false;
+    bool underWay_ = false;
 };
 
 }  // namespace telvar::transfer

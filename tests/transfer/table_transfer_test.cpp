@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -48,13 +51,23 @@ private:
 class JournalLink : public model::RadioLink {
 public:
     explicit JournalLink(Journal& journal) : journal_(journal) {}
-    void SendChannelTable() override { journal_.note("link SendChannelTable"); }
+    void SendChannelTable() override {
+        journal_.note("link SendChannelTable");
+        if (whenSent) {
+            whenSent();
+        }
+    }
     void LoadChannelTable(std::string& text, bool& flag) override {
         journal_.note("link LoadChannelTable '" + text + "' " + (flag ? "True" : "False"));
     }
     void AbortTransfer() override { journal_.note("link AbortTransfer"); }
     void SendPotValues(std::string& /*text*/) override { journal_.note("link SendPotValues"); }
     void SelectChannel(std::string& /*channel*/) override { journal_.note("link SelectChannel"); }
+    std::optional<bool> lastExchangeSucceeded() override { return lastSucceeded; }
+
+    std::function<void()> whenSent;
+    // Nothing, as with a link that does not tell.
+    std::optional<bool> lastSucceeded;
 
 private:
     Journal& journal_;
@@ -115,6 +128,8 @@ protected:
     std::string scanMessage;
     transfer::TableTransfer sequence{surroundings()};
 };
+
+constexpr const char* anotherTransfer = "Another transfer is waiting for the Telvar. Please wait until it has ended.";
 
 const ui::MessageBox overwriteQuestion{.text = "Warning: Sending data to the Telvar will overwrite the\r\n"
                                                "current memory contents within the Telvar.\r\n\r\n"
@@ -215,12 +230,12 @@ TEST_F(TableTransfer, TheWaitLetsEventsRunAndEndsWhenTheLinkIsQuiet) {
         desktop.whenPumping([&] { ++turns; });
         desktop.whenPumping([&] {
             ++turns;
-            EXPECT_TRUE(sequence.waiting());
+            EXPECT_TRUE(sequence.underWay());
             memory->put(StoreMember::CommsBusy, false);
         });
         const Log log = sending ? send() : load();
         EXPECT_EQ(turns, 2);
-        EXPECT_FALSE(sequence.waiting());
+        EXPECT_FALSE(sequence.underWay());
         EXPECT_EQ(log.back(), sending ? "link SendChannelTable" : "link LoadChannelTable '' True");
     }
 }
@@ -237,7 +252,7 @@ TEST_F(TableTransfer, AQuittingMessageLoopEndsTheWaitWithoutAnExchange) {
     desktop.quit();
     const Log log = send();
     EXPECT_EQ(log.back(), "CommsBusy");
-    EXPECT_FALSE(sequence.waiting());
+    EXPECT_FALSE(sequence.underWay());
 }
 
 TEST_F(TableTransfer, AnotherTransferInsideTheWaitIsRefusedInOneSentence) {
@@ -246,12 +261,90 @@ TEST_F(TableTransfer, AnotherTransferInsideTheWaitIsRefusedInOneSentence) {
     desktop.whenPumping([&] { sequence.send(); });
     desktop.whenPumping([&] { memory->put(StoreMember::CommsBusy, false); });
     const Log log = send();
-    const ui::MessageBox refusal{.text = "Another transfer is waiting for the Telvar. Please wait until it has ended.",
-                                 .title = "Telvar",
-                                 .icon = ui::Icon::Exclamation};
+    const ui::MessageBox refusal{.text = anotherTransfer, .title = "Telvar", .icon = ui::Icon::Exclamation};
     EXPECT_EQ(desktop.boxes(), (Boxes{refusal, refusal}));
     EXPECT_EQ(std::ranges::count(log, "link SendChannelTable"), 1);
     EXPECT_EQ(std::ranges::count(log, "event DisableCommands"), 1);
+}
+
+// Whatever the sequence shows: while its box is open, the host may call.
+TEST_F(TableTransfer, AnotherTransferInsideABoxOfTheSequenceIsRefusedInOneSentence) {
+    memory->put(StoreMember::ShowSendWarning, true);
+    scanMessage = "Total number of channel scan must not exceed 40.";
+    auto own = surroundings();
+    own.checkFrequencies = [this] {
+        desktop.show({.text = "a finding"});
+        return true;
+    };
+    transfer::TableTransfer sending(std::move(own));
+    int inside = 0;
+    desktop.duringBox = [&](const ui::MessageBox& box) {
+        EXPECT_TRUE(sending.underWay());
+        if (box.text != anotherTransfer) {
+            (++inside % 2 == 0) ? sending.send() : sending.load();
+        }
+    };
+    for (int answer = 0; answer < 6; ++answer) {
+        desktop.answerWith(ui::Answer::Ok);
+    }
+    sending.send();
+    EXPECT_FALSE(sending.underWay());
+    std::vector<std::string> texts;
+    for (const ui::MessageBox& box : desktop.boxes()) {
+        texts.push_back(box.text);
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{overwriteQuestion.text, anotherTransfer, "a finding", anotherTransfer,
+                                               scanMessage, anotherTransfer}));
+    EXPECT_EQ(std::ranges::count(journal.entries, "event DisableCommands"), 1);
+    EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), 1);
+}
+
+TEST_F(TableTransfer, AnotherTransferInsideTheBoxAboutAMissingTableIsRefusedToo) {
+    memory->put(StoreMember::TableOpen, false);
+    desktop.duringBox = [&](const ui::MessageBox& box) {
+        if (box.text != anotherTransfer) {
+            sequence.load();
+        }
+    };
+    static_cast<void>(send());
+    EXPECT_EQ(desktop.boxes().size(), 2U);
+    EXPECT_EQ(desktop.boxes().back().text, anotherTransfer);
+    static_cast<void>(desktop.takeBoxes());
+    desktop.duringBox = nullptr;
+    EXPECT_EQ(load().back(), "link LoadChannelTable '' True");
+}
+
+// Somebody else was faster: the exchange that runs now is theirs, and its end will give the host its commands back.
+TEST_F(TableTransfer, AFailureLeavesTheRunningExchangeOfAnotherAlone) {
+    link->whenSent = [this] {
+        memory->put(StoreMember::CommsBusy, true);
+        throw base::Failure("busy with another exchange");
+    };
+    EXPECT_THROW(sequence.send(), base::Failure);
+    EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), 0);
+    EXPECT_EQ(std::ranges::count(journal.entries, "event DisableCommands"), 1);
+}
+
+TEST_F(TableTransfer, WhereNobodyKnowsWhetherAnExchangeRunsAFailureAbortsNothing) {
+    class SecretiveStore final : public JournalStore {
+    public:
+        using JournalStore::JournalStore;
+        base::Value get(StoreMember member) override {
+            if (member == StoreMember::CommsBusy) {
+                throw base::Failure("does not answer");
+            }
+            return JournalStore::get(member);
+        }
+    };
+    store = std::make_shared<SecretiveStore>(*memory, journal);
+    for (const bool sending : {true, false}) {
+        EXPECT_THROW(sending ? sequence.send() : sequence.load(), base::Failure);
+        EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), 0);
+    }
+    // The link itself says that it runs none.
+    link->lastSucceeded = false;
+    EXPECT_THROW(sequence.load(), base::Failure);
+    EXPECT_EQ(journal.entries.back(), "link AbortTransfer");
 }
 
 // A store exchanged during the wait is the one that is asked and told from then on.
@@ -280,7 +373,7 @@ TEST_F(TableTransfer, AFailureOnceTheHostIsDisabledAbortsOnceAndReachesTheCaller
             const bool prepared = disabled != journal.entries.end();
             EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), prepared ? 1 : 0) << step;
             EXPECT_EQ(journal.entries.back() == "link AbortTransfer", prepared) << step;
-            EXPECT_FALSE(sequence.waiting()) << step;
+            EXPECT_FALSE(sequence.underWay()) << step;
         }
         static_cast<void>(desktop.takeBoxes());
     }
