@@ -107,6 +107,22 @@ std::expected<void, FileError> replaceFile(const std::string& path, std::string_
     return {};
 }
 
+std::expected<bool, FileError> createFile(const std::string& path, std::string_view contents) {
+    const Temporary fresh(path);
+    auto done = steps::writeThrough(fresh.name(), contents, path);
+    if (done) {
+        done = steps::keepAs(fresh.name(), path);
+        if (!done && fileExists(path)) {
+            return false;
+        }
+    }
+    if (!done) {
+        return std::unexpected(FileError{path, done.error()});
+    }
+    steps::flushFolderOf(path);
+    return true;
+}
+
 bool fileExists(const std::string& path) { return steps::kindOf(path) != steps::Kind::Nothing; }
 
 std::string_view fileName(std::string_view path) noexcept {

@@ -20,6 +20,10 @@ namespace telvar::os {
 // and no temporary file is left.
 [[nodiscard]] std::expected<void, FileError> replaceFile(const std::string& path, std::string_view contents);
 
+// Makes a new file, which holds its contents completely from the moment on at which its name is there. False where
+// something of that name stands already, also where another program was faster: that is left alone.
+[[nodiscard]] std::expected<bool, FileError> createFile(const std::string& path, std::string_view contents);
+
 // Something of that name exists, whatever it is.
 [[nodiscard]] bool fileExists(const std::string& path);
 

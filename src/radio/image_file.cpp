@@ -103,14 +103,17 @@ std::expected<std::string, os::FileError> saveDated(const std::string& folder, c
     }
     // Colons are no part of a file's name on every system.
     const auto stem = textOf(*place / ("radio " + base::replacedAll(os::isoText(os::localTime()), ":", ".")));
-    std::string path = stem + std::string(imageExtension);
-    for (int again = 2; os::fileExists(path); ++again) {
-        path = stem + " (" + std::to_string(again) + ")" + std::string(imageExtension);
+    const auto text = imageText(image);
+    for (int number = 1;; ++number) {
+        const auto path = stem + (number == 1 ? "" : " (" + std::to_string(number) + ")") + std::string(imageExtension);
+        const auto created = os::createFile(path, text);
+        if (!created) {
+            return std::unexpected(created.error());
+        }
+        if (*created) {
+            return path;
+        }
     }
-    if (const auto saved = saveImage(path, image); !saved) {
-        return std::unexpected(saved.error());
-    }
-    return path;
 }
 
 }  // namespace telvar::radio

@@ -22,7 +22,8 @@ inline constexpr std::string_view imageExtension = ".telvar-radio";
 [[nodiscard]] std::expected<void, os::FileError> saveImage(const std::string& path, const TableImage& image);
 
 // Saves the image under the present date and time in a folder, which is created if need be; the file's full name. An
-// empty folder means "radio-backups" in the user's state folder. Two of the same second get different names.
+// empty folder means "radio-backups" in the user's state folder. Two of the same second get different names,
+// also from different programs.
 [[nodiscard]] std::expected<std::string, os::FileError> saveDated(const std::string& folder, const TableImage& image);
 
 }  // namespace telvar::radio

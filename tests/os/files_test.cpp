@@ -39,6 +39,25 @@ TEST_F(Files, ANewFileHasNoBackup) {
     EXPECT_EQ(folder.entries(), Names{"table.telvar"});
 }
 
+TEST_F(Files, ACreatedFileIsComplete) {
+    EXPECT_EQ(createFile(table, "first"), true);
+    EXPECT_EQ(TemporaryFolder::read(table), "first");
+    EXPECT_EQ(folder.entries(), Names{"table.telvar"});
+}
+
+TEST_F(Files, WhatStandsThereAlreadyIsNotCreatedOver) {
+    TemporaryFolder::write(table, "old");
+    EXPECT_EQ(createFile(table, "new"), false);
+    EXPECT_EQ(TemporaryFolder::read(table), "old");
+    EXPECT_EQ(folder.entries(), Names{"table.telvar"});
+}
+
+TEST_F(Files, AFileIsNotCreatedWhereThereIsNoFolder) {
+    const auto created = createFile(folder / "nowhere/table.telvar", "new");
+    ASSERT_FALSE(created);
+    EXPECT_EQ(created.error().path, folder / "nowhere/table.telvar");
+}
+
 TEST_F(Files, BytesAreWrittenAndReadAsTheyAre) {
     std::string bytes("\r\n\0\x1a\xff\n", 6);
     for (int at = 0; at < 20; ++at) {

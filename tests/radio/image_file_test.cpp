@@ -2,6 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <barrier>
+#include <filesystem>
+#include <iterator>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
 #include <string>
 
 #include "support/temporary_folder.h"
@@ -70,6 +79,35 @@ TEST_F(ImageFile, IsKeptUnderItsDateInAFolderThatIsMade) {
     EXPECT_TRUE(first->ends_with(".telvar-radio")) << *first;
     EXPECT_EQ(radio::loadImage(*first), sampleImage(1));
     EXPECT_EQ(radio::loadImage(*second), sampleImage(2));
+}
+
+// As two programs that send at the same moment: none takes the other's name.
+TEST_F(ImageFile, IsKeptUnderANameOfItsOwnHoweverManyAreSavedAtOnce) {
+    constexpr int savers = 4;
+    constexpr int saves = 12;
+    const auto place = folder / "kept";
+    std::barrier together(savers);
+    std::array<std::vector<std::string>, savers> names;
+    std::vector<std::jthread> threads;
+    for (int saver = 0; saver < savers; ++saver) {
+        threads.emplace_back([&, saver] {
+            for (int save = 0; save < saves; ++save) {
+                together.arrive_and_wait();
+                names[static_cast<std::size_t>(saver)].push_back(
+                    radio::saveDated(place, sampleImage(1 + saver % 2)).value_or("not saved"));
+            }
+        });
+    }
+    threads.clear();
+    std::set<std::string> different;
+    for (std::size_t saver = 0; saver < names.size(); ++saver) {
+        for (const std::string& name : names[saver]) {
+            EXPECT_EQ(radio::loadImage(name), sampleImage(1 + static_cast<int>(saver % 2))) << name;
+            different.insert(name);
+        }
+    }
+    EXPECT_EQ(different.size(), std::size_t{savers * saves});
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(place), {}), savers * saves);
 }
 
 TEST_F(ImageFile, IsNotKeptWhereNoFolderCanBe) {
