@@ -17,14 +17,6 @@ ui::Rect placeOf(HWND window) {
     return rectOf(at);
 }
 
-// The place of the thumb in a slider.
-RECT thumbOf(HWND slider) {
-    constexpr UINT getThumb = WM_USER + 25;
-    RECT thumb{};
-    SendMessageW(slider, getThumb, 0, reinterpret_cast<LPARAM>(&thumb));
-    return thumb;
-}
-
 class Forms : public FormWorld {
 protected:
     ui::Form& form = widgets.form;
@@ -286,48 +278,6 @@ TEST_F(Forms, WhatIsInAFrameIsHiddenAndDisabledWithIt) {
     EXPECT_TRUE(widgets.wide.visible());
 }
 
-TEST_F(Forms, ASliderShowsItsMinimumAtTheTop) {
-    const auto thumbAt = [this](int value) {
-        widgets.level.loadValue(value);
-        openModeless();
-        const HWND slider = windowOf(widgets.level);
-        RECT client{};
-        GetClientRect(slider, &client);
-        const RECT thumb = thumbOf(slider);
-        desktop.hide(form);
-        return static_cast<double>(thumb.top + thumb.bottom) / (2.0 * static_cast<double>(client.bottom));
-    };
-    EXPECT_LT(thumbAt(-255), 0.2);
-    EXPECT_NEAR(thumbAt(-128), 0.5, 0.05);
-    EXPECT_GT(thumbAt(0), 0.8);
-}
-
-TEST_F(Forms, TheThumbOfASliderStandsInItsMiddleAtAnyResolution) {
-    openModeless();
-    for (const int dpi : {96, 144, 192}) {
-        const RECT suggested{10, 10, 700, 700};
-        SendMessageW(window(), dpiChanged, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
-                     reinterpret_cast<LPARAM>(&suggested));
-        const RECT thumb = thumbOf(windowOf(widgets.level));
-        EXPECT_NEAR(thumb.left + thumb.right, widgets.level.bounds().width(), 4) << dpi;
-        EXPECT_GT(thumb.right - thumb.left, widgets.level.bounds().width() / 2) << dpi;
-    }
-}
-
-TEST_F(Forms, ASliderIsMovedByTheMouse) {
-    openModeless();
-    const HWND slider = windowOf(widgets.level);
-    const RECT thumb = thumbOf(slider);
-    const int x = (thumb.left + thumb.right) / 2;
-    const int y = (thumb.top + thumb.bottom) / 2;
-    SendMessageW(slider, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-    SendMessageW(slider, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x, 0));
-    EXPECT_EQ(widgets.level.value(), -255);
-    SendMessageW(slider, WM_LBUTTONUP, 0, MAKELPARAM(x, 0));
-    pump();
-    EXPECT_EQ(focused(), "sldLevel");
-}
-
 TEST_F(Forms, AMessageBoxInLostFocusDoesNotSwallowTheClick) {
     const BoxAnswers answers(desktop, IDOK);
     std::vector<std::string> happened;
@@ -374,106 +324,6 @@ TEST_F(Forms, HoldTheirOwnerDuringAMessage) {
         EXPECT_GE(mostHeld, 1);
         EXPECT_EQ(held, 0);
     }
-}
-
-// ---- the end of a form inside its own events
-
-class EndingForms : public FormWorld {
-protected:
-    void SetUp() override { mortal = std::make_unique<FormWidgets>(desktop); }
-    void end() { mortal.reset(); }
-    void open() {
-        desktop.showModeless(mortal->form);
-        pump();
-    }
-    void expectGone() {
-        EXPECT_EQ(mortal, nullptr);
-        EXPECT_EQ(window(), nullptr);
-        pump();
-    }
-
-    std::unique_ptr<FormWidgets> mortal;
-};
-
-TEST_F(EndingForms, Load) {
-    mortal->form.Load.connect([&] { end(); });
-    desktop.showModal(mortal->form);
-    expectGone();
-}
-
-TEST_F(EndingForms, AClickOfAModalForm) {
-    mortal->ok.Click.connect([&] { end(); });
-    whenOpen([&] { key(VK_RETURN); });
-    desktop.showModal(mortal->form);
-    expectGone();
-    EXPECT_TRUE(IsWindowEnabled(top.handle()));
-}
-
-TEST_F(EndingForms, TheCloseBox) {
-    mortal->form.CloseBox.connect([&] { end(); });
-    open();
-    SendMessageW(window(), WM_CLOSE, 0, 0);
-    expectGone();
-}
-
-TEST_F(EndingForms, Escape) {
-    mortal->cancel.Click.connect([&] { end(); });
-    open();
-    key(VK_ESCAPE);
-    expectGone();
-}
-
-TEST_F(EndingForms, AKeyAndACharacter) {
-    mortal->name.KeyDown.connect([&](ui::KeyEvent&) { end(); });
-    open();
-    key('A');
-    expectGone();
-    SetUp();
-    mortal->name.KeyPress.connect([&](ui::KeyPressEvent&) { end(); });
-    open();
-    key('A');
-    expectGone();
-    SetUp();
-    mortal->tones.KeyPress.connect([&](ui::KeyPressEvent&) { end(); });
-    mortal->form.Load.connect([&] { mortal->tones.setFocus(); });
-    open();
-    key('A');
-    expectGone();
-}
-
-TEST_F(EndingForms, AChangeOfATextAListAndASlider) {
-    mortal->name.Change.connect([&] { end(); });
-    open();
-    key('A');
-    expectGone();
-    SetUp();
-    mortal->list.Click.connect([&] { end(); });
-    mortal->form.Load.connect([&] { mortal->list.setFocus(); });
-    open();
-    key(VK_DOWN);
-    expectGone();
-    SetUp();
-    mortal->level.Change.connect([&] { end(); });
-    mortal->form.Load.connect([&] { mortal->level.setFocus(); });
-    open();
-    key(VK_UP);
-    expectGone();
-}
-
-TEST_F(EndingForms, TheLossOfTheFocusThatEnterBrings) {
-    mortal->name.LostFocus.connect([&] { end(); });
-    open();
-    mortal->note.setFocus();
-    press(VK_RETURN);
-    pump();
-    expectGone();
-}
-
-TEST_F(EndingForms, AnAccessKeyOfAnOption) {
-    mortal->narrow.Click.connect([&] { end(); });
-    open();
-    key('R', {VK_MENU});
-    expectGone();
 }
 
 // ---- what keeps the module loaded
