@@ -4,7 +4,6 @@
 #include "cli/commands.h"
 #include "cli/radio_diary.h"
 #include "os/end_requests.h"
-#include "os/file_lock.h"
 #include "radio/address.h"
 #include "radio/radio_server.h"
 #include "store/json_text.h"
@@ -33,15 +32,6 @@ public:
         const auto faults = radio::parseFaults(faults_);
         if (!faults) {
             return console.refuse(faults.error());
-        }
-        // Two radios with one file would each overwrite what the other one has stored.
-        std::optional<os::FileLock> lock;
-        if (!state_.empty()) {
-            auto acquired = os::FileLock::tryAcquire(os::lockFileFor(state_));
-            if (!acquired) {
-                return console.refuse(os::FileError{state_, acquired.error().what});
-            }
-            lock.emplace(*std::move(acquired));
         }
         const auto radio = radio::SimulatedRadio::open(state_);
         if (!radio) {

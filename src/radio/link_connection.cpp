@@ -31,7 +31,9 @@ void LinkConnection::configure(const LinkSettings& settings) {
     session_.reset();
     transport_.reset();
     line_.reset();
-    if (settings.stateFile != settings_.stateFile) {
+    // A file is left to other radios while it is not needed; without one, what the radio holds would be lost.
+    const bool left = settings.address.way != Address::Way::Simulated && !settings_.stateFile.empty();
+    if (left || settings.stateFile != settings_.stateFile) {
         radio_.reset();
     }
     if (settings.traceFile != settings_.traceFile) {

@@ -22,8 +22,9 @@ public:
     // Both outlive the connection.
     LinkConnection(LinkClock& clock, const os::Interrupt& interrupt);
 
-    // Closes what other settings had opened. The simulated radio stays the same as long as its file does; the plan of
-    // its faults begins anew whenever it is another one.
+    // Closes what other settings had opened. The simulated radio stays the same as long as its file does, and keeps
+    // other radios from that file while it is the one that is talked to; the plan of its faults begins anew whenever
+    // it is another one.
     void configure(const LinkSettings& settings);
     [[nodiscard]] const LinkSettings& settings() const noexcept { return settings_; }
 

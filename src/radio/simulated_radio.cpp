@@ -6,6 +6,7 @@
 #include "base/conversion.h"
 #include "model/mode_bits.h"
 #include "os/files.h"
+#include "os/folders.h"
 #include "radio/image_file.h"
 
 namespace telvar::radio {
@@ -28,6 +29,13 @@ SimulatedRadio::SimulatedRadio() { tuneTo(selected_); }
 
 std::expected<std::unique_ptr<SimulatedRadio>, os::FileError> SimulatedRadio::open(const std::string& file) {
     auto radio = std::make_unique<SimulatedRadio>();
+    if (!file.empty()) {
+        auto lock = os::FileLock::tryAcquire(os::canonicalPath(file) + ".lock");
+        if (!lock) {
+            return std::unexpected(os::FileError{file, lock.error().what});
+        }
+        radio->lock_.emplace(*std::move(lock));
+    }
     if (!file.empty() && os::fileExists(file)) {
         auto image = loadImage(file);
         if (!image) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "os/file_error.h"
+#include "os/file_lock.h"
 #include "radio/frame.h"
 #include "radio/message.h"
 #include "radio/table_image.h"
@@ -21,7 +22,8 @@ public:
     SimulatedRadio();
 
     // Keeps its table in a file, which is made by the first table that the radio takes; an empty name means none. A
-    // file that is no radio's table is refused.
+    // file that is no radio's table is refused, and one that another radio keeps its table in, of this program or of
+    // another one: each would overwrite what the other has stored. What says so is a lock file beside it, which stays.
     [[nodiscard]] static std::expected<std::unique_ptr<SimulatedRadio>, os::FileError> open(const std::string& file);
 
     // What it says to a request; nothing to frames that are none, are late or belong to nothing.
@@ -63,6 +65,7 @@ private:
     void tuneTo(std::uint8_t channel);
 
     std::string file_;
+    std::optional<os::FileLock> lock_;
     TableImage table_ = emptyImage();
     std::optional<Staged> staged_;
     std::uint8_t selected_ = 1;

@@ -137,6 +137,10 @@ TEST_F(Transfer, ARadiosFileHasOneRadio) {
     const auto second = telvar({"radio", "--listen", "0", "--state", state});
     EXPECT_EQ(second.status, 2);
     EXPECT_EQ(second.err, state + ": Is in use by another program.\n");
+    const auto sent = send(table, "simulated", {"--state", state});
+    EXPECT_EQ(sent.status, 2);
+    EXPECT_EQ(sent.err, "telvar: The radio cannot be reached at simulated (" + state +
+                            ": Is in use by another program); nothing was written to the radio.\n");
 }
 
 TEST_F(Transfer, FindingsKeepATableFromBeingSent) {
@@ -213,7 +217,7 @@ TEST_F(Transfer, ARadioKilledInTheMiddleLeavesTheFileAlone) {
     EXPECT_NE(said.find("telvar: The connection to the radio broke ("), std::string::npos) << said;
     EXPECT_TRUE(said.ends_with("; the table here was not changed.\n")) << said;
     EXPECT_EQ(TemporaryFolder::read(table), before);
-    EXPECT_EQ(folder.entries(), (std::vector<std::string>{"table.telvar"}));
+    EXPECT_EQ(folder.entries(), (std::vector<std::string>{"state.telvar-radio.lock", "table.telvar"}));
 }
 
 TEST_F(Transfer, ASendThatIsInterruptedLeavesTheRadioItsTable) {

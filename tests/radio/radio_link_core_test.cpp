@@ -122,6 +122,25 @@ TEST_F(RadioLinkCore, TheStagedLevelsGoToTheRadio) {
     EXPECT_NE(lines.find(": 10111213\n"), std::string::npos) << lines;
 }
 
+TEST_F(RadioLinkCore, TwoLinksDoNotShareTheFileOfASimulatedRadio) {
+    settings.stateFile = folder / "radio.telvar-radio";
+    link->setSettings(settings);
+    ASSERT_TRUE(std::get<1>(send()));
+    auto other = made(std::make_unique<VirtualClock>());
+    other->queryStatus();
+    ASSERT_TRUE(dispatcher.runUntil([&] { return !other->exchangeRunning(); }));
+    EXPECT_EQ(reports.back(), (std::pair{false, "The radio cannot be reached at simulated (" + settings.stateFile +
+                                                    ": Is in use by another program)."}));
+    // A link that talks to another radio leaves the file.
+    settings.address = {.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = 9};
+    link->setSettings(settings);
+    link->queryStatus();
+    ASSERT_TRUE(dispatcher.runUntil([&] { return !link->exchangeRunning(); }));
+    other->queryStatus();
+    ASSERT_TRUE(dispatcher.runUntil([&] { return !other->exchangeRunning(); }));
+    EXPECT_TRUE(reports.back().first) << reports.back().second;
+}
+
 TEST_F(RadioLinkCore, ATraceThatCannotBeWrittenStopsTheExchange) {
     settings.traceFile = folder / "missing/trace.txt";
     link->setSettings(settings);

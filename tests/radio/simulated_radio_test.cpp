@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -172,11 +173,29 @@ TEST_F(SimulatedRadio, KeepsItsTableInAFile) {
     sendRecords(sampleImage(2));
     ASSERT_TRUE(said(Kind::CommitWrite));
     EXPECT_EQ(radio::loadImage(path), sampleImage(2));
+    theRadio.reset();
     EXPECT_EQ((*radio::SimulatedRadio::open(path))->table(), sampleImage(2));
 }
 
+TEST_F(SimulatedRadio, HasItsFileForItself) {
+    const auto path = folder / "state";
+    theRadio = *radio::SimulatedRadio::open(path);
+    const auto second = radio::SimulatedRadio::open(folder / "./state");
+    ASSERT_FALSE(second);
+    EXPECT_EQ(second.error().sentence(), folder / "./state: Is in use by another program.");
+    theRadio.reset();
+    EXPECT_TRUE(radio::SimulatedRadio::open(path));
+}
+
+TEST_F(SimulatedRadio, IsNotMadeWhereItsFileCannotBe) {
+    const auto opened = radio::SimulatedRadio::open(folder / "missing/state");
+    ASSERT_FALSE(opened);
+    EXPECT_EQ(opened.error().sentence(), folder / "missing/state: No such file or directory.");
+}
+
 TEST_F(SimulatedRadio, SaysWhenItCannotStoreATable) {
-    theRadio = *radio::SimulatedRadio::open(folder / "missing/state");
+    theRadio = *radio::SimulatedRadio::open(folder / "state");
+    std::filesystem::create_directory(folder / "state");
     greet();
     ASSERT_TRUE(said(Kind::BeginWrite, beginning(sampleImage(2))));
     sendRecords(sampleImage(2));
