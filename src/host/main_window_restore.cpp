@@ -36,7 +36,8 @@ void MainWindow::restoreBackup() {
     beginRestore();
 }
 
-// The link refuses while it still asks how the radio is, which takes a second at most.
+// The link refuses while it still asks how the radio is, which takes a few seconds at
+// most.
 void MainWindow::beginRestore() {
     if (!restoreWanted_ || radio_.asking()) {
         return;

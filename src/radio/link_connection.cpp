@@ -1,5 +1,6 @@
 #include "radio/link_connection.h"
 
+#include <algorithm>
 #include <random>
 #include <utility>
 
@@ -12,7 +13,7 @@ namespace telvar::radio {
 
 namespace {
 
-constexpr std::chrono::milliseconds connectWait{3000};
+constexpr std::chrono::milliseconds longestConnectWait{3000};
 
 [[nodiscard]] LinkFailure localFailure(const std::string& what) {
     return {.cause = LinkFailure::Cause::Local, .what = what};
@@ -55,7 +56,7 @@ LinkResult<LinkSession*> LinkConnection::fresh(const Patience& patience) {
     if (const auto opened = openTrace(); !opened) {
         return std::unexpected(opened.error());
     }
-    if (const auto opened = openTransport(); !opened) {
+    if (const auto opened = openTransport(patience); !opened) {
         return std::unexpected(opened.error());
     }
     session_.emplace(*transport_, clock_, interrupt_, trace_ ? &*trace_ : nullptr);
@@ -81,11 +82,11 @@ LinkResult<void> LinkConnection::openTrace() {
     return {};
 }
 
-LinkResult<void> LinkConnection::openTransport() {
+LinkResult<void> LinkConnection::openTransport(const Patience& patience) {
     if (transport_) {
         return {};
     }
-    auto opened = transport();
+    auto opened = transport(std::min(longestConnectWait, patience.attempts * patience.wait));
     if (!opened) {
         if (interrupt_.raised()) {
             return std::unexpected(
@@ -99,7 +100,7 @@ LinkResult<void> LinkConnection::openTransport() {
     return {};
 }
 
-OpenedTransport LinkConnection::transport() {
+OpenedTransport LinkConnection::transport(std::chrono::milliseconds connectWait) {
     const Address& address = settings_.address;
     if (address.way == Address::Way::Simulated) {
         return simulatedTransport();

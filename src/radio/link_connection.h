@@ -2,6 +2,7 @@
 // simulated radio where that is chosen.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -28,7 +29,8 @@ public:
     void configure(const LinkSettings& settings);
     [[nodiscard]] const LinkSettings& settings() const noexcept { return settings_; }
 
-    // A new session, which ends whatever the radio was told to begin before.
+    // A new session, which ends whatever the radio was told to begin before. A partner is not waited for longer than an
+    // answer.
     [[nodiscard]] LinkResult<LinkSession*> fresh(const Patience& patience = usualPatience);
     // The open session, or a new one.
     [[nodiscard]] LinkResult<LinkSession*> ready(const Patience& patience = usualPatience);
@@ -43,8 +45,8 @@ public:
 
 private:
     [[nodiscard]] LinkResult<void> openTrace();
-    [[nodiscard]] LinkResult<void> openTransport();
-    [[nodiscard]] OpenedTransport transport();
+    [[nodiscard]] LinkResult<void> openTransport(const Patience& patience);
+    [[nodiscard]] OpenedTransport transport(std::chrono::milliseconds connectWait);
     [[nodiscard]] OpenedTransport simulatedTransport();
     [[nodiscard]] std::uint16_t nextNumber() noexcept;
 

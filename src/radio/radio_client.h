@@ -60,7 +60,8 @@ public:
     // 1 to 255.
     [[nodiscard]] Outcome selectChannel(std::uint8_t channel);
     [[nodiscard]] Outcome setLevels(const Levels& levels);
-    // Asks once and waits a second at most (two where there is no session yet); the sentence says who answers.
+    // Asks once and waits a second at most; where there is no session (any more), a second each for a partner, its
+    // greeting and its answer. The sentence says who answers.
     [[nodiscard]] Outcome status();
 
     [[nodiscard]] bool connected() const noexcept { return connection_.isOpen(); }

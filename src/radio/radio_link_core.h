@@ -65,7 +65,7 @@ public:
 
     // Sends a table that was kept before a send.
     void restoreBackup(const std::string& file);
-    // Asks the radio how it is, once and for a second at most; StatusReported tells, not ExchangeEnded.
+    // Asks the radio how it is, once and as briefly as RadioClient::status; StatusReported tells, not ExchangeEnded.
     void queryStatus();
 
     // A session with a radio is open, as of the last report.

@@ -9,6 +9,7 @@
 #include "radio/radio_client.h"
 #include "radio/radio_server.h"
 #include "support/posix/pseudo_terminal.h"
+#include "support/posix/swallowing_port.h"
 #include "support/served_radio.h"
 #include "support/temporary_folder.h"
 #include "tables.h"
@@ -72,6 +73,17 @@ TEST_F(RealLine, ARadioThatIsNotThereIsTold) {
     EXPECT_FALSE(outcome.outcome.succeeded);
     EXPECT_EQ(outcome.outcome.sentence, "The radio cannot be reached at " + radio::textOf(address) +
                                             " (Connection refused); the table here was not changed.");
+}
+
+// Such as a firewall does, or a machine that is switched off.
+TEST_F(RealLine, AStatusAtAnAddressThatSwallowsEverythingIsBrief) {
+    const SwallowingPort port;
+    client.configure({.address = port.address()});
+    const auto began = clock.now();
+    EXPECT_EQ(client.status(),
+              (radio::Outcome{false, "The radio cannot be reached at " + radio::textOf(port.address()) +
+                                         " (The other side does not answer)."}));
+    EXPECT_LT(clock.now() - began, std::chrono::milliseconds(2000));
 }
 
 TEST_F(RealLine, ARadioThatGoesAwayInTheMiddleIsTold) {
