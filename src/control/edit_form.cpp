@@ -81,11 +81,16 @@ void ChannelInformation::openEditForm(std::int16_t channel, const ui::CellRange&
     if (closings != formClosings_) {
         return;
     }
+    const bool wasShown = editFormShown();
     frmCE.setChannel(channel);
     frmCE.setSelectedChannels(rows.first, rows.last);
     ui::resumed([this] { desktop_.showModeless(frmCE); });
     endIfClosed();
     frmCE.refresh();
+    // The first field, the channel's number, can only be read.
+    if (!wasShown && editFormShown() && frmCE.txtTxFrequency.isUsable()) {
+        frmCE.txtTxFrequency.setFocus();
+    }
 }
 
 // The selected rows, when they are several, the channel is among them and the user agrees; asked once after each

@@ -52,6 +52,21 @@ TEST_F(EditFormInAHost, ADoubleClickOpensItModelessOverTheHostsWindow) {
     EXPECT_EQ(boxes.texts(), Texts{});
 }
 
+TEST_F(EditFormInAHost, BeginsAtTheFirstFieldThatCanBeChanged) {
+    show();
+    doubleClick();
+    EXPECT_EQ(GetFocus(), frequencyField());
+    DWORD first = 9;
+    DWORD last = 9;
+    SendMessageW(frequencyField(), EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
+    EXPECT_EQ(first, 0U);
+    EXPECT_EQ(last, textOf(frequencyField()).size());
+    press("Cancel");
+    control->UpdateAccess(&level);
+    doubleClick();
+    EXPECT_EQ(GetFocus(), frequencyField());
+}
+
 TEST_F(EditFormInAHost, FollowsKeysAndClicksOnTheGrid) {
     show();
     doubleClick();
