@@ -1,35 +1,17 @@
 // The servers under the system's script engines, through the registry.
-#include <gtest/gtest.h>
-
-#include <string>
-
-#include "support/windows/command.h"
+#include "support/windows/finished_scripts.h"
 
 namespace telvar::tests {
 namespace {
 
-class Scripts : public testing::TestWithParam<const char*> {
+class Scripts : public FinishedScripts {
 protected:
-    static void SetUpTestSuite() {
-        for (const auto* server : {"VexloDataStore.dll", "TestHelper.dll"}) {
-            ASSERT_EQ(registerServer(server), CommandOutcome{}) << server;
-        }
-    }
+    static void SetUpTestSuite() { registerAll({"VexloDataStore.dll", "TestHelper.dll"}); }
 };
 
-TEST_P(Scripts, RunsToItsEnd) {
-    const auto outcome = runScript(std::string("windows/store/scripts/") + GetParam());
-    EXPECT_EQ(outcome.output, "done\n");
-    EXPECT_EQ(outcome.exitCode, 42U);
-}
+TEST_P(Scripts, RunsToItsEnd) { expectDone("windows/store/scripts/"); }
 
-INSTANTIATE_TEST_SUITE_P(Engines, Scripts, testing::Values("data_store.vbs", "data_store.js"), [](const auto& script) {
-    std::string name = script.param;
-    for (char& character : name) {
-        character = character == '.' ? '_' : character;
-    }
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Engines, Scripts, testing::Values("data_store.vbs", "data_store.js"), scriptTestName);
 
 }  // namespace
 }  // namespace telvar::tests
