@@ -105,7 +105,7 @@ std::expected<std::string, os::FileError> saveDated(const std::string& folder, c
     const auto stem = textOf(*place / ("radio " + base::replacedAll(os::isoText(os::localTime()), ":", ".")));
     const auto text = imageText(image);
     for (int number = 1;; ++number) {
-        const auto path = stem + (number == 1 ? "" : " (" + std::to_string(number) + ")") + std::string(imageExtension);
+        auto path = stem + (number == 1 ? "" : " (" + std::to_string(number) + ")") + std::string(imageExtension);
         const auto created = os::createFile(path, text);
         if (!created) {
             return std::unexpected(created.error());

@@ -23,10 +23,10 @@ constexpr std::uint8_t noChannel = 0;
     return static_cast<std::uint8_t>(*number);
 }
 
-// By value: the put may let the link go, and its pointer to the store with it. False where the store failed.
-bool putQuietly(model::DataStorePointer store, StoreMember member, const base::Value& value) noexcept {
+// False where the store failed.
+bool putQuietly(model::DataStore* store, StoreMember member, const base::Value& value) noexcept {
     try {
-        if (store) {
+        if (store != nullptr) {
             store->put(member, value);
         }
         return true;
@@ -139,7 +139,7 @@ void RadioLinkCore::start(Task task, const Preparation& prepare) {
         }
         if (alive.expired()) {
             // The mark came after the link had gone, which took away what was not there yet.
-            putQuietly(store, StoreMember::CommsBusy, false);
+            putQuietly(store.get(), StoreMember::CommsBusy, false);
             return;
         }
         const Job job = prepare();
@@ -250,7 +250,9 @@ Outcome RadioLinkCore::applied(Report& report) {
 }
 
 bool RadioLinkCore::putShared(StoreMember member, const base::Value& value) noexcept {
-    return putQuietly(taskStore_, member, value);
+    // The put may let the link go, and its pointer to the store with it.
+    const auto store = taskStore_;
+    return putQuietly(store.get(), member, value);
 }
 
 model::DataStore& RadioLinkCore::requiredStore() const {
