@@ -6,6 +6,8 @@
 #include <tuple>
 #include <type_traits>
 
+#include "host/user_folder.h"
+
 namespace telvar::host {
 
 namespace {
@@ -96,9 +98,8 @@ std::vector<Backup> backupsIn(const std::wstring& folder) {
 }
 
 std::wstring usualBackupFolder() {
-    std::wstring local(GetEnvironmentVariableW(L"LOCALAPPDATA", nullptr, 0), L'\0');
-    local.resize(GetEnvironmentVariableW(L"LOCALAPPDATA", local.data(), static_cast<DWORD>(local.size())));
-    return local.empty() ? local : local + L"\\Telvar\\radio-backups";
+    const std::wstring folder = userFolder();
+    return folder.empty() ? folder : folder + L"\\radio-backups";
 }
 
 std::wstring backupText(const Backup& backup) {

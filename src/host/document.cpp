@@ -54,6 +54,11 @@ bool Document::modified() const {
     return modified != VARIANT_FALSE;
 }
 
+bool Document::commsBusy() const noexcept {
+    VARIANT_BOOL busy = VARIANT_FALSE;
+    return FAILED(store_->get_CommsBusy(&busy)) || busy != VARIANT_FALSE;
+}
+
 com::ComPointer<IChannelRecord> Document::record(int channel) const {
     com::Variant index(static_cast<std::int32_t>(channel - 1));
     DISPPARAMS arguments{&index.get(), nullptr, 1, 0};

@@ -29,6 +29,8 @@ public:
     // Another number after every change.
     [[nodiscard]] long revision() const;
     [[nodiscard]] bool modified() const;
+    // Somebody uses the radio, or has said so.
+    [[nodiscard]] bool commsBusy() const noexcept;
     // Channels with a transmit or a receive frequency.
     [[nodiscard]] int configuredChannels() const;
 

@@ -118,7 +118,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 
 void MainWindow::tick(UINT_PTR timer) {
     if (timer == pollTimer) {
-        radio_.poll();
+        radio_.poll(document_ && document_->commsBusy());
         return;
     }
     refreshState();

@@ -73,6 +73,7 @@ private:
     enum class LoginReason { Fill, Edit };
     // What the control is asked to check a table for.
     enum class PrintWish { Preview, Print, Html };
+    static constexpr wchar_t cancelledSentence[] = L"The exchange with the radio was cancelled.";
     static constexpr UINT_PTR stateTimer = 1;
     static constexpr UINT_PTR pollTimer = 2;
     static constexpr UINT loginMessage = WM_APP;
@@ -139,6 +140,7 @@ private:
     void loadFromRadio();
     void restoreBackup();
     void beginRestore();
+    void giveRestoreUp();
     void exchange(ControlMethod method, const std::wstring& what);
     void cancelExchange();
     [[nodiscard]] bool mayCancel() const;
@@ -146,7 +148,7 @@ private:
     void answerExchange();
     void chooseConnection();
     void chooseFaults();
-    void rememberConnection();
+    void rememberRadio();
     [[nodiscard]] bool mayLeaveRadio();
     // Runs an action of the store; a failure is told to the user.
     bool attempt(const std::function<void()>& action);

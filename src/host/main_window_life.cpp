@@ -114,7 +114,7 @@ void MainWindow::createComponents() {
     control_ = std::make_unique<EmbeddedControl>(control, *this);
     try {
         radio_.attach(create<IRadioLink>(__uuidof(::RadioLink), "radio link VexloRadioLink.RadioLink"));
-        rememberConnection();
+        rememberRadio();
     } catch (const com::ComFailure& failure) {
         // Tables can be edited without it.
         tell(com::wide(failure.description()) + L", so no radio can be reached.");

@@ -9,6 +9,7 @@
 #include "host/main_window_scopes.h"
 #include "host/radio_dialogs.h"
 #include "host/resource.h"
+#include "host/user_folder.h"
 
 namespace telvar::host {
 
@@ -20,6 +21,9 @@ constexpr long restoreTask = 31;
 constexpr long levelsTask = 33;
 
 constexpr wchar_t connectionSetting[] = L"RadioConnection";
+// Where the simulated radio keeps its table; empty: nowhere. The menu does not offer it.
+constexpr wchar_t radioFileSetting[] = L"SimulatedRadioFile";
+constexpr wchar_t usualRadioFile[] = L"\\simulated-radio.telvar-radio";
 
 }  // namespace
 
@@ -72,24 +76,26 @@ void MainWindow::exchange(ControlMethod method, const std::wstring& what) {
         return;
     }
     if (!radio_.exchanging()) {
+        cancelWanted_ = false;
         releaseCommands();
         PostMessageW(window_, exchangeMessage, 0, 0);
         return;
     }
-    // The end of something earlier may have come during the wait.
-    commandsEnabled_ = false;
-    HourglassOverWindow();
     if (cancelWanted_) {
         attempt([this] { radio_.cancel(); });
     }
 }
 
 bool MainWindow::mayCancel() const {
-    return windowEnabled_ && modal_ == 0 && (preparing_ || (calls_ == 0 && radio_.exchanging()));
+    return windowEnabled_ && modal_ == 0 && (preparing_ || restoreWanted_ || (calls_ == 0 && radio_.exchanging()));
 }
 
 // While the control still waits for the link, what it waits for is cut short, and the exchange that it begins then.
 void MainWindow::cancelExchange() {
+    if (restoreWanted_) {
+        giveRestoreUp();
+        return;
+    }
     cancelWanted_ = true;
     showStatus(L"Cancelling the exchange with the radio...");
     attempt([this] {
@@ -123,14 +129,18 @@ void MainWindow::linkProgressed(long percent) {
     }
 }
 
-// Whatever the outcome, the control waits for its button and the user for the commands. What may open a window waits
-// until the event has returned.
+// Whatever the outcome, the control waits for its button and the user for the commands; but what ends while another
+// exchange waits for it was not that one, which takes care of itself. What may open a window waits until the event has
+// returned.
 void MainWindow::exchangeEnded(long task, bool succeeded, const std::wstring& message) {
-    releaseCommands();
     if (!message.empty()) {
         showStatus(message);
     } else if (cancelWanted_) {
-        showStatus(L"The exchange with the radio was cancelled.");
+        showStatus(cancelledSentence);
+    }
+    if (!preparing_ && !restoreWanted_) {
+        cancelWanted_ = false;
+        releaseCommands();
     }
     loaded_ = loaded_ || (succeeded && task == loadTask);
     loadRestored_ = loadRestored_ && succeeded && task == restoreTask;
@@ -157,7 +167,8 @@ void MainWindow::answerExchange() {
         loadRestored_ = false;
         PostMessageW(window_, WM_CLOSE, 0, 0);
     }
-    if (std::exchange(loadRestored_, false)) {
+    // What was done here since the restore began would be overwritten unseen.
+    if (std::exchange(loadRestored_, false) && mayDiscard()) {
         exchange(&_ChannelInformation::LoadChannelInfoFromTelvar, L"Loading from the radio");
     }
 }
@@ -174,8 +185,11 @@ void MainWindow::statusReported(bool answered, const std::wstring& message) {
 
 void MainWindow::chooseConnection() {
     const Modal modal(*this);
-    const bool taken = askConnection(window_, radio_.connection(), radioState_,
-                                     [this](const std::wstring& address) { radio_.setConnection(address); });
+    const Connection present{.address = radio_.connection(), .trace = radio_.traceFile()};
+    const bool taken = askConnection(window_, present, radioState_, [this](const Connection& choice) {
+        radio_.setConnection(choice.address);
+        radio_.setTraceFile(choice.trace);
+    });
     if (taken) {
         const std::wstring address = radio_.connection();
         showStatus(L"The radio is now at " + address + L".");
@@ -194,7 +208,14 @@ void MainWindow::chooseFaults() {
     }
 }
 
-void MainWindow::rememberConnection() {
+// A radio that is simulated in this program is the same one in every run.
+void MainWindow::rememberRadio() {
+    std::optional<std::wstring> file = settings_.text(radioFileSetting);
+    if (!file) {
+        const std::wstring folder = userFolder();
+        file = folder.empty() ? folder : folder + usualRadioFile;
+    }
+    attempt([&] { radio_.setStateFile(*file); });
     if (const auto address = settings_.text(connectionSetting)) {
         attempt([&] { radio_.setConnection(*address); });
     }

@@ -49,4 +49,12 @@ void MainWindow::beginRestore() {
     }
 }
 
+// While it waits.
+void MainWindow::giveRestoreUp() {
+    restoreWanted_.reset();
+    loadRestored_ = false;
+    showStatus(cancelledSentence);
+    releaseCommands();
+}
+
 }  // namespace telvar::host

@@ -41,12 +41,15 @@ bool Radio::exchanging() const {
     return link_ && !asking_ && SUCCEEDED(link_->get_Busy(&busy)) && busy != VARIANT_FALSE;
 }
 
-void Radio::poll() {
+void Radio::poll(bool storeBusy) {
     if (!link_ || asking_ || exchanging()) {
         return;
     }
     if (pausedPolls_ > 0) {
         --pausedPolls_;
+        return;
+    }
+    if (storeBusy) {
         return;
     }
     // A link that refuses is asked again a second later.
@@ -78,6 +81,19 @@ std::wstring Radio::faults() const { return read(link_.get(), &IRadioLink::get_F
 
 void Radio::setFaults(const std::wstring& faults) {
     com::checkCall(link_->put_Faults(com::Bstr(std::wstring_view(faults)).get()));
+}
+
+std::wstring Radio::traceFile() const { return read(link_.get(), &IRadioLink::get_TraceFile); }
+
+void Radio::setTraceFile(const std::wstring& path) {
+    std::wstring whole(path.empty() ? 0 : GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    whole.resize(
+        path.empty() ? 0 : GetFullPathNameW(path.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+    com::checkCall(link_->put_TraceFile(com::Bstr(std::wstring_view(whole)).get()));
+}
+
+void Radio::setStateFile(const std::wstring& path) {
+    com::checkCall(link_->put_StateFile(com::Bstr(std::wstring_view(path)).get()));
 }
 
 void Radio::exchangeEnded(long task, bool succeeded, const std::wstring& message) {

@@ -32,8 +32,9 @@ public:
     [[nodiscard]] bool simulated() const { return connection() == L"simulated"; }
 
     // To be called once a second. Asks how the radio is, unless that is paused, still being answered, or an exchange
-    // is under way; the listener's statusReported tells.
-    void poll();
+    // is under way, of this link or of somebody else who has marked the store busy: the question's end would take that
+    // mark away. The listener's statusReported tells.
+    void poll(bool storeBusy);
     // Until the next exchange ends. A pause that none follows ends by itself.
     void pausePolling() noexcept { pausedPolls_ = longestPause; }
     void resumePolling() noexcept { pausedPolls_ = 0; }
@@ -53,6 +54,10 @@ public:
     void setConnection(const std::wstring& address);
     [[nodiscard]] std::wstring faults() const;
     void setFaults(const std::wstring& faults);
+    [[nodiscard]] std::wstring traceFile() const;
+    // A name alone means the present folder.
+    void setTraceFile(const std::wstring& path);
+    void setStateFile(const std::wstring& path);
 
 private:
     // In polls, which is in seconds. The control pauses the polling right before it uses the link.

@@ -26,7 +26,7 @@ void addEntry(HWND list, const wchar_t* text) { SendMessageW(list, CB_ADDSTRING,
 
 class ConnectionDialog final : public Dialog {
 public:
-    ConnectionDialog(const std::wstring& present, const std::wstring& state, const TakeChoice& take)
+    ConnectionDialog(const Connection& present, const std::wstring& state, const TakeConnection& take)
         : present_(present), state_(state), take_(take) {}
 
 private:
@@ -34,10 +34,11 @@ private:
         std::size_t chosen = 0;
         for (std::size_t index = 0; index < ways.size(); ++index) {
             addEntry(item(CONNECTION_WAY), ways[index].name);
-            chosen = present_.starts_with(ways[index].prefix) ? index : chosen;
+            chosen = present_.address.starts_with(ways[index].prefix) ? index : chosen;
         }
         SendMessageW(item(CONNECTION_WAY), CB_SETCURSEL, chosen, 0);
-        setText(CONNECTION_PLACE, present_.substr(ways[chosen].prefix.size()));
+        setText(CONNECTION_PLACE, present_.address.substr(ways[chosen].prefix.size()));
+        setText(CONNECTION_TRACE, present_.trace);
         EnableWindow(item(CONNECTION_PLACE), chosen != 0);
         note(state_);
         return item(CONNECTION_WAY);
@@ -45,7 +46,8 @@ private:
 
     bool accept() override {
         const std::size_t chosen = way();
-        take_(std::wstring(ways[chosen].prefix) + (chosen == 0 ? L"" : textOf(CONNECTION_PLACE)));
+        take_({.address = std::wstring(ways[chosen].prefix) + (chosen == 0 ? L"" : textOf(CONNECTION_PLACE)),
+               .trace = textOf(CONNECTION_TRACE)});
         return true;
     }
 
@@ -61,9 +63,9 @@ private:
         return static_cast<std::size_t>(SendMessageW(item(CONNECTION_WAY), CB_GETCURSEL, 0, 0));
     }
 
-    const std::wstring& present_;
+    const Connection& present_;
     const std::wstring& state_;
-    const TakeChoice& take_;
+    const TakeConnection& take_;
 };
 
 class FaultsDialog final : public Dialog {
@@ -93,7 +95,7 @@ private:
 
 }  // namespace
 
-bool askConnection(HWND owner, const std::wstring& present, const std::wstring& note, const TakeChoice& take) {
+bool askConnection(HWND owner, const Connection& present, const std::wstring& note, const TakeConnection& take) {
     return ConnectionDialog(present, note, take).run(owner, RESOURCE_CONNECTION);
 }
 

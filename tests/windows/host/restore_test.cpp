@@ -1,13 +1,12 @@
 // The tables that the radio held before: how their files are listed, and how one goes back into the radio.
 #include "host/backups.h"
-#include "open_program.h"
 #include "picture.h"
+#include "radio_commands.h"
 
 namespace telvar::tests {
 
 namespace {
 
-constexpr int messagePart = 0;
 // One step above the sample's first channel.
 constexpr long later = 462'575'000;
 
@@ -59,15 +58,13 @@ TEST(BackupList, BeginsWithTheNewest) {
     EXPECT_TRUE(host::backupsIn({}).empty());
 }
 
-struct RestoreBackup : Program {
+struct RestoreBackup : RadioCommands {
     // A table of one band plan, and backups in the test's own folder.
     void startWith(const std::string& name) {
-        start(sample(name, "a.telvar"));
-        com::check(program->document().store()->put_ShowSendWarning(VARIANT_FALSE));
+        RadioCommands::startWith(name);
         com::check(program->radioLink()->put_BackupFolder(com::Bstr(std::wstring_view(backups())).get()));
     }
     [[nodiscard]] std::wstring backups() { return path("backups"); }
-    [[nodiscard]] bool idle() { return offered(radioMenu, COMMAND_RADIO_SEND); }
     void finish() {
         EXPECT_TRUE(pumpUntil([this] { return idle(); }));
         pump();
@@ -203,16 +200,8 @@ TEST_F(RestoreBackup, ADamagedFileIsToldAndNothingIsSentOrLoaded) {
 // The question how the radio is keeps the link busy for a moment.
 TEST_F(RestoreBackup, WaitsForTheDiagnostics) {
     sendTwoTables();
-    dialogs.expect([](HWND dialog) {
-        SetDlgItemTextW(dialog, FAULTS_PLAN, L"delay:400");
-        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-    });
-    command(COMMAND_RADIO_FAULTS);
-    VARIANT_BOOL busy = VARIANT_FALSE;
-    ASSERT_TRUE(pumpUntil([&] {
-        program->document().store()->get_CommsBusy(&busy);
-        return busy != VARIANT_FALSE;
-    }));
+    setFaults(L"delay:400");
+    ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
     expectChoice(false);
     dialogs.expectBox(IDYES);
     command(COMMAND_RADIO_RESTORE);
@@ -222,6 +211,43 @@ TEST_F(RestoreBackup, WaitsForTheDiagnostics) {
     command(COMMAND_RADIO_CANCEL);
     finish();
     EXPECT_EQ(dialogs.shown().back(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
+}
+
+TEST_F(RestoreBackup, CanBeCancelledWhileItWaitsForTheDiagnostics) {
+    sendTwoTables();
+    setFaults(L"delay:400");
+    ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
+    expectChoice(true);
+    dialogs.expectBox(IDYES);
+    command(COMMAND_RADIO_RESTORE);
+    ASSERT_FALSE(idle());
+    EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_CANCEL));
+    command(COMMAND_RADIO_CANCEL);
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(statusText(messagePart), L"The exchange with the radio was cancelled.");
+    ASSERT_TRUE(pumpUntil([this] { return !commsBusy(); }));
+    pump();
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+    EXPECT_EQ(frequency(), later);
+}
+
+// The commands are grey meanwhile, but the table can be typed into.
+TEST_F(RestoreBackup, EditsMadeMeanwhileAreAskedAboutBeforeTheTableIsReplaced) {
+    sendTwoTables();
+    setFaults(L"delay:5");
+    expectChoice(true);
+    dialogs.expectBox(IDYES);
+    command(COMMAND_RADIO_RESTORE);
+    ASSERT_FALSE(idle());
+    change(3);
+    dialogs.expectQuestion(IDCANCEL);
+    finish();
+    EXPECT_EQ(frequency(3), 446'006'250);
+    EXPECT_EQ(frequency(), later);
+    EXPECT_TRUE(program->document().modified());
+    setFaults(L"none");
+    EXPECT_EQ(inRadio(), L"462.562500");
 }
 
 }  // namespace telvar::tests
