@@ -16,6 +16,7 @@ namespace telvar::tests {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 struct Result {
     int status = 0;
@@ -96,7 +97,16 @@ protected:
         std::filesystem::permissions(folder_ / "test_x", std::filesystem::perms::owner_all);
         TemporaryFolder::write(folder_ / "tests.txt", "test_x " + (folder_ / "test_x") + "\n");
     }
-    Result runTests() { return run(tools + "run_tests " + folder_.name()); }
+    Result runTests(const std::string& options = {}) { return run(tools + "run_tests " + folder_.name() + options); }
+    // An emulator that gives up silently so many times before it starts the program.
+    Result runEmulated(int failures) {
+        const std::string path = folder_ / "emulator";
+        TemporaryFolder::write(path, "#!/usr/bin/env bash\necho >>'" + path + ".starts'\n" + "[ $(wc -l <'" + path +
+                                         ".starts') -gt " + std::to_string(failures) +
+                                         " ] || exit 1\nexec \"$1\" \"${2/Z:/}\"\n");
+        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+        return runTests(" --emulator " + path);
+    }
     std::string counts() { return TemporaryFolder::read(folder_ / "results/counts.txt"); }
 
     static constexpr auto report = "file=${1#--gtest_output=xml:}\ncat >\"$file\" <<'E'\n<testsuites><testsuite>"
@@ -111,6 +121,27 @@ TEST_F(RunTests, CountsWhatTheReportSays) {
     program(std::string(report) + "</testsuite></testsuites>\nE\n");
     EXPECT_EQ(runTests().status, 0);
     EXPECT_EQ(counts(), "1 0 1\n");
+}
+
+TEST_F(RunTests, AnEmulatorThatDoesNotStartTheProgramIsStartedOnceMoreAndSaidSo) {
+    program(std::string(report) + "</testsuite></testsuites>\nE\necho ran\n");
+    const Result once = runEmulated(1);
+    EXPECT_EQ(once.status, 0);
+    EXPECT_THAT(once.output, HasSubstr("test_x: the emulator did not start it (ended with status 1); once more"));
+    EXPECT_EQ(counts(), "1 0 1\n");
+}
+
+TEST_F(RunTests, AnEmulatorThatNeverStartsTheProgramFailsTheRun) {
+    program(std::string(report) + "</testsuite></testsuites>\nE\necho ran\n");
+    EXPECT_EQ(runEmulated(2).status, 1);
+    EXPECT_EQ(counts(), "0 1 0\n");
+}
+
+TEST_F(RunTests, AProgramThatBeganIsNotStartedAgain) {
+    program("echo began; exit 3\n");
+    const Result result = runEmulated(0);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.output, Not(HasSubstr("once more")));
 }
 
 TEST_F(RunTests, AFailedTestFailsTheRun) {
