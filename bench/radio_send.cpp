@@ -26,8 +26,8 @@
 #include "os/tcp.h"
 #include "radio/image_file.h"
 #include "radio/radio_client.h"
-#include "radio/radio_server.h"
 #include "store_calls.h"
+#include "support/served_radio.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -55,40 +55,14 @@ struct Turn {
     std::size_t answered;
 };
 
-// A simulated radio on a port of its own, which notes what goes over the line.
-class Radio {
-public:
-    Radio() {
-        line_.onAnswer = [this](const radio::Frame& request, const radio::Frame& answer) {
-            turns.push_back({.asked = radio::encoded(request).size(), .answered = radio::encoded(answer).size()});
-        };
-        thread_ = std::thread([this] { (void)radio::serve(line_, listener_, interrupt_); });
-    }
-    Radio(const Radio&) = delete;
-    Radio& operator=(const Radio&) = delete;
-    Radio(Radio&&) = delete;
-    Radio& operator=(Radio&&) = delete;
-    ~Radio() { stop(); }
-
-    void stop() {
-        interrupt_.raise();
-        if (thread_.joinable()) {
-            thread_.join();
-        }
-    }
-    [[nodiscard]] radio::Address address() const {
-        return {.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = listener_.port()};
-    }
-
+// A served radio, and what goes over its line.
+struct NotedRadio {
     // Of the radio's thread until it is stopped.
     std::vector<Turn> turns;
-
-private:
-    radio::SimulatedRadio radio_;
-    radio::SimulatedLine line_{radio_, {}};
-    os::Interrupt interrupt_;
-    os::TcpListener listener_ = *os::TcpListener::open(0);
-    std::thread thread_;
+    tests::ServedRadio served{
+        {}, [this](const radio::Frame& request, const radio::Frame& answer) {
+            turns.push_back({.asked = radio::encoded(request).size(), .answered = radio::encoded(answer).size()});
+        }};
 };
 
 [[nodiscard]] bool readWhole(os::ByteStream& stream, std::size_t bytes) {
@@ -145,7 +119,7 @@ private:
 }
 
 struct Client {
-    explicit Client(const Radio& served, radio::KeepTable keep = radio::saveDated)
+    explicit Client(const tests::ServedRadio& served, radio::KeepTable keep = radio::saveDated)
         : client(clock, interrupt, std::move(keep)) {
         client.configure({.address = served.address(), .backupFolder = folder.name()});
     }
@@ -162,11 +136,11 @@ struct Client {
 
 // What one send puts on the line.
 [[nodiscard]] std::vector<Turn> turnsOfASend() {
-    Radio served;
-    Client client(served);
+    NotedRadio noted;
+    Client client(noted.served);
     const bool good = client.send();
-    served.stop();
-    return good ? served.turns : std::vector<Turn>();
+    noted.served.stop();
+    return good ? noted.turns : std::vector<Turn>();
 }
 
 void count(benchmark::State& state, const std::vector<Turn>& turns) {
@@ -201,7 +175,7 @@ BENCHMARK(bytesAlone)->Unit(benchmark::kMillisecond)->UseRealTime();
 void sends(benchmark::State& state, const radio::KeepTable& keep) {
     stayOnOneProcessor(state);
     const std::vector<Turn> turns = turnsOfASend();
-    const Radio served;
+    const tests::ServedRadio served;
     Client client(served, keep);
     for (auto _ : state) {
         if (!client.send()) {

@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "os/interrupt.h"
 #include "os/tcp.h"
@@ -15,7 +17,12 @@ namespace telvar::tests {
 
 class ServedRadio {
 public:
-    explicit ServedRadio(const std::string& faults = {}) : line_(radio, *radio::parseFaults(faults)) {
+    using OnAnswer = std::function<void(const radio::Frame& request, const radio::Frame& answer)>;
+
+    // `onAnswer` is called by the radio's thread.
+    explicit ServedRadio(const std::string& faults = {}, OnAnswer onAnswer = {})
+        : line_(radio, *radio::parseFaults(faults)) {
+        line_.onAnswer = std::move(onAnswer);
         thread_ = std::thread([this] { EXPECT_TRUE(radio::serve(line_, listener_, interrupt_)); });
     }
     ServedRadio(const ServedRadio&) = delete;
