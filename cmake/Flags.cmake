@@ -21,6 +21,12 @@ if(TELVAR_SANITIZE)
     add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
 
+# What is tested is instrumented and optimised, the tests themselves are not: they are most of the code to compile.
+set(TELVAR_TEST_FLAGS -O0 -g1)
+if(TELVAR_SANITIZE)
+    list(APPEND TELVAR_TEST_FLAGS -fno-sanitize=all)
+endif()
+
 find_package(Threads REQUIRED)
 target_link_libraries(telvar_flags INTERFACE Threads::Threads)
 target_compile_definitions(telvar_flags INTERFACE ASIO_STANDALONE ASIO_NO_DEPRECATED)

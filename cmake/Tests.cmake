@@ -82,6 +82,7 @@ function(telvar_test folder)
     endif()
     target_link_libraries(${name} PRIVATE telvar_test_support gmock_main)
     target_include_directories(${name} PRIVATE ${tests}/${folder})
+    target_compile_options(${name} PRIVATE ${TELVAR_TEST_FLAGS})
     # Tests of whole programs and servers run those of the same build.
     if(NOT "${TELVAR_KIND_${folder}}" STREQUAL "LIBRARY" AND NOT folder STREQUAL "tools" AND TELVAR_PRODUCTS)
         add_dependencies(${name} ${TELVAR_PRODUCTS})
