@@ -83,6 +83,10 @@ function(telvar_test folder)
     target_link_libraries(${name} PRIVATE telvar_test_support gmock_main)
     target_include_directories(${name} PRIVATE ${tests}/${folder})
     target_compile_options(${name} PRIVATE ${TELVAR_TEST_FLAGS})
+    if(WIN32)
+        # Not inlined, operator== of type_info is defined in the run-time library as well.
+        target_link_options(${name} PRIVATE -Wl,--allow-multiple-definition)
+    endif()
     # Tests of whole programs and servers run those of the same build.
     if(NOT "${TELVAR_KIND_${folder}}" STREQUAL "LIBRARY" AND NOT folder STREQUAL "tools" AND TELVAR_PRODUCTS)
         add_dependencies(${name} ${TELVAR_PRODUCTS})
