@@ -4,6 +4,8 @@
 # A library is static (or an interface, while it has headers only). A module and a program are an object library
 # telvar_<folder>, which their tests link, and the DLL or the executable itself; main.cpp belongs to the program alone.
 
+set(TELVAR_LINKAGE STATIC CACHE STRING "How the libraries are linked: STATIC or SHARED")
+
 # The platform's own half of a folder lies in posix/ or windows/.
 if(WIN32)
     set(platform windows)
@@ -97,7 +99,7 @@ function(telvar_library folder)
         add_library(${target} INTERFACE)
         telvar_link(${target} INTERFACE ${folder})
     elseif(kind STREQUAL "LIBRARY")
-        add_library(${target} STATIC ${sources})
+        add_library(${target} ${TELVAR_LINKAGE} ${sources})
         telvar_link(${target} PUBLIC ${folder})
     elseif(kind STREQUAL "MODULE")
         add_library(${target} OBJECT ${sources})
