@@ -16,6 +16,9 @@ public:
     [[nodiscard]] const std::vector<OptionButton*>& buttons() const noexcept { return buttons_; }
     // Position of the selected button, -1 when none is.
     [[nodiscard]] int selected() const noexcept;
+    // Where Tab enters the group: the selected button, or the first that can be used where that one cannot or there is
+    // none. Null where none can be used.
+    [[nodiscard]] const OptionButton* tabStop() const noexcept;
 
 private:
     std::vector<OptionButton*> buttons_;
@@ -45,7 +48,7 @@ public:
 
     void userClick() {
         if (isUsable() && isShown()) {
-            setValue(true);
+            value_ ? ChosenAgain() : setValue(true);
         }
     }
 
@@ -56,6 +59,8 @@ public:
     }
 
     base::Event<> Click;
+    // The user clicked the one that is selected already.
+    base::Event<> ChosenAgain;
 
 private:
     friend class OptionGroup;
@@ -75,6 +80,20 @@ inline int OptionGroup::selected() const noexcept {
         }
     }
     return -1;
+}
+
+inline const OptionButton* OptionGroup::tabStop() const noexcept {
+    const OptionButton* first = nullptr;
+    for (const OptionButton* const button : buttons_) {
+        const bool enters = button->isUsable() && button->isShown();
+        if (enters && button->value()) {
+            return button;
+        }
+        if (enters && first == nullptr) {
+            first = button;
+        }
+    }
+    return first;
 }
 
 }  // namespace telvar::ui

@@ -16,11 +16,7 @@ public:
     OptionButtonPeer(ui::OptionButton& option, PeerHost& host) noexcept : ControlPeer(option, host) {}
 
     [[nodiscard]] bool tabStop() const noexcept override {
-        if (option() == nullptr || option()->group() == nullptr || option()->value()) {
-            return true;
-        }
-        const ui::OptionGroup& group = *option()->group();
-        return group.selected() < 0 && group.buttons().front() == option();
+        return option() == nullptr || option()->group() == nullptr || option()->group()->tabStop() == option();
     }
 
     [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
