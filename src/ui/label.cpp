@@ -32,6 +32,9 @@ namespace {
 }  // namespace
 
 Size Label::wantedSize(const Metrics& metrics) const {
+    if (lines_ > 0) {
+        return {0, lines_ * metrics.line()};
+    }
     if (wrapWidth_ == 0) {
         return {metrics.captionWidth(caption()), metrics.line()};
     }

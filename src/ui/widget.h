@@ -27,7 +27,8 @@ enum class Aspect : std::uint8_t {
     Visible,
     Colours,
     Bounds,
-    Size,  // a form wants the size of its layout
+    Size,          // a form wants the size of its layout
+    Announcement,  // a label's text answers what the user did
 };
 
 // Shows one widget. Reads what it shows from the widget at any time; a peer must ignore the notifications that it

@@ -9,6 +9,9 @@ namespace telvar::win32 {
 
 namespace {
 
+// Newer than the headers' default target.
+constexpr DWORD liveRegionChanged = 0x8019;
+
 class StillPeer final : public ControlPeer {
 public:
     StillPeer(ui::Widget& widget, PeerHost& host, const Control& control) noexcept
@@ -31,7 +34,11 @@ public:
 
 protected:
     [[nodiscard]] Control control() const noexcept override { return control_; }
-    void showAspect(ui::Aspect changed) override { static_cast<void>(changed); }
+    void showAspect(ui::Aspect changed) override {
+        if (changed == ui::Aspect::Announcement) {
+            NotifyWinEvent(liveRegionChanged, window(), OBJID_CLIENT, CHILDID_SELF);
+        }
+    }
     void userDid(unsigned code) override { static_cast<void>(code); }
 
 private:
@@ -41,7 +48,7 @@ private:
 }  // namespace
 
 std::shared_ptr<ControlPeer> makeLabelPeer(ui::Label& label, PeerHost& host) {
-    return std::make_shared<StillPeer>(label, host, StillPeer::labelControl(label.wrapWidth() > 0));
+    return std::make_shared<StillPeer>(label, host, StillPeer::labelControl(label.wraps()));
 }
 
 std::shared_ptr<ControlPeer> makeFramePeer(ui::Frame& frame, PeerHost& host) {
