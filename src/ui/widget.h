@@ -110,6 +110,9 @@ public:
 
     base::Event<> GotFocus;
     base::Event<> LostFocus;
+    // The focus is here again after a message box or another window had it. That was no leaving: neither LostFocus nor
+    // GotFocus is raised for it, and what the user has selected stays.
+    base::Event<> FocusReturned;
     base::Event<KeyEvent&> KeyDown;
     base::Event<KeyPressEvent&> KeyPress;
 

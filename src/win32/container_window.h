@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <vector>
@@ -79,9 +80,10 @@ protected:
     bool moveFocus(const Peer& from, bool back, bool round) const noexcept;
 
 private:
+    enum class Move : std::uint8_t { Gained, Lost, Returned };
     struct FocusMove {
         std::weak_ptr<Peer> peer;
-        bool gained;
+        Move move;
     };
     static constexpr UINT settleLater = WM_APP;
     static constexpr UINT_PTR settleTimer = 1;
@@ -93,7 +95,8 @@ private:
     // To the tab stop nearest to a position, looking in that direction; else to the window.
     void focusNear(std::size_t position, int step) const noexcept;
     void focusInside();
-    void queueFocus(const PeerPointer& peer, bool gained);
+    void queueFocus(const PeerPointer& peer, Move move);
+    static void tell(ui::Widget& widget, Move move);
     void settleWhenFree();
     LRESULT eraseBackground(HDC dc) const noexcept;
 
@@ -103,6 +106,7 @@ private:
     std::shared_ptr<const FormFont> font_;
     std::deque<FocusMove> moves_;
     std::weak_ptr<Peer> current_;
+    bool elsewhere_ = false;    // another top-level window has the focus meanwhile
     std::weak_ptr<Peer> last_;  // had the focus last, or shall have it when the window appears
 };
 

@@ -1,6 +1,7 @@
 // Focus inside a window full of peers: who has it, who gets it next, and telling the widgets only when the system has
 // done with moving it.
 #include <algorithm>
+#include <utility>
 
 #include "win32/access_keys.h"
 #include "win32/container_window.h"
@@ -93,15 +94,19 @@ void ContainerWindow::passFocusOn(Peer& peer) noexcept {
 void ContainerWindow::focusGained(Peer& peer) {
     const PeerPointer gaining = pointerTo(peer);
     const PeerPointer before = current_.lock();
+    const bool returns = std::exchange(elsewhere_, false);
+    if (gaining && gaining == before && returns) {
+        queueFocus(gaining, Move::Returned);
+    }
     if (!gaining || gaining == before) {
         return;
     }
     current_ = gaining;
     last_ = gaining;
     if (before) {
-        queueFocus(before, false);
+        queueFocus(before, Move::Lost);
     }
-    queueFocus(gaining, true);
+    queueFocus(gaining, Move::Gained);
     focusMoved();
     if (!before) {
         focusCame();
@@ -112,16 +117,26 @@ void ContainerWindow::focusLost(Peer& peer, HWND to) {
     // A message box or another program takes the focus for a while; no field is left by that. Between two children the
     // gaining one tells.
     const bool elsewhere = to == nullptr || GetAncestor(to, GA_ROOT) != GetAncestor(handle(), GA_ROOT);
-    if (elsewhere || to == handle() || IsChild(handle(), to) != FALSE || current_.lock().get() != &peer) {
+    if (current_.lock().get() != &peer) {
         return;
     }
-    queueFocus(current_.lock(), false);
+    elsewhere_ = elsewhere;
+    if (elsewhere || to == handle() || IsChild(handle(), to) != FALSE) {
+        return;
+    }
+    queueFocus(current_.lock(), Move::Lost);
     current_.reset();
     focusWent();
 }
 
-void ContainerWindow::queueFocus(const PeerPointer& peer, bool gained) {
-    moves_.push_back({.peer = peer, .gained = gained});
+void ContainerWindow::queueFocus(const PeerPointer& peer, Move move) {
+    // A click into one field of a window that is not in front gives the focus to the former field first, and at once
+    // takes it away: to the user it never came back there.
+    if (move == Move::Lost && !moves_.empty() && moves_.back().move == Move::Returned) {
+        moves_.back() = {.peer = peer, .move = move};
+        return;
+    }
+    moves_.push_back({.peer = peer, .move = move});
     if (moves_.size() == 1) {
         PostMessageW(handle(), settleLater, 0, 0);
     }
@@ -134,8 +149,22 @@ void ContainerWindow::settleFocus() {
         moves_.pop_front();
         const PeerPointer peer = move.peer.lock();
         if (ui::Widget* const widget = peer ? peer->widget() : nullptr) {
-            move.gained ? widget->GotFocus() : widget->LostFocus();
+            tell(*widget, move.move);
         }
+    }
+}
+
+void ContainerWindow::tell(ui::Widget& widget, Move move) {
+    switch (move) {
+    case Move::Gained:
+        widget.GotFocus();
+        return;
+    case Move::Lost:
+        widget.LostFocus();
+        return;
+    case Move::Returned:
+        widget.FocusReturned();
+        return;
     }
 }
 
