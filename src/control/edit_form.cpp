@@ -87,9 +87,8 @@ void ChannelInformation::openEditForm(std::int16_t channel, const ui::CellRange&
     ui::resumed([this] { desktop_.showModeless(frmCE); });
     endIfClosed();
     frmCE.refresh();
-    // The first field, the channel's number, can only be read.
-    if (!wasShown && editFormShown() && frmCE.txtTxFrequency.isUsable()) {
-        frmCE.txtTxFrequency.setFocus();
+    if (!wasShown && editFormShown()) {
+        frmCE.firstField().setFocus();
     }
 }
 

@@ -5,6 +5,7 @@
 #include "base/conversion.h"
 #include "base/rounding.h"
 #include "base/text.h"
+#include "editform/channel_loading.h"
 #include "editform/channel_storing.h"
 #include "editform/frmChannelEdit.h"
 #include "editform/lists.h"
@@ -26,6 +27,34 @@ constexpr double hertzPerKilohertz = 1e3;
     std::ranges::replace(text, format.decimalSeparator, '.');
     return text;
 }
+
+// The texts of fields that were not stored, put back at the end.
+class KeptTexts {
+public:
+    explicit KeptTexts(const FieldNotesList& notes) {
+        for (const FieldNote& note : notes) {
+            texts_.emplace_back(note.field, enteredText(*note.field));
+        }
+    }
+    KeptTexts(const KeptTexts&) = delete;
+    KeptTexts& operator=(const KeptTexts&) = delete;
+    KeptTexts(KeptTexts&&) = delete;
+    KeptTexts& operator=(KeptTexts&&) = delete;
+    ~KeptTexts() {
+        for (const auto& [field, text] : texts_) {
+            ui::resumed([&] {
+                if (auto* const box = dynamic_cast<ui::TextBox*>(field)) {
+                    box->loadText(text);
+                } else if (auto* const list = dynamic_cast<ui::ComboBox*>(field)) {
+                    list->loadText(text);
+                }
+            });
+        }
+    }
+
+private:
+    std::vector<std::pair<ui::Widget*, std::string>> texts_;
+};
 
 // The hourglass over a disabled form, for as long as the form stores.
 class BusyForm {
@@ -107,6 +136,7 @@ bool frmChannelEdit::storeEdits(const std::function<void()>& whenStored) {
         if (stored) {
             whenStored();
         }
+        showStored(stored);
     }
     if (!askingToLeave_) {
         refreshIfAsked(stored);
@@ -136,12 +166,31 @@ bool frmChannelEdit::storeChannel() {
                             .stillEdited = stillEdited});
     const bool stored = storing.StoreControlsToMemory();
     copiedChannels_ = storing.copiedTo();
+    notes_.replace(storing.notes());
+    showHint(Speak::Yes);
     if (stored) {
         loadedEntries_ = entries();
     }
     std::int16_t intRowNo = channel.number;
     NeedToUpdateFlexGrid(intRowNo);
     return stored;
+}
+
+// What the store holds now: codes are padded, numbers are rounded, the local oscillator follows the frequency. A text
+// that did not get there stays for the user to mend, and counts as an edit that was not applied.
+void frmChannelEdit::showStored(bool stored) {
+    if (!loaded_ || closing_) {
+        return;
+    }
+    const FitHeld held(*this);
+    const KeptTexts kept(notes_.all());
+    auto channel = edited();
+    // The row may not have been rendered since.
+    channel.gridShowsStore = false;
+    ui::resumed([&] { loadControls(*this, levels_, rules_, channel); });
+    if (stored) {
+        loadedEntries_ = entries();
+    }
 }
 
 // -- fields ----------------------------------------------------------------------------------------------------------
@@ -154,17 +203,48 @@ void frmChannelEdit::cmbTxSubtone_LostFocus() { markUnlessTone(cmbTxSubtone, fal
 void frmChannelEdit::cmbRxSubtone_LostFocus() { markUnlessTone(cmbRxSubtone, true); }
 
 void frmChannelEdit::number_LostFocus(ui::TextBox& box) {
-    if (!base::readSingle(box.text(), format_)) {
-        box.setForeColor(ui::red);
-    }
+    const auto number = base::readSingle(box.text(), format_);
+    number ? accept(box) : note(box, whyNoNumber(box.text(), number.error()));
 }
+
+// By then the box has a level again, its slider's where the text was none.
+void frmChannelEdit::level_LostFocus(ui::TextBox& box) { accept(box); }
 
 void frmChannelEdit::field_GotFocus(ui::TextBox& box) {
     mark_GotFocus(box);
     box.selectAll();
 }
 
-void frmChannelEdit::mark_GotFocus(ui::Widget& field) { field.setForeColor(ui::black); }
+void frmChannelEdit::mark_GotFocus(ui::Widget& field) {
+    field.setForeColor(ui::black);
+    focusedField_ = &field;
+    showHint(notes_.has(field) ? Speak::Yes : Speak::No);
+}
+
+void frmChannelEdit::mark_LostFocus() { focusedField_ = nullptr; }
+
+// A text that is passed over in silence: red, and named at the foot of the form.
+void frmChannelEdit::note(ui::Widget& field, NoteKind kind) {
+    field.setForeColor(ui::red);
+    notes_.add({.field = &field, .kind = kind});
+    showHint(Speak::Yes);
+}
+
+void frmChannelEdit::accept(const ui::Widget& field) {
+    notes_.remove(field);
+    showHint(Speak::No);
+}
+
+void frmChannelEdit::showHint(Speak speak) {
+    const auto sentence = notes_.sentence(focusedField_, [this](const ui::Widget& f) { return levelShowing(f); });
+    // What the user typed has no access keys.
+    const auto caption = base::replacedAll(sentence, "&", "&&");
+    if (speak == Speak::Yes && !caption.empty()) {
+        lblHint.announce(caption);
+    } else {
+        lblHint.setCaption(caption);
+    }
+}
 
 void frmChannelEdit::enterMovesToOk(ui::KeyPressEvent& event) {
     if (event.code == ui::key::enter) {
@@ -176,9 +256,10 @@ void frmChannelEdit::enterMovesToOk(ui::KeyPressEvent& event) {
 void frmChannelEdit::leaveFrequency(ui::TextBox& box, bool transmit) {
     const auto megahertz = base::readDouble(box.text(), format_);
     if (!megahertz) {
-        box.setForeColor(ui::red);
+        note(box, whyNoNumber(box.text(), megahertz.error()));
         return;
     }
+    accept(box);
     if (*megahertz != 0.0) {
         box.setText(base::fixedText(*megahertz, 6, 7, format_));
         propose(transmit, *megahertz * hertzPerMegahertz);
@@ -199,8 +280,13 @@ void frmChannelEdit::propose(bool transmit, double hertz) {
             messages_.inform(synth::noProposalText(transmit ? "TX" : "RX"));
             return;
         }
-        step.setText(base::numberText(proposal->step / hertzPerKilohertz, format_));
-        modulo.setListIndex(proposal->modulo == 5 ? 0 : 1);
+        // A lock mode may have taken both from the user.
+        if (step.isUsable()) {
+            step.setText(base::numberText(proposal->step / hertzPerKilohertz, format_));
+        }
+        if (modulo.isUsable()) {
+            modulo.setListIndex(proposal->modulo == 5 ? 0 : 1);
+        }
     });
 }
 
@@ -208,9 +294,8 @@ void frmChannelEdit::markUnlessTone(ui::ComboBox& list, bool multipleAllowed) {
     const auto text = base::trimmed(list.text());
     const bool word = base::equalIgnoringCase(text, disabledTone) ||
                       (multipleAllowed && base::equalIgnoringCase(text, multipleTones));
-    if (!word && !base::readSingle(text, format_)) {
-        list.setForeColor(ui::red);
-    }
+    const auto tone = base::readSingle(text, format_);
+    word || tone ? accept(list) : note(list, whyNoTone(text, tone.error()));
 }
 
 // -- live update -----------------------------------------------------------------------------------------------------

@@ -23,6 +23,12 @@ void nameAfter(const ui::Label& label, std::initializer_list<ui::Widget*> widget
     }
 }
 
+// Two that stand below the headings of their columns.
+void nameAfter(const ui::Label& label, ui::Widget& transmit, ui::Widget& receive) {
+    transmit.setCaption("Transmit " + ui::shownText(label.caption()));
+    receive.setCaption("Receive " + ui::shownText(label.caption()));
+}
+
 void surround(ui::Frame& frame, std::initializer_list<ui::Widget*> widgets) {
     for (ui::Widget* const widget : widgets) {
         frame.surround(*widget);
@@ -120,11 +126,11 @@ void ChannelEditControls::setSynthesizerCaptions() {
     lblRxAccelProportion.setCaption("Accel Proportion (0-3)");
     lblTxBinaryMain.setCaption("Binar&y Main (0-255)");
     lblRxBinaryMain.setCaption("Binary Main (0-255)");
-    nameAfter(lblTxSynthStepSize, {&txtTxSynthStepSize, &txtRxSynthStepSize});
-    nameAfter(lblTxModulo, {&cmbTxModulo, &cmbRxModulo});
-    nameAfter(lblTxAccelIntegral, {&txtTxAccelIntegral, &txtRxAccelIntegral});
-    nameAfter(lblTxAccelProportion, {&cmbTxAccelProportion, &cmbRxAccelProportion});
-    nameAfter(lblTxBinaryMain, {&txtTxBinaryMain, &txtRxBinaryMain});
+    nameAfter(lblTxSynthStepSize, txtTxSynthStepSize, txtRxSynthStepSize);
+    nameAfter(lblTxModulo, cmbTxModulo, cmbRxModulo);
+    nameAfter(lblTxAccelIntegral, txtTxAccelIntegral, txtRxAccelIntegral);
+    nameAfter(lblTxAccelProportion, cmbTxAccelProportion, cmbRxAccelProportion);
+    nameAfter(lblTxBinaryMain, txtTxBinaryMain, txtRxBinaryMain);
 }
 
 void ChannelEditControls::setLevelCaptions() {
@@ -163,6 +169,7 @@ void ChannelEditControls::setFieldProperties() {
     lblTTRAnalogDataMode.setWrapWidth(noteWidth);
     lblP25Bandwidth.setWrapWidth(noteWidth);
     lblSelectedChannels.setVisible(false);
+    lblHint.setLines(1);
     cmdCancel.setCancel(true);
 }
 
@@ -273,6 +280,7 @@ void ChannelEditControls::addChildren() {
                                    &frP25ChannelSettings, &frSynthesizer, &frDigitalPotentiometer}) {
         addWithContents(*frame);
     }
+    add(lblHint);
     for (ui::Button* const button : {&cmdAdvanced, &cmdOk, &cmdCancel, &cmdApply}) {
         add(*button);
     }

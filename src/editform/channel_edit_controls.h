@@ -146,6 +146,7 @@ public:
     // Only the live update's change test looks at these two; not on the form.
     std::array<ui::TextBox, 2> potval{{ui::TextBox{"potval(4)"}, ui::TextBox{"potval(5)"}}};
 
+    ui::Label lblHint{"lblHint"};  // what did not reach the store, and why
     ui::Button cmdAdvanced{"cmdAdvanced"};
     ui::Button cmdOk{"cmdOk"};
     ui::Button cmdCancel{"cmdCancel"};

@@ -121,7 +121,7 @@ void ChannelEditControls::arrange(ui::Desktop& desktop) {
     setLayout(desktop,
               ui::withMargin(column(
                   {channelPart(*this), row({signalPart(*this), modePart(*this), p25Part(*this)}, Distance::Usual),
-                   row({synthesizerPart(*this), levelPart(*this)}, Distance::Usual),
+                   row({synthesizerPart(*this), levelPart(*this)}, Distance::Usual), widget(lblHint, Grow::Wide),
                    row({widget(cmdAdvanced), ui::spring(), ui::buttonRow({&cmdOk, &cmdCancel, &cmdApply})})},
                   Distance::Usual)));
 }

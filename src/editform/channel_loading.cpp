@@ -6,6 +6,7 @@
 #include "base/rounding.h"
 #include "base/text.h"
 #include "editform/lists.h"
+#include "editing/columns.h"
 #include "model/mode_bits.h"
 #include "model/readings.h"
 
@@ -77,10 +78,8 @@ private:
     void loadModulo(ui::ComboBox& list, ChannelKey key) {
         list.loadListIndex(model::moduloReading(value(key)) == 8 ? 1 : 0);
     }
-    [[nodiscard]] bool readsMultiple() const {
-        return channel_.grid != nullptr &&
-               base::equalIgnoringCase(channel_.grid->text(channel_.number, receiveSubtoneColumn), multipleTones);
-    }
+    [[nodiscard]] bool readsMultiple() const { return base::equalIgnoringCase(receiveSubtoneCell(), multipleTones); }
+    [[nodiscard]] std::string receiveSubtoneCell() const;
 
     ChannelEditControls& controls_;
     Levels& levels_;
@@ -96,23 +95,28 @@ void Loading::frequencies() {
     controls_.txtRxLocalOscFreq.loadText(plain(receive + offset));
 }
 
-void Loading::transmitSubtone() {
-    if (flag(ChannelKey::TxCTCSSDCS)) {
-        controls_.optTxDcs.loadValue(true);
-        loadIndex(controls_.cmbTxDcs, ChannelKey::TxDCSIndex);
-    } else {
-        controls_.optTxCtcss.loadValue(true);
-        loadTone(controls_.cmbTxSubtone, ChannelKey::TxSub);
+// As the grid shows the channel, or as it would show it.
+std::string Loading::receiveSubtoneCell() const {
+    if (channel_.gridShowsStore) {
+        return channel_.grid != nullptr ? channel_.grid->text(channel_.number, receiveSubtoneColumn) : std::string();
     }
+    if (model::isUnconfigured(value(ChannelKey::TxFreq), value(ChannelKey::RxFreq))) {
+        return std::string(editing::noValue);
+    }
+    return editing::columns[receiveSubtoneColumn].render(
+        {.store = channel_.dataStore(), .channel = channel_.number, .format = channel_.format});
+}
+
+// Both lists, of which one is hidden: the user may choose the other kind.
+void Loading::transmitSubtone() {
+    (flag(ChannelKey::TxCTCSSDCS) ? controls_.optTxDcs : controls_.optTxCtcss).loadValue(true);
+    loadIndex(controls_.cmbTxDcs, ChannelKey::TxDCSIndex);
+    loadTone(controls_.cmbTxSubtone, ChannelKey::TxSub);
 }
 
 void Loading::receiveSubtone() {
-    if (flag(ChannelKey::RxCTCSSDCS)) {
-        controls_.optRxDcs.loadValue(true);
-        loadIndex(controls_.cmbRxDcs, ChannelKey::RxDCSIndex);
-        return;
-    }
-    controls_.optRxCtcss.loadValue(true);
+    (flag(ChannelKey::RxCTCSSDCS) ? controls_.optRxDcs : controls_.optRxCtcss).loadValue(true);
+    loadIndex(controls_.cmbRxDcs, ChannelKey::RxDCSIndex);
     if (readsMultiple()) {
         controls_.cmbRxSubtone.loadText(multipleTones);
     } else {

@@ -100,7 +100,7 @@ bool ChannelStoring::StoreControlsToMemory() {
 // A refused frequency reaches the store all the same; only its cell stays.
 void ChannelStoring::frequency(ui::TextBox& box, ChannelKey key, int column, const char* message,
                                std::optional<double>& read) {
-    const auto megahertz = base::readDouble(box.text(), channel_.format);
+    const auto megahertz = noted(box, box.text(), base::readDouble(box.text(), channel_.format));
     if (!megahertz) {
         return;
     }
@@ -158,8 +158,10 @@ bool ChannelStoring::storeDcs(const ui::ComboBox& list, const SideKeys& keys) {
 // Answers whether the tone was accepted.
 bool ChannelStoring::storeTone(ui::ComboBox& list, const SideKeys& keys) {
     const bool disabled = base::equalIgnoringCase(base::trimmed(list.text()), disabledTone);
-    const auto tone = disabled ? std::optional(0.0F) : single(list.text());
+    const std::expected<float, base::NumberError> tone =
+        disabled ? 0.0F : base::readSingle(list.text(), channel_.format);
     if (!tone) {
+        notes_.push_back({.field = &list, .kind = whyNoTone(list.text(), tone.error())});
         return false;
     }
     if (*tone != 0.0F && (*tone < model::lowestTone || *tone > model::highestTone)) {
@@ -231,7 +233,7 @@ void ChannelStoring::numbers() {
 }
 
 void ChannelStoring::store(const NumberField& field) {
-    const auto entered = single(field.box.text());
+    const auto entered = noted(field.box, field.box.text(), base::readSingle(field.box.text(), channel_.format));
     if (!entered) {
         return;
     }
@@ -240,12 +242,18 @@ void ChannelStoring::store(const NumberField& field) {
         refuse(field.box, field.message);
         return;
     }
-    step([&] { put(field.key, wholeValue(static_cast<double>(number))); });
+    std::optional<base::Value> whole;
+    step([&] { whole = wholeValue(static_cast<double>(number)); });
+    if (whole) {
+        put(field.key, *whole);
+    } else {
+        notes_.push_back({.field = &field.box, .kind = NoteKind::TooLarge});
+    }
 }
 
 // Whole hertz. "Synthesiser" is spelled so here and nowhere else.
 void ChannelStoring::stepSize(ui::TextBox& box, ChannelKey key) {
-    const auto kilohertz = single(box.text());
+    const auto kilohertz = noted(box, box.text(), base::readSingle(box.text(), channel_.format));
     if (!kilohertz) {
         return;
     }
@@ -351,6 +359,7 @@ void ChannelStoring::show(int column, const std::string& text) {
 
 void ChannelStoring::refuse(ui::Widget& field, const std::string& message) {
     failed_ = true;
+    notes_.push_back({.field = &field, .kind = NoteKind::Refused});
     field.setForeColor(ui::red);
     step([&] { messages_.refuse(message); });
 }
@@ -361,9 +370,14 @@ std::optional<bool> ChannelStoring::bandwidthSwitchable() {
     return switchable;
 }
 
-std::optional<float> ChannelStoring::single(const std::string& text) const {
-    const auto number = base::readSingle(text, channel_.format);
-    return number ? std::optional(*number) : std::nullopt;
+template <class Number>
+std::optional<Number> ChannelStoring::noted(ui::Widget& field, const std::string& text,
+                                            const std::expected<Number, base::NumberError>& number) {
+    if (!number) {
+        notes_.push_back({.field = &field, .kind = whyNoNumber(text, number.error())});
+        return std::nullopt;
+    }
+    return *number;
 }
 
 }  // namespace telvar::editform

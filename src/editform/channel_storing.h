@@ -5,6 +5,7 @@
 // and counts as failed, so that nothing of one table lands in another.
 #pragma once
 
+#include <expected>
 #include <functional>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 
 #include "editform/channel_edit_controls.h"
 #include "editform/edited_channel.h"
+#include "editform/field_notes.h"
 #include "editform/form_messages.h"
 #include "ui/trapped.h"
 
@@ -36,6 +38,9 @@ public:
 
     // Answers whether no field was refused.
     [[nodiscard]] bool StoreControlsToMemory();
+
+    // The fields whose text was not accepted, in the order of the walk.
+    [[nodiscard]] const FieldNotesList& notes() const noexcept { return notes_; }
 
     // The channels that settings were copied to.
     [[nodiscard]] const std::vector<std::int16_t>& copiedTo() const noexcept { return copiedTo_; }
@@ -82,7 +87,10 @@ private:
     void show(int column, const std::string& text);
     void refuse(ui::Widget& field, const std::string& message);
     [[nodiscard]] std::optional<bool> bandwidthSwitchable();
-    [[nodiscard]] std::optional<float> single(const std::string& text) const;
+    // Nothing where the text is no number, which is noted.
+    template <class Number>
+    [[nodiscard]] std::optional<Number> noted(ui::Widget& field, const std::string& text,
+                                              const std::expected<Number, base::NumberError>& number);
 
     ChannelEditControls& controls_;
     FormMessages& messages_;
@@ -90,6 +98,7 @@ private:
     StoringRequest request_;
     std::optional<double> transmits_;  // MHz, as read
     std::optional<double> receives_;
+    FieldNotesList notes_;
     std::vector<std::int16_t> copiedTo_;
     bool failed_ = false;
 };

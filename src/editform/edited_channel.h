@@ -15,6 +15,7 @@ struct EditedChannel {
     model::DataStorePointer store;
     ui::Grid* grid = nullptr;
     base::NumberFormat format{};
+    bool gridShowsStore = true;  // else its cells are those of another table, or of the channel as it was
 
     // Both fail where there is none.
     [[nodiscard]] model::DataStore& dataStore() const {

@@ -84,10 +84,10 @@ void frmChannelEdit::wireFocus() {
           &txtRxSynthStepSize, &txtTxAccelIntegral, &txtRxAccelIntegral, &txtTxBinaryMain, &txtRxBinaryMain}) {
         box->GotFocus.connect([this, box] { field_GotFocus(*box); });
     }
-    for (ui::Widget* const field :
-         std::initializer_list<ui::Widget*>{&cmbTxSubtone, &cmbRxSubtone, &txtP25TxNetworkAccessCode,
-                                            &txtP25RxNetworkAccessCode, &txtP25TalkgroupID}) {
+    for (ui::Widget* const field : markableFields()) {
         field->GotFocus.connect([this, field] { mark_GotFocus(*field); });
+        field->FocusReturned.connect([this, field] { mark_GotFocus(*field); });
+        ui::on(field->LostFocus, this, &frmChannelEdit::mark_LostFocus);
     }
     ui::on(txtTxFrequency.LostFocus, this, &frmChannelEdit::txtTxFrequency_LostFocus);
     ui::on(txtRxFrequency.LostFocus, this, &frmChannelEdit::txtRxFrequency_LostFocus);
@@ -96,6 +96,10 @@ void frmChannelEdit::wireFocus() {
     for (ui::TextBox* const box : {&txtTxSubtoneLevel, &txtTxSynthStepSize, &txtRxSynthStepSize, &txtTxAccelIntegral,
                                    &txtRxAccelIntegral, &txtTxBinaryMain, &txtRxBinaryMain}) {
         box->LostFocus.connect([this, box] { number_LostFocus(*box); });
+    }
+    for (ui::TextBox* const box : {&txtTransmitPower, &txtRefOscFreq, &txtNBRefOscFreq, &txtVcoDeviation,
+                                   &txtNBVcoDeviation, &txtRefOscDev, &txtNBRefOscDev}) {
+        box->LostFocus.connect([this, box] { level_LostFocus(*box); });
     }
 }
 
@@ -106,6 +110,7 @@ void frmChannelEdit::setCentralDataStore(model::DataStorePointer store) noexcept
     if (store != store_) {
         setLoaded(false);
         endContinuousUpdate();
+        gridShowsStore_ = false;
     }
     const auto former = std::exchange(store_, std::move(store));
 }
@@ -155,25 +160,33 @@ void frmChannelEdit::UpdateAccess(std::int16_t intAccessLvl) {
 
 void frmChannelEdit::showAccess() {
     const bool full = accessLevel_ >= fullAccess;
-    bool board = false;
     bool p25Modes = false;
+    p25Board_ = false;
     ui::resumed([&] {
         if (const auto store = store_) {
-            board = base::isTrue(store->get(StoreMember::P25BoardFitted));
-            p25Modes = board || base::toInt32(store->get(StoreMember::RadioConfigurationCode)) == configurationWithP25;
+            p25Board_ = base::isTrue(store->get(StoreMember::P25BoardFitted));
+            p25Modes =
+                p25Board_ || base::toInt32(store->get(StoreMember::RadioConfigurationCode)) == configurationWithP25;
         }
     });
     frSynthesizer.setVisible(full);
     frDigitalPotentiometer.setVisible(full);
-    frP25ChannelSettings.setVisible(full || (board && accessLevel_ >= p25Access));
+    frP25ChannelSettings.setVisible(full || (p25Board_ && accessLevel_ >= p25Access));
     for (const auto mode : {RfMode::P25Repeater, RfMode::MixedRepeater}) {
         optRFMode[static_cast<std::size_t>(mode)].setEnabled(p25Modes);
     }
+    chkP25RepeaterEnable.setEnabled(p25Modes);
     ckContinuousUpdateEnabled.setEnabled(full);
     if (!full) {
         endContinuousUpdate();
     }
+    showHint(Speak::No);
     fit();
+}
+
+// The lowest level at which the frame of a field is shown.
+int frmChannelEdit::levelShowing(const ui::Widget& field) const {
+    return field.frame() == &frP25ChannelSettings && p25Board_ ? p25Access : fullAccess;
 }
 
 void frmChannelEdit::setLockDataMode(std::int32_t mode) {
@@ -255,6 +268,8 @@ bool frmChannelEdit::SetUpLists() {
 bool frmChannelEdit::LoadControlsFromMemory() {
     return toldUnlessExchanged("LoadControlsFromMemory", [&] {
         clearMarks();
+        notes_.clear();
+        showHint(Speak::No);
         loadControls(*this, levels_, rules_, edited());
     });
 }

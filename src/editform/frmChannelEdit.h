@@ -16,6 +16,7 @@
 #include "base/number_text.h"
 #include "editform/channel_edit_controls.h"
 #include "editform/edited_channel.h"
+#include "editform/field_notes.h"
 #include "editform/form_messages.h"
 #include "editform/levels.h"
 #include "editform/mode_rules.h"
@@ -56,6 +57,9 @@ public:
     // While it is set, only the levels are meant to be changed. Null for none; must outlive the form's use.
     void setPotentiometersOnly(const ui::OptionButton* indication) noexcept { potentiometersOnly_ = indication; }
 
+    // Where the focus is to be when the form opens: leaving it changes nothing.
+    [[nodiscard]] ui::Widget& firstField() noexcept { return txtEditChannel; }
+
     // The user's access level; 0 before the first call. Never fails: a store that does not answer has no P25 board.
     void UpdateAccess(std::int16_t intAccessLvl);
     [[nodiscard]] std::int16_t accessLevel() const noexcept { return accessLevel_; }
@@ -70,8 +74,11 @@ public:
     void refresh();
     // Asks about edits that were not applied, if there are any, and applies or discards them. Answers False where the
     // user, or a refused field, wants the channel to stay.
-    // The store's table may be another one by now; a question that is open finds out.
-    void noteTableReadAnew() noexcept { ++readings_; }
+    // The store's table may be another one by now; a question that is open finds out. The grid shows the present store.
+    void noteTableReadAnew() noexcept {
+        ++readings_;
+        gridShowsStore_ = true;
+    }
     // `news` comes before the question.
     [[nodiscard]] bool mayLeaveChannel(const std::string& news = {});
     // Before the present store is exchanged: the user may apply edits to it.
@@ -128,6 +135,8 @@ private:
     void number_LostFocus(ui::TextBox& box);
     void field_GotFocus(ui::TextBox& box);
     void mark_GotFocus(ui::Widget& field);
+    void mark_LostFocus();
+    void level_LostFocus(ui::TextBox& box);
     void ckContinuousUpdateEnabled_Click();
     void tmrUpdate_Timer();
     void rules_NarrowBandChosen();
@@ -151,15 +160,21 @@ private:
     [[nodiscard]] bool apply();
     [[nodiscard]] bool storeEdits(const std::function<void()>& whenStored);
     [[nodiscard]] bool storeChannel();
+    void showStored(bool stored);
     [[nodiscard]] bool asksToLeave(const std::string& news);
     void refreshIfAsked(bool mayDiscard);
     void enterMovesToOk(ui::KeyPressEvent& event);
     void leaveFrequency(ui::TextBox& box, bool transmit);
     void propose(bool transmit, double hertz);
     void markUnlessTone(ui::ComboBox& list, bool multipleAllowed);
+    void note(ui::Widget& field, NoteKind kind);
+    void accept(const ui::Widget& field);
+    enum class Speak : std::uint8_t { No, Yes };
+    void showHint(Speak speak);
+    [[nodiscard]] int levelShowing(const ui::Widget& field) const;
     void showSelectedChannels();
 
-    [[nodiscard]] EditedChannel edited() const { return {channel_, store_, grid_, format_}; }
+    [[nodiscard]] EditedChannel edited() const { return {channel_, store_, grid_, format_, gridShowsStore_}; }
     [[nodiscard]] std::vector<std::int16_t> channelsToCopyTo() const;
     [[nodiscard]] transfer::LiveLevelsSurroundings liveSurroundings();
 
@@ -176,6 +191,8 @@ private:
     std::function<bool()> changesRefused_;
     std::vector<std::int16_t> copiedChannels_;
     std::vector<std::string> loadedEntries_;  // as last loaded or stored
+    FieldNotes notes_;
+    const ui::Widget* focusedField_ = nullptr;  // of those that can turn red
     std::int32_t lockDataMode_ = 0;
     std::int16_t channel_ = 1;
     int readings_ = 0;
@@ -183,6 +200,8 @@ private:
     std::int16_t firstSelected_ = 0;
     std::int16_t lastSelected_ = 0;
     std::int16_t accessLevel_ = 0;
+    bool p25Board_ = false;
+    bool gridShowsStore_ = false;  // its cells are not those of a former store
     bool listsFilled_ = false;
     bool loaded_ = false;  // the controls show the channel, so that they can be stored
     bool storing_ = false;

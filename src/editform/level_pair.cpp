@@ -13,7 +13,6 @@ namespace telvar::editform {
 LevelPair::LevelPair(ui::Slider& slider, ui::TextBox& box, base::NumberFormat format)
     : slider_(slider), box_(box), format_(format), before_(slider.value()) {
     ui::on(slider_.Change, this, &LevelPair::slider_Change);
-    ui::on(box_.GotFocus, this, &LevelPair::box_GotFocus);
     ui::on(box_.LostFocus, this, &LevelPair::box_LostFocus);
 }
 
@@ -35,8 +34,6 @@ void LevelPair::slider_Change() {
     const int amount = slider_.value() - std::exchange(before_, slider_.value());
     Moved(amount);
 }
-
-void LevelPair::box_GotFocus() { box_.setForeColor(ui::black); }
 
 // A number may have something behind it, which goes; of the texts that begin with 0 only "0" itself is a level.
 void LevelPair::box_LostFocus() {

@@ -26,7 +26,6 @@ public:
 
 private:
     void slider_Change();
-    void box_GotFocus();
     void box_LostFocus();
     void showSlidersLevel();
 

@@ -25,7 +25,10 @@ constexpr std::array<ModeChoice, rfModeCount> modeChoices{
 
 ModeRules::ModeRules(ChannelEditControls& controls, Levels& levels) : controls_(controls), levels_(levels) {
     for (std::size_t index = 0; index < rfModeCount; ++index) {
-        controls_.optRFMode[index].Click.connect([this, index] { optRFMode_Click(static_cast<RfMode>(index)); });
+        const auto clicked = [this, index] { optRFMode_Click(static_cast<RfMode>(index)); };
+        controls_.optRFMode[index].Click.connect(clicked);
+        // The check boxes may say something else by now.
+        controls_.optRFMode[index].ChosenAgain.connect(clicked);
     }
     ui::on(controls_.ckSimplexChannel.Click, this, &ModeRules::ckSimplexChannel_Click);
     ui::on(controls_.ckTtrChannel.Click, this, &ModeRules::ckTtrChannel_Click);
@@ -45,8 +48,7 @@ void ModeRules::setBandwidthSwitchable(bool switchable) {
 }
 
 void ModeRules::applyLoadedMode() {
-    deriveMode();
-    optRFMode_Click(controls_.rfMode());
+    choose(derivedMode());
     showLevels();
 }
 
@@ -65,21 +67,21 @@ void ModeRules::ckSimplexChannel_Click() {
     if (controls_.ckSimplexChannel.checked()) {
         controls_.ckTtrChannel.setValue(0);
         controls_.chkP25RepeaterEnable.setValue(0);
-        deriveMode();
+        followBoxes();
     }
 }
 
 void ModeRules::ckTtrChannel_Click() {
     if (controls_.ckTtrChannel.checked()) {
         controls_.ckSimplexChannel.setValue(0);
-        deriveMode();
+        followBoxes();
     }
 }
 
 void ModeRules::chkP25RepeaterEnable_Click() {
     if (controls_.chkP25RepeaterEnable.checked()) {
         controls_.ckSimplexChannel.setValue(0);
-        deriveMode();
+        followBoxes();
     }
 }
 
@@ -131,6 +133,17 @@ RfMode ModeRules::derivedMode() const noexcept {
     return p25Repeater ? RfMode::MixedRepeater : RfMode::AnalogRepeater;
 }
 
-void ModeRules::deriveMode() { controls_.optRFMode[static_cast<std::size_t>(derivedMode())].loadValue(true); }
+// As a click does, also on the entry that is chosen already.
+void ModeRules::choose(RfMode mode) {
+    controls_.optRFMode[static_cast<std::size_t>(mode)].loadValue(true);
+    optRFMode_Click(mode);
+}
+
+// A radio that has no P25 runs what is left of a P25 mode without it.
+void ModeRules::followBoxes() {
+    const auto mode = derivedMode();
+    const bool possible = controls_.optRFMode[static_cast<std::size_t>(mode)].enabled();
+    choose(possible ? mode : RfMode::AnalogRepeater);
+}
 
 }  // namespace telvar::editform

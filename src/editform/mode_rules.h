@@ -41,7 +41,8 @@ private:
     void optSubtoneKind_Click();
 
     [[nodiscard]] RfMode derivedMode() const noexcept;
-    void deriveMode();
+    void choose(RfMode mode);
+    void followBoxes();
 
     ChannelEditControls& controls_;
     Levels& levels_;

@@ -53,6 +53,7 @@ protected:
         form.setRadioComms(link);
         form.setGrid(&grid);
         form.setChannel(number);
+        form.noteTableReadAnew();
         form.DataChanged.connect([this] { events.emplace_back("DataChanged"); });
         form.EditClosed.connect([this] { events.emplace_back("EditClosed"); });
         form.OpenLoginWithChannelEdit.connect([this] { events.emplace_back("OpenLoginWithChannelEdit"); });

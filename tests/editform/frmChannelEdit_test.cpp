@@ -322,6 +322,14 @@ TEST_F(EditForm, TheAccessLevelShowsFrames) {
     EXPECT_EQ(shown(-1, true), "000");
 }
 
+TEST_F(EditForm, TheConfigurationWithoutABoardShowsTheP25FrameAtFullAccessOnly) {
+    table->put(StoreMember::RadioConfigurationCode, 7);
+    form.UpdateAccess(3);
+    EXPECT_FALSE(form.frP25ChannelSettings.isShown());
+    form.UpdateAccess(5);
+    EXPECT_TRUE(form.frP25ChannelSettings.isShown());
+}
+
 TEST_F(EditForm, P25ModesNeedABoardOrTheConfiguration) {
     for (const bool board : {false, true}) {
         for (const int configuration : {0, 7}) {
@@ -564,6 +572,47 @@ TEST_F(Live, TheSpareLevelsTakePartInTheComparisonOnly) {
     tick();
     EXPECT_EQ(link->sent.size(), 2U);
     EXPECT_EQ(staged(), (std::vector<int>{1, 250, 3, 4}));
+}
+
+TEST_F(Live, EveryOneOfTheSixLevelsCountsInTheComparison) {
+    form.ckContinuousUpdateEnabled.userClick();
+    tick();
+    std::size_t sent = 1;
+    for (ui::TextBox* const box : {&form.txtTransmitPower, &form.txtRefOscFreq, &form.txtVcoDeviation,
+                                   &form.txtRefOscDev, &form.potval[0], &form.potval[1]}) {
+        box->setText("77");
+        tick();
+        EXPECT_EQ(link->sent.size(), ++sent) << box->name();
+        tick();
+        EXPECT_EQ(link->sent.size(), sent) << box->name();
+    }
+    EXPECT_EQ(staged(), (std::vector<int>{77, 77, 77, 77}));
+}
+
+TEST_F(Live, AGreyBoxIsNotTicked) {
+    form.ckContinuousUpdateEnabled.userClick();
+    form.ckContinuousUpdateEnabled.setValue(2);
+    EXPECT_FALSE(desktop.runs(form.tmrUpdate));
+    form.tmrUpdate.setEnabled(true);
+    tick();
+    EXPECT_FALSE(desktop.runs(form.tmrUpdate));
+    EXPECT_EQ(link->sent, Texts{});
+}
+
+TEST_F(Live, ARadioOfOneBandwidthIsSentTheWideSetThatIsShown) {
+    table->put(StoreMember::BandwidthSwitchable, false);
+    for (const int modeBits : {0x80, 0}) {
+        load({{ChannelKey::ModeBits, modeBits}});
+        EXPECT_EQ(form.optNarrowBand.value(), modeBits != 0);
+        EXPECT_TRUE(form.txtVcoDeviation.isShown() && form.sldRefOscFreq.isShown() && form.txtRefOscDev.isShown());
+        EXPECT_FALSE(form.txtNBVcoDeviation.isShown() || form.sldNBRefOscFreq.isShown());
+        form.ckContinuousUpdateEnabled.userClick();
+        tick();
+        EXPECT_EQ(staged(), (std::vector<int>{1, 250, 3, 4})) << modeBits;
+        form.sldVcoDeviation.userMoved(-33);
+        tick();
+        EXPECT_EQ(staged(), (std::vector<int>{1, 250, 33, 4})) << modeBits;
+    }
 }
 
 TEST_F(Live, WithTheRadioGoneItSwitchesItselfOffAndThenTellsOnce) {

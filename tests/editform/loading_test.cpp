@@ -3,6 +3,7 @@
 #include <random>
 
 #include "edit_form_world.h"
+#include "support/all_dcs_codes.h"
 #include "support/answering_store.h"
 #include "support/failing_store.h"
 
@@ -22,10 +23,8 @@ TEST_F(LoadingForm, TheListsHoldTheirItemsInOrder) {
     EXPECT_EQ(form.cboRFMode.items(), (Texts{"Duplex", "P25 Digital Repeater (TTR) Only", "Analog Repeater (TTR) Only",
                                              "Mixed Mode Repeater (TTR)", "Simplex"}));
     EXPECT_FALSE(form.cboRFMode.visible());
-    ASSERT_EQ(form.cmbTxDcs.listCount(), 83);
-    EXPECT_EQ(form.cmbTxDcs.items().front(), "023");
-    EXPECT_EQ(form.cmbTxDcs.items().back(), "754");
-    EXPECT_EQ(form.cmbRxDcs.items(), form.cmbTxDcs.items());
+    EXPECT_EQ(form.cmbTxDcs.items(), allDcsCodes());
+    EXPECT_EQ(form.cmbRxDcs.items(), allDcsCodes());
     ASSERT_EQ(form.cmbTxSubtone.listCount(), 40);
     EXPECT_EQ(form.cmbTxSubtone.items()[0], "Disabled");
     EXPECT_EQ(form.cmbTxSubtone.items()[1], "67");
@@ -54,6 +53,27 @@ TEST_F(LoadingForm, FrequenciesAreShownInMegahertzAndTheLocalOscillatorBesideThe
     load({{ChannelKey::TxFreq, 0}, {ChannelKey::RxFreq, 0}});
     EXPECT_EQ(form.txtTxFrequency.text(), "0.000000");
     EXPECT_EQ(form.txtRxLocalOscFreq.text(), "-21.4");
+}
+
+TEST_F(LoadingForm, TheLocalOscillatorIsReckonedFromTheFrequencyAsItIsShown) {
+    load({{ChannelKey::RxFreq, 460'100'000.4}});
+    EXPECT_EQ(form.txtRxFrequency.text(), "460.100000");
+    EXPECT_EQ(form.txtRxLocalOscFreq.text(), "481.5");
+    load({{ChannelKey::RxFreq, 460'100'000.6}});
+    EXPECT_EQ(form.txtRxFrequency.text(), "460.100001");
+    EXPECT_EQ(form.txtRxLocalOscFreq.text(), "481.500001");
+}
+
+TEST_F(LoadingForm, TheNumberIsShownBeforeTheChannelIsLoaded) {
+    load();
+    const auto failing = std::make_shared<FailingStore>(*table);
+    form.setCentralDataStore(failing);
+    form.setChannel(8);
+    failing->failAt(3, FailureSpan::FromThereOn);
+    std::string shown;
+    desktop.duringBox = [&](const ui::MessageBox&) { shown = form.txtEditChannel.text(); };
+    form.refresh();
+    EXPECT_EQ(shown, "8");
 }
 
 TEST_F(LoadingForm, ATransmitToneOrCodeShowsItsListAndLabel) {
@@ -106,6 +126,51 @@ TEST_F(LoadingForm, AnIndexThatAListDoesNotHaveLeavesItsSelection) {
         EXPECT_EQ(form.cmbTxAccelProportion.listIndex(), 2);
         EXPECT_TRUE(form.optTxDcs.value());
     }
+}
+
+TEST_F(LoadingForm, TheHiddenListsShowTheChannelsOwnToneAndCodeToo) {
+    load({{ChannelKey::TxCTCSSDCS, true},
+          {ChannelKey::RxCTCSSDCS, true},
+          {ChannelKey::TxDCSIndex, 40},
+          {ChannelKey::RxDCSIndex, 41},
+          {ChannelKey::TxSub, 88.5F},
+          {ChannelKey::RxSub, 91.5F}});
+    EXPECT_EQ(form.cmbTxSubtone.text() + "," + form.cmbRxSubtone.text(), "88.5,91.5");
+    form.setChannel(8);
+    fill(*table, 8,
+         {{ChannelKey::TxFreq, 145'000'000},
+          {ChannelKey::TxDCSIndex, 0},
+          {ChannelKey::RxDCSIndex, 2},
+          {ChannelKey::TxSub, 100.0F},
+          {ChannelKey::RxSub, 0.0F}});
+    form.refresh();
+    EXPECT_EQ(form.cmbTxDcs.text() + "," + form.cmbRxDcs.text(), "023,026");
+    EXPECT_EQ(form.cmbTxSubtone.text() + "," + form.cmbRxSubtone.text(), "100.0,0.0");
+    form.setChannel(number);
+    form.refresh();
+    EXPECT_EQ(form.cmbTxDcs.text() + "," + form.cmbRxDcs.text(), "306,311");
+    EXPECT_EQ(form.cmbTxSubtone.text() + "," + form.cmbRxSubtone.text(), "88.5,91.5");
+}
+
+TEST_F(LoadingForm, WithAnExchangedStoreMultipleIsNotReadFromTheFormerTablesCell) {
+    load();
+    grid.setText(number, 4, "Multiple");
+    const auto other = std::make_shared<model::MemoryDataStore>();
+    fill(*other, number, {{ChannelKey::TxFreq, 145'000'000}, {ChannelKey::RxSub, 88.5F}});
+    form.setCentralDataStore(other);
+    form.refresh();
+    EXPECT_EQ(form.cmbRxSubtone.text(), "88.5");
+    grid.setText(number, 4, "88.5 Hz");
+    fill(*other, number, {{ChannelKey::ModeBits, 0x04}});
+    form.refresh();
+    EXPECT_EQ(form.cmbRxSubtone.text(), "Multiple");
+    fill(*other, number, {{ChannelKey::TxFreq, 0}, {ChannelKey::RxFreq, 0}});
+    form.refresh();
+    EXPECT_EQ(form.cmbRxSubtone.text(), "88.5") << "an empty channel's cells show nothing";
+    form.noteTableReadAnew();
+    grid.setText(number, 4, "MULTIPLE");
+    form.refresh();
+    EXPECT_EQ(form.cmbRxSubtone.text(), "Multiple");
 }
 
 TEST_F(LoadingForm, ModeBitsShowInTheirBoxes) {
@@ -275,6 +340,12 @@ TEST_F(LoadingForm, TheSpacingStandsInTheFramesCaptionAfterTheLevelsCaption) {
     table->put(StoreMember::ChannelSpacing, 20'000);
     form.refresh();
     EXPECT_EQ(form.frChannelSpacing.caption(), "20.0 kHz  Medium Band Channel Spacing");
+}
+
+TEST_F(LoadingForm, TheSpacingFollowsTheStoredBitAndNotTheBandThatAP25RepeaterForces) {
+    load({{ChannelKey::p25RepeaterEnable, true}, {ChannelKey::ModeBits, 0}});
+    EXPECT_TRUE(form.optNarrowBand.value());
+    EXPECT_EQ(form.frChannelSpacing.caption(), "25.0 kHz  Wide Band Channel Spacing");
 }
 
 // -- failures --------------------------------------------------------------------------------------------------------

@@ -49,15 +49,50 @@ TEST_F(Rules, CheckingSimplexClearsBothRepeaters) {
     EXPECT_EQ(modes(), "100 0 narrow");
 }
 
-TEST_F(Rules, CheckingARepeaterClearsSimplexOnlyAndDerivesTheModeQuietly) {
+TEST_F(Rules, CheckingARepeaterClearsSimplexAndChoosesItsModeAsAClickDoes) {
     form.ckSimplexChannel.userClick();
     form.ckTtrChannel.userClick();
     EXPECT_EQ(modes(), "010 2 wide");
     form.chkP25RepeaterEnable.userClick();
-    EXPECT_EQ(modes(), "011 4 wide");
+    EXPECT_EQ(modes(), "011 4 narrow");
     form.ckSimplexChannel.userClick();
+    form.optWideBand.userClick();
     form.chkP25RepeaterEnable.userClick();
-    EXPECT_EQ(modes(), "001 3 wide");
+    EXPECT_EQ(modes(), "001 3 narrow");
+}
+
+TEST_F(Rules, ChoosingTheMarkedModeAgainAppliesItsRule) {
+    form.optRFMode[2].userClick();
+    form.ckTtrChannel.userClick();
+    EXPECT_EQ(modes(), "000 2 wide");
+    form.optRFMode[2].userClick();
+    EXPECT_EQ(modes(), "010 2 wide");
+    form.optRFMode[4].userClick();
+    form.chkP25RepeaterEnable.userClick();
+    form.optRFMode[4].userClick();
+    EXPECT_EQ(modes(), "011 4 narrow");
+}
+
+TEST_F(Rules, ABandOrASubtoneKindThatIsChosenAgainChangesNothing) {
+    const auto caption = form.frChannelSpacing.caption();
+    form.optWideBand.userClick();
+    form.optTxCtcss.userClick();
+    EXPECT_EQ(form.frChannelSpacing.caption(), caption);
+    EXPECT_FALSE(form.hasUnappliedEdits());
+}
+
+TEST_F(Rules, WithoutP25TheBoxIsDisabledAndNoCheckBoxSelectsAGreyedMode) {
+    table->put(StoreMember::RadioConfigurationCode, 0);
+    load({{ChannelKey::p25RepeaterEnable, true}, {ChannelKey::ModeBits, 0x80}});
+    EXPECT_EQ(modes(), "001 3 narrow");
+    EXPECT_FALSE(form.chkP25RepeaterEnable.enabled());
+    form.chkP25RepeaterEnable.userClick();
+    EXPECT_EQ(modes(), "001 3 narrow");
+    form.ckTtrChannel.userClick();
+    EXPECT_EQ(modes(), "010 2 narrow");
+    table->put(StoreMember::P25BoardFitted, true);
+    form.UpdateAccess(5);
+    EXPECT_TRUE(form.chkP25RepeaterEnable.enabled());
 }
 
 TEST_F(Rules, ClearingABoxChangesNothingElse) {

@@ -74,7 +74,11 @@ TEST_F(Storing, ATransmitCodeSetsItsBitAndLeavesTheTone) {
 }
 
 TEST_F(Storing, AListOfCodesWithoutASelectionWritesNothing) {
-    load({{ChannelKey::TxSub, 88.5F}, {ChannelKey::ModeBits, 0x04}});
+    load({{ChannelKey::TxSub, 88.5F},
+          {ChannelKey::TxDCSIndex, 83},
+          {ChannelKey::RxDCSIndex, 83},
+          {ChannelKey::ModeBits, 0x04}});
+    ASSERT_EQ(form.cmbTxDcs.listIndex(), -1);
     form.optTxDcs.userClick();
     form.optRxDcs.userClick();
     grid.setText(number, 3, "before");
@@ -287,6 +291,7 @@ TEST_F(Storing, ARadioOfOneBandwidthStoresTheWideLevelsOfANarrowChannel) {
 }
 
 TEST_F(Storing, P25SettingsAndCodes) {
+    table->put(StoreMember::P25BoardFitted, true);
     load({{ChannelKey::ModeBits, 0x80}});
     form.optP25TransmitMode[1].userClick();
     form.chkP25RepeaterEnable.userClick();

@@ -53,6 +53,8 @@ public:
 
     // -- pointer and clipboard --------------------------------------------------------------------------------------
     [[nodiscard]] const std::vector<ui::Pointer>& pointers() const noexcept { return pointers_; }
+    // Runs when the pointer is set, after it was recorded.
+    std::function<void(ui::Pointer)> onPointer;
     std::optional<std::string> clipboard;
     bool clipboardLocked = false;
 
@@ -77,7 +79,12 @@ public:
     void hide(ui::Form& form) override { shown_.erase(&form); }
     [[nodiscard]] bool isOpen(const ui::Form& form) const override { return shown_.contains(&form); }
     void popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) override;
-    void setPointer(ui::Pointer pointer) override { pointers_.push_back(pointer); }
+    void setPointer(ui::Pointer pointer) override {
+        pointers_.push_back(pointer);
+        if (onPointer) {
+            onPointer(pointer);
+        }
+    }
     [[nodiscard]] std::optional<std::string> clipboardText() override;
     void setClipboardText(const std::string& text) override;
     void doEvents() override;
