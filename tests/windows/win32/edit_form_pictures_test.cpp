@@ -68,6 +68,23 @@ TEST_F(EditFormPictures, ErrorsInRed) {
     expectReadableForm("errors");
 }
 
+TEST_F(EditFormPictures, AHintAtTheFoot) {
+    form->txtTxFrequency.setText("145.5 MHz and more than that");
+    form->txtRxFrequency.setText("none");
+    form->txtTxFrequency.LostFocus();
+    form->txtRxFrequency.LostFocus();
+    form->txtTxFrequency.GotFocus();
+    expectReadableForm("hint");
+    form->txtTxSynthStepSize.setText("12345678901234567890123");
+    form->txtTxSynthStepSize.LostFocus();
+    form->txtTxFrequency.LostFocus();
+    form->UpdateAccess(0);
+    EXPECT_EQ(form->lblHint.caption(),
+              "\"12345678901234567890...\" in \"Transmit Synth Step Size (kHz)\" is not a number and is not stored; "
+              "access level 5 shows it (and 2 more).");
+    expectReadableForm("hint-access-0");
+}
+
 TEST_F(EditFormPictures, LockedLevelsAndLockedSettings) {
     form->setLockDataMode(1);
     expectReadableForm("lock-1");
