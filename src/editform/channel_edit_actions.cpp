@@ -210,10 +210,7 @@ void frmChannelEdit::number_LostFocus(ui::TextBox& box) {
 // By then the box has a level again, its slider's where the text was none.
 void frmChannelEdit::level_LostFocus(ui::TextBox& box) { accept(box); }
 
-void frmChannelEdit::field_GotFocus(ui::TextBox& box) {
-    mark_GotFocus(box);
-    box.selectAll();
-}
+void frmChannelEdit::field_GotFocus(ui::TextBox& box) { box.selectAll(); }
 
 void frmChannelEdit::mark_GotFocus(ui::Widget& field) {
     field.setForeColor(ui::black);

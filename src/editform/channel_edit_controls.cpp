@@ -16,6 +16,9 @@ constexpr int frequencyWidth = 10;
 constexpr int shortWidth = 4;
 constexpr int noteWidth = 34;
 
+// The longest sentence, in the narrow form of the lowest access level.
+constexpr int hintLines = 2;
+
 // For a widget whose caption is not seen: what a screen reader calls it.
 void nameAfter(const ui::Label& label, std::initializer_list<ui::Widget*> widgets) {
     for (ui::Widget* const widget : widgets) {
@@ -169,7 +172,7 @@ void ChannelEditControls::setFieldProperties() {
     lblTTRAnalogDataMode.setWrapWidth(noteWidth);
     lblP25Bandwidth.setWrapWidth(noteWidth);
     lblSelectedChannels.setVisible(false);
-    lblHint.setLines(1);
+    lblHint.setLines(hintLines);
     cmdCancel.setCancel(true);
 }
 

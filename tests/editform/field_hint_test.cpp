@@ -87,6 +87,45 @@ TEST_F(FieldHint, TakesItsRoomWhetherItSpeaksOrNot) {
     EXPECT_EQ(form.cmdOk.bounds(), ok);
 }
 
+// What screen readers are told.
+class SpokenPeer : public ui::WidgetPeer {
+public:
+    explicit SpokenPeer(const ui::Label& label) : label_(label) {}
+    void show(ui::Aspect changed) noexcept override {
+        if (changed == ui::Aspect::Announcement) {
+            spoken.push_back(label_.caption());
+        }
+    }
+    void takeFocus() noexcept override {}
+    void widgetEnds() noexcept override {}
+
+    Texts spoken;
+
+private:
+    const ui::Label& label_;
+};
+
+TEST_F(FieldHint, IsSpokenOnceForEachLeavingAndForEachComingBackAndNeverWhenItIsEmpty) {
+    SpokenPeer peer(form.lblHint);
+    form.lblHint.attach(peer);
+    enter(form.txtTxFrequency, "a");
+    const std::string sentence = "\"a\" in \"Tx Frequency (MHz)\" is not a number and is not stored.";
+    EXPECT_EQ(peer.spoken, Texts{sentence});
+    form.txtRxFrequency.GotFocus();
+    form.txtRxFrequency.LostFocus();
+    EXPECT_EQ(peer.spoken, Texts{sentence});
+    form.txtTxFrequency.GotFocus();
+    EXPECT_EQ(peer.spoken, (Texts{sentence, sentence}));
+    form.txtTxFrequency.userTyped("145");
+    form.txtTxFrequency.LostFocus();
+    apply();
+    EXPECT_EQ(peer.spoken, (Texts{sentence, sentence}));
+    form.txtTxFrequency.setText("b");
+    apply();
+    EXPECT_EQ(peer.spoken.size(), 3U);
+    form.lblHint.detach();
+}
+
 // -- Apply -----------------------------------------------------------------------------------------------------------
 
 TEST_F(FieldHint, AnApplySaysWhatItPassedOverAndLeavesThatTextToTheUser) {

@@ -77,7 +77,6 @@ TEST_F(EditFormPictures, AHintAtTheFoot) {
     expectReadableForm("hint");
     form->txtTxSynthStepSize.setText("12345678901234567890123");
     form->txtTxSynthStepSize.LostFocus();
-    form->txtTxFrequency.LostFocus();
     form->UpdateAccess(0);
     EXPECT_EQ(form->lblHint.caption(),
               "\"12345678901234567890...\" in \"Transmit Synth Step Size (kHz)\" is not a number and is not stored; "

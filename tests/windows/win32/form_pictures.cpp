@@ -75,7 +75,7 @@ void expectRoomForTexts(HWND form, const ui::Widget& widget) {
         return;  // its caption is for screen readers only
     }
     const auto* const label = dynamic_cast<const ui::Label*>(&widget);
-    const bool wraps = label != nullptr && label->wrapWidth() > 0;
+    const bool wraps = label != nullptr && label->wraps();
     const ui::Size extent = extentOf(window, widget.caption(), wraps ? bounds.width() : 0, 0);
     EXPECT_LE(extent.width + taken(widget, line), bounds.width()) << widget.name() << ": " << widget.caption();
     EXPECT_LE(extent.height, bounds.height()) << widget.name() << ": " << widget.caption();
