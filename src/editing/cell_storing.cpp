@@ -128,17 +128,23 @@ void storeRfMode(const CellContext& context, std::string_view text) {
     using namespace model::mode;
     const auto word = keyword(text);
     bool repeatsP25 = false;
+    // Each step is a writing of its own, in this order, for stores that act on what is written to them.
     if (word == "DUPLEX") {
         changeModeBits(context, 0, simplex | repeater);
     } else if (word == "SIMPLEX") {
-        changeModeBits(context, simplex, repeater);
+        changeModeBits(context, simplex, 0);
+        changeModeBits(context, 0, repeater);
     } else if (word == "REPEATER") {
-        changeModeBits(context, repeater, simplex);
+        changeModeBits(context, repeater, 0);
+        changeModeBits(context, 0, simplex);
     } else if (word == "P25 REPEATER") {
-        changeModeBits(context, narrowBand, simplex | repeater);
+        changeModeBits(context, 0, simplex | repeater);
+        changeModeBits(context, narrowBand, 0);
         repeatsP25 = true;
     } else if (word == "MIXED MODE") {
-        changeModeBits(context, repeater | narrowBand, simplex);
+        changeModeBits(context, repeater, 0);
+        changeModeBits(context, 0, simplex);
+        changeModeBits(context, narrowBand, 0);
         repeatsP25 = true;
     }
     recordOf(context).put(ChannelKey::p25RepeaterEnable, repeatsP25);
@@ -161,12 +167,16 @@ void storeExternalPttMode(const CellContext& context, std::string_view text) {
     }
 }
 
+// The flag is written between the two steps of the bits.
 void storeP25Repeater(const CellContext& context, std::string_view text) {
     const bool repeats = keyword(text) == "YES";
     if (repeats) {
-        changeModeBits(context, model::mode::narrowBand, model::mode::simplex | model::mode::repeater);
+        changeModeBits(context, 0, model::mode::simplex | model::mode::repeater);
     }
     recordOf(context).put(ChannelKey::p25RepeaterEnable, repeats);
+    if (repeats) {
+        changeModeBits(context, model::mode::narrowBand, 0);
+    }
 }
 
 void storeTalkgroup(const CellContext& context, std::string_view text) {
