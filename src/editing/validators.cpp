@@ -72,9 +72,12 @@ template <class Body>
     });
 }
 
-[[nodiscard]] std::string validateCode(std::string_view text, std::string_view error) {
-    const auto code = base::trimmed(text).size() < codeLength ? paddedCode(text) : std::string(text);
-    return code.size() == codeLength && isHexadecimal(code) ? "" : std::string(error);
+// Reads nothing from the store and converts nothing; what is left to fail is the copy of a text beyond the memory.
+[[nodiscard]] std::string validateCode(std::string_view text, std::string_view error, std::string_view trap) {
+    return trappedAs(trap, [&]() -> std::string {
+        const auto code = base::trimmed(text).size() < codeLength ? paddedCode(text) : std::string(text);
+        return code.size() == codeLength && isHexadecimal(code) ? "" : std::string(error);
+    });
 }
 
 [[nodiscard]] bool switchable(const CellContext& context) {
@@ -187,11 +190,11 @@ std::string validateP25Repeater(const CellContext& context, std::string_view tex
 }
 
 std::string validateTalkgroup(const CellContext& /*context*/, std::string_view text) {
-    return validateCode(text, "Invalid P25 Talkgroup value");
+    return validateCode(text, "Invalid P25 Talkgroup value", "Error in validating P25 Talkgroup (");
 }
 
 std::string validateNetworkAccessCode(const CellContext& /*context*/, std::string_view text) {
-    return validateCode(text, "Invalid P25 NAC value");
+    return validateCode(text, "Invalid P25 NAC value", "Error in validating P25 NAC (");
 }
 
 bool isHexadecimal(std::string_view text) noexcept {

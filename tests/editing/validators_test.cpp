@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
+#include "failing_memory.h"
 #include "support/answering_store.h"
 #include "support/failing_store.h"
 #include "support/table_builder.h"
@@ -319,6 +320,18 @@ TEST_F(Validators, ACodeIsFourHexadecimalDigitsOrFewerAndPadded) {
                 {column, "0x12", error},
                 {column, "\xC3\xA9\xC3\xA9", error}});
     }
+}
+
+// A code is neither converted nor looked up; only its copy can fail.
+TEST_F(Validators, ACodeThatCannotBeValidatedIsToldAsSuch) {
+    const std::string longCode(100, 'F');
+    const auto withoutMemory = [&](std::int16_t column) {
+        const FailingMemory full;
+        return verdict(column, longCode);
+    };
+    EXPECT_EQ(withoutMemory(24), "Error in validating P25 Talkgroup (std::bad_alloc) P25 Talkgroup ID");
+    EXPECT_EQ(withoutMemory(25), "Error in validating P25 NAC (std::bad_alloc) P25 TX NAC");
+    EXPECT_EQ(withoutMemory(26), "Error in validating P25 NAC (std::bad_alloc) P25 RX NAC");
 }
 
 TEST_F(Validators, AFailingStoreReachesTheCallerExceptWhereTheBandwidthTrapsIt) {
