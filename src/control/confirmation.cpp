@@ -31,7 +31,8 @@ bool Confirmation::ask(const std::string& question, const std::string& title) {
     if (form_ != nullptr) {
         return false;
     }
-    editing::frmMsgBox form(desktop_, title);
+    editing::frmMsgBox form(desktop_);
+    form.setCaption(title);
     form.InitControls(question);
     ui::on(form.Unloaded, this, &Confirmation::frmMsgBox_Unloaded);
     agreed_ = false;

@@ -17,7 +17,7 @@ public:
     // Whether the user agrees. Not asked once the user has switched the question off: the remembered answer counts
     // then. The close box means No for this time and changes nothing that is remembered, and so does a question inside
     // a question. Anything may happen while it is shown. Fails (base::Failure) where it cannot be shown.
-    [[nodiscard]] bool ask(const std::string& question, const std::string& title = ui::defaultTitle);
+    [[nodiscard]] bool ask(const std::string& question, const std::string& title);
 
     // Takes the question away unanswered.
     void close();

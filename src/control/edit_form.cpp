@@ -102,7 +102,7 @@ ChannelInformation::Rows ChannelInformation::rowsToCopyTo(std::int16_t channel, 
     }
     if (!copyAgreed_) {
         bool agreed = false;
-        ui::resumed([&] { agreed = confirmation.ask(copyQuestion); });
+        ui::resumed([&] { agreed = confirmation.ask(copyQuestion, messageTitle()); });
         endIfClosed();
         copyAgreed_ = agreed;
     }

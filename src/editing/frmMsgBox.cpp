@@ -1,7 +1,6 @@
 #include "editing/frmMsgBox.h"
 
 #include <initializer_list>
-#include <utility>
 
 namespace telvar::editing {
 
@@ -12,8 +11,8 @@ constexpr int questionWidth = 60;
 
 }  // namespace
 
-frmMsgBox::frmMsgBox(ui::Desktop& desktop, std::string title) : Form("frmMsgBox"), desktop_(desktop) {
-    setCaption(std::move(title));
+frmMsgBox::frmMsgBox(ui::Desktop& desktop) : Form("frmMsgBox"), desktop_(desktop) {
+    setCaption("Form1");
     lblMsg.setCaption("Would you?");
     lblMsg.setWrapWidth(questionWidth);
     chkDoNotAskAgain.setCaption("&Do not show this message again until program is restarted");

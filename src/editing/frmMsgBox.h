@@ -15,8 +15,8 @@ namespace telvar::editing {
 
 class frmMsgBox : public ui::Form {
 public:
-    // The desktop must outlive the form. The title stands in the window's caption.
-    explicit frmMsgBox(ui::Desktop& desktop, std::string title = ui::defaultTitle);
+    // The desktop must outlive the form. Who asks gives it the title of its boxes before it is shown.
+    explicit frmMsgBox(ui::Desktop& desktop);
 
     // The question; before the form is shown.
     void InitControls(const std::string& strMsg);

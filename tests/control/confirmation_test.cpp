@@ -45,10 +45,10 @@ TEST_F(Confirmation, AsksItsQuestionUnderItsTitle) {
 
 TEST_F(Confirmation, AsksAgainEachTimeUnlessItIsSwitchedOff) {
     answer([](editing::frmMsgBox& form) { form.cmdNo.userPress(); });
-    EXPECT_FALSE(confirmation.ask("Shall it be?"));
+    EXPECT_FALSE(confirmation.ask("Shall it be?", "Bench 3"));
     EXPECT_EQ(confirmation.answer(), 7);
     answer([](editing::frmMsgBox& form) { form.cmdYes.userPress(); });
-    EXPECT_TRUE(confirmation.ask("Shall it be?"));
+    EXPECT_TRUE(confirmation.ask("Shall it be?", "Bench 3"));
     EXPECT_EQ(asked, 2);
 }
 
@@ -60,10 +60,10 @@ TEST_F(Confirmation, TickedTheRememberedAnswerCountsWithoutAsking) {
             form.chkDoNotAskAgain.setValue(1);
             (yes ? form.cmdYes : form.cmdNo).userPress();
         });
-        EXPECT_EQ(one.ask("Shall it be?"), yes);
+        EXPECT_EQ(one.ask("Shall it be?", "Bench 3"), yes);
         EXPECT_EQ(one.answer(), yes ? 6 : 7);
         EXPECT_TRUE(one.ignoreWarning());
-        EXPECT_EQ(one.ask("Shall it be?"), yes);
+        EXPECT_EQ(one.ask("Shall it be?", "Bench 3"), yes);
         EXPECT_EQ(asked, 1);
     }
 }
@@ -73,28 +73,28 @@ TEST_F(Confirmation, TheGreyBoxDoesNotSwitchItOff) {
         form.chkDoNotAskAgain.loadValue(2);
         form.cmdNo.userPress();
     });
-    EXPECT_FALSE(confirmation.ask("Shall it be?"));
+    EXPECT_FALSE(confirmation.ask("Shall it be?", "Bench 3"));
     EXPECT_FALSE(confirmation.ignoreWarning());
 }
 
 TEST_F(Confirmation, TheCloseBoxIsANoThatIsNotRemembered) {
     answer([](editing::frmMsgBox& form) { form.cmdYes.userPress(); });
-    EXPECT_TRUE(confirmation.ask("Shall it be?"));
+    EXPECT_TRUE(confirmation.ask("Shall it be?", "Bench 3"));
     answer([this](editing::frmMsgBox& form) {
         form.chkDoNotAskAgain.setValue(1);
         desktop.close(form);
     });
-    EXPECT_FALSE(confirmation.ask("Shall it be?"));
+    EXPECT_FALSE(confirmation.ask("Shall it be?", "Bench 3"));
     EXPECT_EQ(confirmation.answer(), 6);
     EXPECT_FALSE(confirmation.ignoreWarning());
 }
 
 TEST_F(Confirmation, AQuestionInsideAQuestionIsANo) {
     answer([this](editing::frmMsgBox& form) {
-        EXPECT_FALSE(confirmation.ask("And that?"));
+        EXPECT_FALSE(confirmation.ask("And that?", "Bench 3"));
         form.cmdYes.userPress();
     });
-    EXPECT_TRUE(confirmation.ask("Shall it be?"));
+    EXPECT_TRUE(confirmation.ask("Shall it be?", "Bench 3"));
     EXPECT_EQ(asked, 1);
 }
 
@@ -103,7 +103,7 @@ TEST_F(Confirmation, ThatIsTakenAwayIsANo) {
         confirmation.close();
         EXPECT_FALSE(desktop.isOpen(form));
     });
-    EXPECT_FALSE(confirmation.ask("Shall it be?"));
+    EXPECT_FALSE(confirmation.ask("Shall it be?", "Bench 3"));
     EXPECT_EQ(confirmation.answer(), 0);
     confirmation.close();
 }
@@ -116,8 +116,8 @@ public:
 TEST(ConfirmationWithoutWindows, FailsAndMayBeAskedAgain) {
     WithoutWindows desktop;
     control::Confirmation confirmation(desktop);
-    EXPECT_THROW(static_cast<void>(confirmation.ask("Shall it be?")), base::Failure);
-    EXPECT_THROW(static_cast<void>(confirmation.ask("Shall it be?")), base::Failure);
+    EXPECT_THROW(static_cast<void>(confirmation.ask("Shall it be?", "Bench 3")), base::Failure);
+    EXPECT_THROW(static_cast<void>(confirmation.ask("Shall it be?", "Bench 3")), base::Failure);
     confirmation.close();
 }
 
@@ -125,7 +125,7 @@ using ConfirmationOfAControl = ControlWorld;
 
 TEST_F(ConfirmationOfAControl, GoesAwayWithIt) {
     desktop.duringModal = [this](ui::Form&) { control->close(); };
-    EXPECT_FALSE(control->confirmation.ask("Shall it be?"));
+    EXPECT_FALSE(control->confirmation.ask("Shall it be?", "Bench 3"));
 }
 
 }  // namespace

@@ -72,6 +72,7 @@ protected:
             auto& asked = dynamic_cast<editing::frmMsgBox&>(box);
             ++copyQuestions;
             askedText = asked.lblMsg.caption();
+            askedTitle = asked.caption();
             if (never) {
                 asked.chkDoNotAskAgain.userClick();
             }
@@ -81,6 +82,7 @@ protected:
 
     int copyQuestions = 0;
     std::string askedText;
+    std::string askedTitle;
 };
 
 // -- opening ---------------------------------------------------------------------------------------------------------
@@ -572,6 +574,7 @@ TEST_F(ControlEditForm, AsksBeforeItOpensWithSeveralSelectedChannels) {
     grid().DblClick();
     EXPECT_EQ(copyQuestions, 1);
     EXPECT_EQ(askedText, copyQuestion);
+    EXPECT_EQ(askedTitle, "Bench 3");
     EXPECT_EQ(form().lblSelectedChannels.caption(), "Also applies to channels 5 to 8");
     EXPECT_TRUE(form().lblSelectedChannels.visible());
 }

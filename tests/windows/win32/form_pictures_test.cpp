@@ -34,7 +34,8 @@ TEST_F(FormPictures, TheFillDialogIsReadable) {
 }
 
 TEST_F(FormPictures, TheMessageBoxIsReadable) {
-    editing::frmMsgBox box(desktop, "Channels");
+    editing::frmMsgBox box(desktop);
+    box.setCaption("Channels");
     box.InitControls("Changes will also be copied to the other selected channels. Would you like to proceed?");
     expectReadable(desktop, box, "frmMsgBox");
 }
