@@ -105,6 +105,7 @@ void frmFill::wire() {
     ui::on(step_val.GotFocus, this, &frmFill::step_val_GotFocus);
     ui::on(step_val.KeyPress, this, &frmFill::step_val_KeyPress);
     ui::on(step_val.LostFocus, this, &frmFill::step_val_LostFocus);
+    ui::on(ok_but.Pressing, this, &frmFill::ok_but_Pressing);
     ui::on(ok_but.Click, this, &frmFill::ok_but_Click);
     ui::on(cancel_but.Click, this, &frmFill::cancel_but_Click);
 }
@@ -135,10 +136,15 @@ void frmFill::setChannels(int first, int last) {
 
 // -- entering a field: what is typed takes the place of what stands there --------------------------------------------
 
-void frmFill::start_chan_val_GotFocus() { start_chan_val.selectAll(); }
-void frmFill::end_chan_val_GotFocus() { end_chan_val.selectAll(); }
-void frmFill::start_freq_val_GotFocus() { start_freq_val.selectAll(); }
-void frmFill::step_val_GotFocus() { step_val.selectAll(); }
+void frmFill::start_chan_val_GotFocus() { enter(start_chan_val); }
+void frmFill::end_chan_val_GotFocus() { enter(end_chan_val); }
+void frmFill::start_freq_val_GotFocus() { enter(start_freq_val); }
+void frmFill::step_val_GotFocus() { enter(step_val); }
+
+void frmFill::enter(ui::TextBox& box) {
+    field_ = &box;
+    box.selectAll();
+}
 
 // -- key filters -----------------------------------------------------------------------------------------------------
 
@@ -175,6 +181,7 @@ void frmFill::filterNumberKey(ui::KeyPressEvent& event) const {
 
 // A negative start channel is left as it is.
 void frmFill::start_chan_val_LostFocus() {
+    field_ = nullptr;
     auto start = channelIn(start_chan_val);
     auto end = channelIn(end_chan_val);
     if (start == 0) {
@@ -188,6 +195,7 @@ void frmFill::start_chan_val_LostFocus() {
 }
 
 void frmFill::end_chan_val_LostFocus() {
+    field_ = nullptr;
     auto start = channelIn(start_chan_val);
     const auto end = std::clamp<std::int16_t>(channelIn(end_chan_val), 2, model::channelCount);
     if (end <= start) {
@@ -198,22 +206,22 @@ void frmFill::end_chan_val_LostFocus() {
 
 // The same words serve the receiver.
 void frmFill::start_freq_val_LostFocus() {
+    field_ = nullptr;
     const float frequency = base::readSingle(start_freq_val.text(), surroundings_.format).value_or(0.0F);
     const bool inRange = frequency >= lowestFrequency && frequency <= highestFrequency;
     if (inRange || start_freq_val.text() == "0") {
         start_freq_val.setText(base::numberText(frequency, surroundings_.format));
         return;
     }
-    tell("Transmit frequency must be between 20 and 1000 MHz or 0 to disable.");
-    start_freq_val.setText("0");
+    refuse(start_freq_val, "Transmit frequency must be between 20 and 1000 MHz or 0 to disable.");
 }
 
 // A negative step makes a descending series.
 void frmFill::step_val_LostFocus() {
+    field_ = nullptr;
     const float step = base::readSingle(step_val.text(), surroundings_.format).value_or(0.0F);
     if (step == 0.0F && step_val.text() != "0") {
-        tell("Invalid step value.  Please re-enter value.");
-        step_val.setText("0");
+        refuse(step_val, "Invalid step value.  Please re-enter value.");
         return;
     }
     step_val.setText(base::numberText(step, surroundings_.format));
@@ -223,26 +231,38 @@ std::int16_t frmFill::channelIn(const ui::TextBox& box) const {
     return base::readInt16(box.text(), surroundings_.format).value_or(std::int16_t{0});
 }
 
-void frmFill::tell(const std::string& text) {
+void frmFill::refuse(ui::TextBox& box, const std::string& reason) {
+    fieldRefused_ = true;
     std::string title = ui::defaultTitle;
     ui::resumed([&] {
         if (const auto store = store_) {
             title = base::toText(store->get(StoreMember::MessageTitle), surroundings_.format);
         }
     });
-    surroundings_.desktop.show({.text = text, .title = title, .icon = ui::Icon::Exclamation});
+    surroundings_.desktop.show({.text = reason, .title = title, .icon = ui::Icon::Exclamation});
+    box.setText("0");
 }
 
 // -- OK and Cancel ---------------------------------------------------------------------------------------------------
 
-void frmFill::ok_but_Click() { FillRequested(); }
+void frmFill::ok_but_Pressing() { fieldRefused_ = false; }
+
+// A press that took the user out of a field which was refused goes no further: what stands there now was not seen yet.
+void frmFill::ok_but_Click() {
+    // Enter presses the button from inside a field, which counts as leaving it though the focus stays.
+    if (ui::TextBox* const field = field_) {
+        field->LostFocus();
+        field_ = field;
+    }
+    if (!fieldRefused_) {
+        FillRequested();
+    }
+}
 
 void frmFill::cancel_but_Click() { surroundings_.desktop.hide(*this); }
 
 bool frmFill::fill() {
-    if (!history_.UpdateBackUpFrequencyMemory()) {
-        return false;
-    }
+    history_.UpdateBackUpFrequencyMemory();
     surroundings_.stayOpen();
     const int first = channelIn(start_chan_val);
     const int last = channelIn(end_chan_val);

@@ -1,5 +1,6 @@
 // The channel fill dialog: writes one frequency, or a series that grows by a step, into a run of channels. It checks
-// its fields when the user leaves them; OK checks nothing. What surrounds a fill for its owner (who may start it, the
+// its fields when the user leaves them; OK checks nothing, but does not run where pressing it left a field that was
+// refused. What surrounds a fill for its owner (who may start it, the
 // flags of a changed table) is the business of whoever answers FillRequested.
 #pragma once
 
@@ -34,10 +35,10 @@ public:
     // Channels 1 to 255, unchecked.
     void setChannels(int first, int last);
 
-    // OK was pressed. Who answers it calls fill().
+    // OK was pressed and may run. Who answers it calls fill().
     base::Event<> FillRequested;
     // Takes the backup, fills the channels, renders their rows again and hides the form. A statement that fails is
-    // skipped; without a backup nothing is begun and the form stays. Answers whether anything was written.
+    // skipped; the backup and the rendering tell their own failures. Answers whether anything was written.
     bool fill();
 
     ui::Label start_chan_lab{"start_chan_lab"};
@@ -67,6 +68,7 @@ private:
     void step_val_GotFocus();
     void step_val_KeyPress(ui::KeyPressEvent& event);
     void step_val_LostFocus();
+    void ok_but_Pressing();
     void ok_but_Click();
     void cancel_but_Click();
 
@@ -74,6 +76,7 @@ private:
     void arrange();
     void wire();
 
+    void enter(ui::TextBox& box);
     [[nodiscard]] bool accepts(int code) const;
     void filterKey(ui::KeyPressEvent& event) const;
     void filterNumberKey(ui::KeyPressEvent& event) const;
@@ -81,7 +84,8 @@ private:
     [[nodiscard]] std::int16_t channelIn(const ui::TextBox& box) const;
     // Hertz, rounded half to even; 0 where the text is no number or the value does not fit.
     [[nodiscard]] std::int32_t hertzIn(const ui::TextBox& box, double unit) const;
-    void tell(const std::string& text);
+    // Tells why and sets the field to "0".
+    void refuse(ui::TextBox& box, const std::string& reason);
 
     [[nodiscard]] bool fillChannels(int first, int last);
     [[nodiscard]] bool renderChannels(int first, int last);
@@ -89,6 +93,8 @@ private:
     const GridSurroundings& surroundings_;
     UndoHistory& history_;
     model::DataStorePointer store_;
+    ui::TextBox* field_ = nullptr;  // has the focus
+    bool fieldRefused_ = false;     // since OK began to be pressed
 };
 
 }  // namespace telvar::editing

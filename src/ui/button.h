@@ -11,11 +11,17 @@ class Button : public Widget {
 public:
     using Widget::Widget;
 
-    // The user's press: a disabled or hidden button cannot be pressed.
-    void userPress() {
-        if (isUsable() && isShown()) {
+    // The user's press: a disabled or hidden button cannot be pressed. `focusMoved` tells the widgets about the focus
+    // that the press moved, and answers whether the button is still there.
+    template <class FocusMoved>
+    void userPress(FocusMoved&& focusMoved) {
+        Pressing();
+        if (focusMoved() && isUsable() && isShown()) {
             Click();
         }
+    }
+    void userPress() {
+        userPress([] { return true; });
     }
 
     // Pressed by Enter, or by Esc, wherever the focus is on its form.
@@ -29,6 +35,8 @@ public:
         return {std::max(metrics.captionWidth(caption()) + 2 * metrics.gap(), narrowest), metrics.buttonHeight()};
     }
 
+    // A press begins; nobody was told yet that the focus moved. What is told from here to Click belongs to the press.
+    base::Event<> Pressing;
     base::Event<> Click;
 
 private:

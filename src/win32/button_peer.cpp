@@ -62,8 +62,8 @@ private:
     }
 
     void press() {
-        if (settled()) {
-            button()->userPress();
+        if (button() != nullptr) {
+            button()->userPress([this] { return settled(); });
         }
     }
 };

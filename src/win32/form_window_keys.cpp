@@ -98,10 +98,10 @@ bool FormWindow::press(ui::Button* button) {
     const auto stillThere = [this, button] {
         return std::ranges::any_of(peers(), [button](const PeerPointer& peer) { return peer->widget() == button; });
     };
-    settleFocus();
-    if (stillThere()) {
-        button->userPress();
-    }
+    button->userPress([&] {
+        settleFocus();
+        return stillThere();
+    });
     return true;
 }
 

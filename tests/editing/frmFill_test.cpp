@@ -355,6 +355,113 @@ TEST_F(FillDialog, OkAsksItsOwnerAndCancelOnlyHides) {
     EXPECT_EQ(tableText(*backup), tableText(empty));
 }
 
+// -- OK from inside a field ------------------------------------------------------------------------------------------
+
+class FillFromAField : public FillDialog {
+protected:
+    FillFromAField() {
+        form.FillRequested.connect([this] { ++asked; });
+        choose("1", "3", "450", "12.5");
+    }
+    // The press takes the focus out of the field, as a click does.
+    void clickOkFrom(ui::TextBox& box) {
+        form.ok_but.userPress([&] {
+            box.LostFocus();
+            return true;
+        });
+    }
+    // The focus is in the field and stays there.
+    void enterIn(ui::TextBox& box, const std::string& text) {
+        box.GotFocus();
+        box.setText(text);
+        form.ok_but.userPress();
+    }
+    const ui::MessageBox badStep{
+        .text = "Invalid step value.  Please re-enter value.", .title = "Bench 3", .icon = ui::Icon::Exclamation};
+    int asked = 0;
+};
+
+TEST_F(FillFromAField, AClickThatLeavesARefusedFieldDoesNotRunAndTheNextOneDoes) {
+    for (auto* const box : {&form.start_freq_val, &form.step_val}) {
+        asked = 0;
+        box->setText("abc");
+        desktop.duringBox = [&](const ui::MessageBox&) { EXPECT_EQ(asked, 0); };
+        clickOkFrom(*box);
+        EXPECT_EQ(boxes().size(), 1U);
+        EXPECT_EQ(box->text(), "0");
+        EXPECT_EQ(asked, 0);
+        form.ok_but.userPress();
+        EXPECT_EQ(asked, 1);
+        EXPECT_EQ(boxes(), Boxes{});
+    }
+}
+
+TEST_F(FillFromAField, AClickThatLeavesAnAcceptedFieldRuns) {
+    for (auto* const box : boxes4()) {
+        asked = 0;
+        clickOkFrom(*box);
+        EXPECT_EQ(asked, 1) << box->name();
+    }
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(FillFromAField, AFieldThatWasRefusedBeforeDoesNotStopAClick) {
+    type(form.step_val, "abc");
+    EXPECT_EQ(boxes(), (Boxes{badStep}));
+    form.ok_but.userPress();
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FillFromAField, EnterInARefusedFieldDoesNotRunAndTheNextOneDoes) {
+    enterIn(form.step_val, "abc");
+    EXPECT_EQ(boxes(), (Boxes{badStep}));
+    EXPECT_EQ(form.step_val.text(), "0");
+    EXPECT_EQ(asked, 0);
+    // Wrong once more, in the field that still has the focus.
+    form.step_val.setText("xyz");
+    form.ok_but.userPress();
+    EXPECT_EQ(boxes(), (Boxes{badStep}));
+    EXPECT_EQ(asked, 0);
+    form.ok_but.userPress();
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FillFromAField, EnterAppliesTheRuleOfTheFieldThatHasTheFocus) {
+    enterIn(form.end_chan_val, "1");
+    EXPECT_EQ(channels(), (Channels{"1", "2"}));
+    EXPECT_EQ(asked, 1);
+    form.end_chan_val.LostFocus();
+    enterIn(form.start_chan_val, "300");
+    EXPECT_EQ(channels(), (Channels{"254", "255"}));
+    EXPECT_EQ(asked, 2);
+    form.start_chan_val.LostFocus();
+    enterIn(form.start_freq_val, "1e3");
+    EXPECT_EQ(form.start_freq_val.text(), "1000");
+    EXPECT_EQ(asked, 3);
+}
+
+TEST_F(FillFromAField, NoRuleIsAppliedToAFieldThatWasLeft) {
+    form.step_val.GotFocus();
+    form.step_val.LostFocus();
+    form.step_val.setText("abc");
+    form.ok_but.userPress();
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FillFromAField, CancelIsNotHeldUpByARefusedField) {
+    desktop.showModeless(form);
+    form.step_val.setText("abc");
+    form.cancel_but.userPress([&] {
+        form.step_val.LostFocus();
+        return true;
+    });
+    EXPECT_FALSE(desktop.isOpen(form));
+}
+
+// -- the fill --------------------------------------------------------------------------------------------------------
+
 TEST_F(FillDialog, ASeriesGrowsByItsStepInWholeHertz) {
     choose("1", "255", "450", "12.5");
     desktop.showModeless(form);
@@ -491,16 +598,17 @@ TEST_F(FillDialog, AsksTheStoreForNothingElse) {
         (std::vector<std::string>{"ChannelTable(6).TxFreq=", "ChannelTable(7).TxFreq=", "ChannelTable(8).TxFreq="}));
 }
 
-TEST_F(FillDialog, WithoutABackupNothingIsBegun) {
+TEST_F(FillDialog, GoesOnWithoutABackup) {
     history.setTables(nullptr, nullptr);
-    const auto before = tableText(*table);
     choose("1", "3", "450", "0");
     desktop.showModeless(form);
-    EXPECT_FALSE(form.fill());
-    EXPECT_EQ(tableText(*table), before);
+    EXPECT_TRUE(form.fill());
     EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory")}));
-    EXPECT_TRUE(desktop.isOpen(form));
-    desktop.hide(form);
+    EXPECT_EQ(tx(3), (base::Value{std::int32_t{450'000'000}}));
+    EXPECT_EQ(grid.text(3, 1), "450.000000");
+    EXPECT_FALSE(desktop.isOpen(form));
+    EXPECT_FALSE(undo.enabled());
+    EXPECT_FALSE(redo.enabled());
 }
 
 TEST_F(FillDialog, ARefusedStoreIsSkippedAndTheLoopGoesOn) {
