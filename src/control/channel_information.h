@@ -165,8 +165,8 @@ public:
     // The level of the last UpdateAccess, 0 before the first.
     [[nodiscard]] std::int16_t accessLevel() const noexcept { return accessLevel_; }
     // The backup tables; null once the control is closed.
-    [[nodiscard]] const model::DataStorePointer& undoTable() const noexcept { return history_.backupTable(); }
-    [[nodiscard]] const model::DataStorePointer& redoTable() const noexcept { return history_.redoTable(); }
+    [[nodiscard]] model::DataStorePointer undoTable() const noexcept { return history_.backupTable(); }
+    [[nodiscard]] model::DataStorePointer redoTable() const noexcept { return history_.redoTable(); }
 
 private:
     // Thrown after an event or a pump in which the control was closed; no std::exception, so that no trap tells it.
@@ -232,10 +232,11 @@ private:
     // Both tell the user: the data is locked; that, or a load that is under way would overwrite the change.
     [[nodiscard]] bool dataLocked();
     [[nodiscard]] bool changesRefused();
-    // The frame around every edit of the table; `edit` answers whether anything was written.
-    void changeTable(const std::function<bool()>& edit);
+    // The frame around every edit of the table; `edit` answers whether anything was written, `mark` sets the flags of a
+    // changed table.
+    void changeTable(const std::function<bool()>& edit, const std::function<void()>& mark);
     [[nodiscard]] bool editTable(GridCommand command);
-    void markTableChanged();
+    void markTableFilled();
     static void markChanged(const model::DataStorePointer& table);
     void startFill(void (editing::frmFill::*offer)());
     void takeSelectedRows(editing::frmFill& form) const;

@@ -61,15 +61,25 @@ void ChannelInformation::showFill() {
     desktop_.showModal(frmFill());
 }
 
+// Every statement passes over its failure: what the backup and the rendering of the rows cannot do they tell
+// themselves, and nothing else is told.
 void ChannelInformation::frmFill_FillRequested() {
     if (editing_) {
         return;
     }
     routine("ok_but_Click", [&] {
-        if (!changesRefused()) {
-            changeTable([this] { return frmFill().fill(); });
+        bool refused = false;
+        ui::resumed([&] { refused = changesRefused(); });
+        if (!refused) {
+            ui::resumed([&] { changeTable([this] { return frmFill().fill(); }, [this] { markTableFilled(); }); });
         }
     });
+}
+
+void ChannelInformation::markTableFilled() {
+    for (const auto flag : {model::StoreMember::DataModified, model::StoreMember::ChannelDataModified}) {
+        ui::resumed([&] { store()->put(flag, true); });
+    }
 }
 
 }  // namespace telvar::control

@@ -70,7 +70,7 @@ void ChannelInformation::run(GridCommand command) {
         if (command == GridCommand::Copy) {
             clipboardEditing_.CopySelection();
         } else if (!changesRefused()) {
-            changeTable([&] { return editTable(command); });
+            changeTable([&] { return editTable(command); }, [this] { markChanged(store()); });
         }
     });
 }
@@ -98,7 +98,7 @@ bool ChannelInformation::changesRefused() {
     return loading_;
 }
 
-void ChannelInformation::changeTable(const std::function<bool()>& edit) {
+void ChannelInformation::changeTable(const std::function<bool()>& edit, const std::function<void()>& mark) {
     const Raised editing(editing_);
     // Rendering a row makes it current; the next command has to land where the user was.
     const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
@@ -108,7 +108,7 @@ void ChannelInformation::changeTable(const std::function<bool()>& edit) {
     endIfClosed();
     ui::resumed([&] { fgdDatabase.select(current, end); });
     if (changed) {
-        markTableChanged();
+        mark();
         if (before != valuesInEditForm()) {
             showRowInEditForm();
         }
@@ -131,8 +131,6 @@ bool ChannelInformation::editTable(GridCommand command) {
     }
     return false;
 }
-
-void ChannelInformation::markTableChanged() { markChanged(store()); }
 
 void ChannelInformation::markChanged(const model::DataStorePointer& table) {
     table->put(StoreMember::DataModified, true);

@@ -85,10 +85,8 @@ bool ClipboardEditing::PasteToCells() {
     trapped(surroundings_, "PasteToCells", [&] {
         // Taken first: every re-rendered row moves the grid's current cell.
         const auto where = target();
-        // A paste that could not be taken back is not begun.
-        if (!history_.UpdateBackUpFrequencyMemory()) {
-            return;
-        }
+        history_.UpdateBackUpFrequencyMemory();
+        surroundings_.stayOpen();
         const auto text = withUnifiedBreaks(surroundings_.desktop.clipboardText().value_or(""));
         const bool oneLine = text.find(rowSeparator) == std::string::npos;
         Parts lines(text, rowSeparator);
@@ -113,7 +111,9 @@ bool ClipboardEditing::DeleteSelectedCells() {
                                         .buttons = ui::Buttons::YesNo});
         surroundings_.stayOpen();
         const auto rows = recordExtent();
-        if (answer == ui::Answer::Yes && history_.UpdateBackUpFrequencyMemory()) {
+        if (answer == ui::Answer::Yes) {
+            history_.UpdateBackUpFrequencyMemory();
+            surroundings_.stayOpen();
             disableChannels(rows, wrote);
         }
         surroundings_.stayOpen();
@@ -170,7 +170,7 @@ ClipboardEditing::CellOutcome ClipboardEditing::pasteCell(std::string_view text,
         surroundings_.stayOpen();
         surroundings_.desktop.show({.text = "Error during pasting data. " + error + ". Unable to continue."});
         surroundings_.stayOpen();
-        // Behind the box the host may have replaced the table, which the backup is not of.
+        // There may be no whole backup, or it may be of another table: the host may have replaced it behind the box.
         if (history_.undoAvailable()) {
             history_.UndoChanges();
         }

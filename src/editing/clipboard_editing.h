@@ -23,7 +23,8 @@ public:
         : surroundings_(surroundings), history_(history) {}
 
     void CopySelection();
-    // Answers whether it wrote anything, a refused and rolled-back paste included.
+    // Answers whether it wrote anything, a refused and rolled-back paste included. A refused one whose backup failed
+    // stays as far as it got.
     bool PasteToCells();
     // Answers whether it wrote anything.
     bool DeleteSelectedCells();

@@ -1,28 +1,47 @@
 #include "editing/undo.h"
 
+#include <exception>
+#include <utility>
+
 #include "base/failure.h"
-#include "editing/table_copy.h"
 #include "ui/redraw_off.h"
 
 namespace telvar::editing {
 
 namespace {
 
-// Shared for as long as it is copied: a foreign store may end the control inside any call.
-[[nodiscard]] model::DataStorePointer present(const model::DataStorePointer& table) {
-    if (!table) {
+using TableCopyPointer = std::shared_ptr<TableCopy>;
+
+[[nodiscard]] TableCopyPointer copyIn(model::DataStorePointer table) {
+    return table ? std::make_shared<TableCopy>(std::move(table)) : nullptr;
+}
+
+[[nodiscard]] TableCopyPointer present(const TableCopyPointer& copy) {
+    if (!copy) {
         throw base::Failure("There is no table to go back to");
     }
-    return table;
+    return copy;
 }
 
 }  // namespace
 
-bool UndoHistory::UpdateBackUpFrequencyMemory() {
-    return trapped(surroundings_, "UpdateBackUpFrequencyMemory", [&] {
+// The former ones are let go when nothing points to them any more: what a table does in its end may come back here.
+void UndoHistory::setTables(model::DataStorePointer backup, model::DataStorePointer redo) {
+    const auto formerBackup = std::exchange(backup_, copyIn(std::move(backup)));
+    const auto formerRedone = std::exchange(redone_, copyIn(std::move(redo)));
+}
+
+void UndoHistory::UpdateBackUpFrequencyMemory() {
+    trapped(surroundings_, "UpdateBackUpFrequencyMemory", [&] {
         undo_.setEnabled(true);
-        const auto backup = present(backupTable_);
-        copyTable(*surroundings_.store(), *backup);
+        try {
+            const auto backup = present(backup_);
+            backup->takeFrom(*surroundings_.store());
+        } catch (const std::exception&) {
+            // Going back would mix two states of the table, and redo would put one back that is older than this edit.
+            forget();
+            throw;
+        }
     });
 }
 
@@ -32,11 +51,11 @@ bool UndoHistory::UndoChanges() {
         undo_.setEnabled(false);
         redo_.setEnabled(true);
         const auto live = surroundings_.store();
-        const auto backup = present(backupTable_);
-        const auto redo = present(redoTable_);
-        copyTable(*live, *redo);
+        const auto backup = present(backup_);
+        const auto redone = present(redone_);
+        redone->takeFrom(*live);
         wrote = true;
-        copyTable(*backup, *live);
+        backup->giveTo(*live);
         UpdateAllRowData();
     });
     return wrote;
@@ -49,9 +68,9 @@ bool UndoHistory::RedoChanges() {
         redo_.setEnabled(false);
         undo_.setEnabled(true);
         const auto live = surroundings_.store();
-        const auto redo = present(redoTable_);
+        const auto redone = present(redone_);
         wrote = true;
-        copyTable(*redo, *live);
+        redone->giveTo(*live);
         UpdateAllRowData();
     });
     return wrote;

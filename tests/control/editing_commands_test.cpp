@@ -351,8 +351,9 @@ TEST_F(EditingCommands, WithoutAStoreTellThatTheyFailed) {
     EXPECT_EQ(boxes(), Boxes{});
     paste("145.5");
     remove();
-    EXPECT_EQ(boxes(),
-              (Boxes{errorIn("UpdateBackUpFrequencyMemory"), question, errorIn("UpdateBackUpFrequencyMemory")}));
+    EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory"), errorIn("PasteToCells"), question,
+                              errorIn("UpdateBackUpFrequencyMemory"), errorIn("DeleteSelectedCells")}));
+    control->frmCE.mnuPopUpMenuUndo.setEnabled(true);
     control->run(GridCommand::Undo);
     EXPECT_EQ(boxes(), (Boxes{errorIn("UndoChanges")}));
 }

@@ -296,11 +296,12 @@ TEST_F(Paste, FromAClipboardThatCannotBeOpenedIsTold) {
     EXPECT_TRUE(undo.enabled());
 }
 
-TEST_F(Paste, WithoutAStoreIsNotBegun) {
+TEST_F(Paste, WithoutAStoreHasNeitherBackupNorCell) {
     store = nullptr;
     EXPECT_FALSE(pasteAt({7, 1}, "145"));
-    EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory")}));
+    EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory"), errorIn("PasteToCells")}));
     EXPECT_EQ(now(), before);
+    EXPECT_FALSE(undo.enabled());
 }
 
 constexpr std::size_t tenMegabytes = 10U << 20U;
@@ -418,11 +419,12 @@ TEST_F(Delete, OfTheHeaderRowIsTold) {
     EXPECT_EQ(now(), before);
 }
 
-TEST_F(Delete, WithoutAStoreIsNotBegun) {
+TEST_F(Delete, WithoutAStoreHasNeitherBackupNorChannel) {
     store = nullptr;
     EXPECT_FALSE(answered(ui::Answer::Yes));
-    EXPECT_EQ(boxes(), (Boxes{question, errorIn("UpdateBackUpFrequencyMemory")}));
-    EXPECT_EQ(focused, 1);
+    EXPECT_EQ(boxes(), (Boxes{question, errorIn("UpdateBackUpFrequencyMemory"), errorIn("DeleteSelectedCells")}));
+    EXPECT_EQ(now(), before);
+    EXPECT_FALSE(undo.enabled());
 }
 
 TEST_F(Delete, EndsWhereTheControlIsClosedBehindTheQuestion) {

@@ -2,8 +2,12 @@
 #include "editing/undo.h"
 
 #include <array>
+#include <cmath>
+#include <limits>
+#include <map>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "editing/table_copy.h"
@@ -50,9 +54,16 @@ TEST(TableCopy, TakesTwentyEightKeysOfEveryChannelInOrder) {
     const auto source = fullStore();
     model::MemoryDataStore destination;
     RecordingStore from(*source);
+    const auto between = std::make_shared<model::MemoryDataStore>();
+    const auto privateTable = std::make_shared<RecordingStore>(*between);
     RecordingStore to(destination);
-    editing::copyTable(from, to);
+    editing::TableCopy copy(privateTable);
+    copy.takeFrom(from);
     EXPECT_EQ(from.calls(), reads);
+    EXPECT_EQ(privateTable->calls(), writes);
+    privateTable->forget();
+    copy.giveTo(to);
+    EXPECT_EQ(privateTable->calls(), reads);
     EXPECT_EQ(to.calls(), writes);
     for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
         for (const auto& info : model::channelKeys) {
@@ -64,12 +75,79 @@ TEST(TableCopy, TakesTwentyEightKeysOfEveryChannelInOrder) {
     }
 }
 
+// A store of somebody else's making, which keeps whatever is written.
+class AnyValueStore : public model::MemoryDataStore {
+public:
+    [[nodiscard]] base::Value readChannel(std::int16_t index, ChannelKey key) override {
+        const auto found = kept_.find({index, key});
+        return found != kept_.end() ? found->second : MemoryDataStore::readChannel(index, key);
+    }
+    void writeChannel(std::int16_t index, ChannelKey key, const base::Value& value) override {
+        kept_.insert_or_assign({index, key}, value);
+    }
+
+private:
+    std::map<std::pair<std::int16_t, ChannelKey>, base::Value> kept_;
+};
+
+const std::vector<base::Value> valuesOfAllKinds{base::Unusable{},
+                                                base::Empty{},
+                                                true,
+                                                std::int16_t{1},
+                                                std::int16_t{-1},
+                                                std::int32_t{7},
+                                                std::int64_t{9'000'000'000},
+                                                1.5F,
+                                                2.25,
+                                                std::numeric_limits<double>::quiet_NaN(),
+                                                base::textValue(""),
+                                                base::textValue("12"),
+                                                base::textValue("nonsense")};
+
+// Equal in type and value, "not a number" included.
+[[nodiscard]] bool same(const base::Value& one, const base::Value& other) {
+    const auto* number = std::get_if<double>(&one);
+    const auto* second = std::get_if<double>(&other);
+    return one == other || (number != nullptr && second != nullptr && std::isnan(*number) && std::isnan(*second));
+}
+
+TEST(TableCopy, GivesBackValuesOfEveryKindAsTheyWere) {
+    for (const auto& value : valuesOfAllKinds) {
+        AnyValueStore live;
+        editing::TableCopy copy(std::make_shared<model::MemoryDataStore>());
+        for (const auto key : editing::copiedKeys) {
+            live.writeChannel(254, key, value);
+        }
+        copy.takeFrom(live);
+        for (const auto key : editing::copiedKeys) {
+            live.writeChannel(254, key, std::int32_t{3});
+        }
+        copy.giveTo(live);
+        for (const auto key : editing::copiedKeys) {
+            EXPECT_TRUE(same(live.readChannel(254, key), value)) << value.index() << model::infoOf(key).name;
+        }
+    }
+}
+
+TEST(TableCopy, TakenAgainForgetsWhatWasBefore) {
+    AnyValueStore live;
+    editing::TableCopy copy(std::make_shared<model::MemoryDataStore>());
+    live.writeChannel(7, ChannelKey::TxFreq, base::Unusable{});
+    copy.takeFrom(live);
+    live.writeChannel(7, ChannelKey::TxFreq, std::int32_t{145'000'000});
+    copy.takeFrom(live);
+    live.writeChannel(7, ChannelKey::TxFreq, std::int32_t{0});
+    copy.giveTo(live);
+    EXPECT_EQ(live.readChannel(7, ChannelKey::TxFreq), base::Value{std::int32_t{145'000'000}});
+}
+
 // -- menu items and tables -------------------------------------------------------------------------------------------
 
 TEST_F(UndoHistory, ABackupMakesUndoAvailable) {
-    EXPECT_TRUE(history.UpdateBackUpFrequencyMemory());
+    history.UpdateBackUpFrequencyMemory();
     EXPECT_TRUE(undo.enabled());
     EXPECT_FALSE(redo.enabled());
+    EXPECT_EQ(boxes(), Boxes{});
     EXPECT_EQ(base::toDouble(backup->channel(2).get(ChannelKey::TxFreq)), transmits(2));
     EXPECT_EQ(rendered, std::vector<std::int16_t>{});
 }
@@ -167,18 +245,120 @@ TEST_F(UndoHistory, TheRoutinesDoNotLookAtTheItems) {
 
 TEST_F(UndoHistory, WithoutTablesOrStoreItIsTold) {
     history.setTables(nullptr, nullptr);
-    EXPECT_FALSE(history.UpdateBackUpFrequencyMemory());
+    history.UpdateBackUpFrequencyMemory();
     EXPECT_FALSE(history.UndoChanges());
     EXPECT_FALSE(history.RedoChanges());
     EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory"), errorIn("UndoChanges"), errorIn("RedoChanges")}));
     history.setTables(backup, redone);
     store = nullptr;
-    EXPECT_FALSE(history.UpdateBackUpFrequencyMemory());
+    history.UpdateBackUpFrequencyMemory();
     EXPECT_FALSE(history.UndoChanges());
     EXPECT_FALSE(history.RedoChanges());
     EXPECT_FALSE(history.UpdateAllRowData());
     EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory"), errorIn("UndoChanges"), errorIn("RedoChanges"),
                               errorIn("UpdateAllRowData")}));
+}
+
+class FailedBackup : public UndoHistory {
+protected:
+    // The backup fails at that call; everything later succeeds.
+    void failBackupAt(int call) {
+        failing->failAt(call);
+        store = failing;
+    }
+    [[nodiscard]] static constexpr int middle() { return 2 * 28 + 1; }
+    std::shared_ptr<FailingStore> failing = std::make_shared<FailingStore>(*table);
+};
+
+TEST_F(FailedBackup, LeavesUndoAndRedoDisabledBehindItsOwnBoxAndAfterwards) {
+    for (const int call : {1, middle(), valuesOfATable}) {
+        undo.setEnabled(true);
+        redo.setEnabled(true);
+        bool seen = false;
+        desktop.duringBox = [&](const ui::MessageBox&) { seen = !undo.enabled() && !redo.enabled(); };
+        failBackupAt(call);
+        history.UpdateBackUpFrequencyMemory();
+        EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory")}));
+        EXPECT_TRUE(seen);
+        EXPECT_FALSE(undo.enabled());
+        EXPECT_FALSE(redo.enabled());
+    }
+}
+
+TEST_F(FailedBackup, LetsThePasteGoOn) {
+    failBackupAt(middle());
+    EXPECT_TRUE(pasteAt({2, 1}, "145.5\t146.5"));
+    EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory")}));
+    EXPECT_EQ(transmits(2), 145.5 * megahertz);
+    EXPECT_EQ(at(2, ChannelKey::RxFreq), base::Value{146.5 * megahertz});
+    EXPECT_FALSE(undo.enabled());
+}
+
+TEST_F(FailedBackup, LetsTheDeleteGoOn) {
+    failBackupAt(middle());
+    grid.setCurrent({2, 1});
+    desktop.answerWith(ui::Answer::Yes);
+    EXPECT_TRUE(commands.DeleteSelectedCells());
+    EXPECT_EQ(boxes().back(), errorIn("UpdateBackUpFrequencyMemory"));
+    EXPECT_EQ(transmits(2), 0.0);
+    EXPECT_EQ(base::toDouble(at(2, ChannelKey::RxFreq)), 0.0);
+    EXPECT_FALSE(undo.enabled());
+}
+
+// The backup table holds two channels of now and the others of an earlier edit: no state that the table ever had.
+TEST_F(FailedBackup, IsNeverPutBackByARefusedPaste) {
+    pasteAt({3, 1}, "150.5");
+    table->channel(3).put(ChannelKey::TxFreq, 160'000'000);
+    failBackupAt(middle());
+    EXPECT_TRUE(pasteAt({2, 1}, "145.5\tnonsense"));
+    EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory"),
+                              {.text = "Error during pasting data. Error in validating channel frequency (Type "
+                                       "mismatch) RX Freq. Unable to continue."}}));
+    EXPECT_EQ(transmits(3), 160 * megahertz);
+    EXPECT_EQ(transmits(2), 145.5 * megahertz);
+    EXPECT_FALSE(undo.enabled());
+    EXPECT_FALSE(redo.enabled());
+}
+
+TEST_F(FailedBackup, IsForgottenByTheNextWholeOne) {
+    failBackupAt(middle());
+    pasteAt({2, 1}, "145.5");
+    const auto first = now();
+    pasteAt({3, 1}, "150.5");
+    EXPECT_TRUE(undo.enabled());
+    history.UndoChanges();
+    EXPECT_EQ(now(), first);
+}
+
+TEST_F(FailedBackup, BehindWhoseBoxTheControlIsClosedEndsTheEdit) {
+    const auto before = now();
+    desktop.duringBox = [this](const ui::MessageBox& box) { closed = box.buttons == ui::Buttons::Ok; };
+    failBackupAt(middle());
+    EXPECT_THROW(pasteAt({2, 1}, "145.5"), Closed);
+    closed = false;
+    failBackupAt(middle());
+    desktop.answerWith(ui::Answer::Yes);
+    EXPECT_THROW(commands.DeleteSelectedCells(), Closed);
+    EXPECT_EQ(now(), before);
+}
+
+TEST_F(UndoHistory, AStoreOfNullsAndEmptyValuesIsEditedAndComesBackAsItWas) {
+    const auto foreign = std::make_shared<AnyValueStore>();
+    foreign->writeChannel(8, ChannelKey::TxFreq, base::Unusable{});
+    foreign->writeChannel(8, ChannelKey::scan, base::Empty{});
+    foreign->writeChannel(1, ChannelKey::TxFreq, base::Empty{});
+    foreign->writeChannel(1, ChannelKey::scan, std::int16_t{1});
+    store = foreign;
+    EXPECT_TRUE(pasteAt({2, 1}, "145.5\t146.5\tDisabled\tDisabled\tDuplex\tNo"));
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_TRUE(undo.enabled());
+    // The row of the Null cannot be shown.
+    history.UndoChanges();
+    EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateAllRowData")}));
+    EXPECT_EQ(foreign->readChannel(8, ChannelKey::TxFreq), base::Value{base::Unusable{}});
+    EXPECT_EQ(foreign->readChannel(8, ChannelKey::scan), base::Value{base::Empty{}});
+    EXPECT_EQ(foreign->readChannel(1, ChannelKey::TxFreq), base::Value{base::Empty{}});
+    EXPECT_EQ(foreign->readChannel(1, ChannelKey::scan), base::Value{std::int16_t{1}});
 }
 
 // A store in whose calls something else happens.
@@ -267,12 +447,12 @@ TEST_F(FailingHistory, APasteStopsWhereTheStoreFails) {
         EXPECT_EQ(boxes(), (Boxes{errorIn(backingUp ? "UpdateBackUpFrequencyMemory"
                                           : storing ? "PasteToCells"
                                                     : "UpdateRowData")}));
-        EXPECT_EQ(wrote, !backingUp);
-        const bool first = !backingUp && name != "ChannelTable(1).TxFreq=";
+        EXPECT_TRUE(wrote);
+        const bool first = name != "ChannelTable(1).TxFreq=";
         const bool second = first && name != "ChannelTable(1).RxFreq=";
         EXPECT_EQ(transmits(2), first ? 145.5 * megahertz : original);
         EXPECT_EQ(base::toDouble(at(2, ChannelKey::RxFreq)), second ? 146.5 * megahertz : original);
-        EXPECT_TRUE(undo.enabled());
+        EXPECT_EQ(undo.enabled(), !backingUp);
         EXPECT_TRUE(grid.redraw());
     }
 }
@@ -302,10 +482,9 @@ TEST_F(FailingHistory, ADeleteStopsWhereTheStoreFails) {
         EXPECT_EQ(told.back(), errorIn(backingUp ? "UpdateBackUpFrequencyMemory"
                                        : storing ? "DeleteSelectedCells"
                                                  : "UpdateRowData"));
-        EXPECT_EQ(wrote, !backingUp);
-        const bool first = !backingUp && name != "ChannelTable(1).TxFreq=";
-        EXPECT_EQ(transmits(2), first ? 0.0 : 145 * megahertz);
-        EXPECT_TRUE(undo.enabled());
+        EXPECT_TRUE(wrote);
+        EXPECT_EQ(transmits(2), name != "ChannelTable(1).TxFreq=" ? 0.0 : 145 * megahertz);
+        EXPECT_EQ(undo.enabled(), !backingUp);
     }
 }
 
