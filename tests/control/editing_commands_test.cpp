@@ -242,6 +242,12 @@ TEST_F(ClearingKeys, AreAllButThoseThatMoveOrAccompanyOthers) {
     EXPECT_EQ(boxes(), Boxes{});
 }
 
+// Copying refreshes the grid once; clearing the extent would do it again.
+TEST_F(ClearingKeys, AreNeitherControlCNorControlV) {
+    EXPECT_EQ(repaintsOf(ui::key::c, ui::shift::control), 1);
+    EXPECT_EQ(repaintsOf(ui::key::v, ui::shift::control), 0);
+}
+
 TEST_F(ClearingKeys, LeaveTheGridsSelectionAlone) {
     select({2, 1}, {4, 3});
     keyDown(ui::key::escape);
@@ -356,6 +362,33 @@ TEST_F(EditingCommands, WithoutAStoreTellThatTheyFailed) {
     control->frmCE.mnuPopUpMenuUndo.setEnabled(true);
     control->run(GridCommand::Undo);
     EXPECT_EQ(boxes(), (Boxes{errorIn("UndoChanges")}));
+}
+
+// -- lock modes ------------------------------------------------------------------------------------------------------
+
+// A lock mode marks columns for the form and for the eye; a paste stores into all of them.
+TEST_F(EditingCommands, APasteStoresIntoEveryColumnUnderEveryLockMode) {
+    const Log pasted{"145.500000", "146.500000", "67.0 Hz", "023", "Simplex", "No",   "Narrow", "P25 Digital", "10",
+                     "20",         "30",         "40",      "50",  "60",      "70",   "3",      "12.5",        "80",
+                     "8",          "6.25",       "90",      "5",   "No",      "1A2B", "0293",   "FFFF"};
+    // Shown inverted.
+    Log shown = pasted;
+    shown.at(9) = "235";
+    shown.at(12) = "205";
+    std::string line;
+    for (const auto& cell : pasted) {
+        line += (line.empty() ? "" : "\t") + cell;
+    }
+    for (std::size_t mode = 0; mode < control->optLockMode.size(); ++mode) {
+        control->optLockMode.at(mode).userClick();
+        select({2, 1}, {2, 1});
+        paste(line);
+        auto cells = row(2);
+        cells.erase(cells.begin());
+        EXPECT_EQ(cells, shown) << mode;
+        EXPECT_EQ(boxes(), Boxes{});
+        control->run(GridCommand::Undo);
+    }
 }
 
 // -- the locked table ------------------------------------------------------------------------------------------------

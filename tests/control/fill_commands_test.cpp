@@ -313,6 +313,24 @@ TEST_F(FillCommands, AnEmptyRunIsNoChange) {
     EXPECT_EQ(now(), before);
 }
 
+TEST_F(FillCommands, FillsBothFrequenciesUnderEveryLockMode) {
+    for (std::size_t mode = 0; mode < control->optLockMode.size(); ++mode) {
+        control->optLockMode.at(mode).userClick();
+        for (std::size_t module = 0; module < 2; ++module) {
+            const auto key = module == 0 ? ChannelKey::TxFreq : ChannelKey::RxFreq;
+            store->clear();
+            inDialog([&] {
+                enter("2", "3", "450", "1000");
+                form().module_sel.at(module).userClick();
+                form().ok_but.userPress();
+            });
+            control->ChannelFillSeries();
+            EXPECT_EQ(base::toInt32(store->channel(3).get(key)), 451'000'000) << mode;
+        }
+    }
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
 // -- meanwhile -------------------------------------------------------------------------------------------------------
 
 TEST_F(FillCommands, TheHostMayPasteWhileTheDialogIsOpen) {

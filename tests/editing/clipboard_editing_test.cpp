@@ -50,6 +50,39 @@ TEST(ClipboardText, HasOneKindOfLineBreak) {
     EXPECT_EQ(withUnifiedBreaks(""), "");
 }
 
+// Notes what the grid is asked to do on the screen, and what the clipboard held at that moment.
+class NotingPeer : public ui::GridPeer {
+public:
+    explicit NotingPeer(const TestDesktop& desktop) noexcept : desktop_(desktop) {}
+    void show(ui::Aspect changed) noexcept override {
+        if (changed == ui::Aspect::Everything) {
+            note("refresh");
+        }
+    }
+    void takeFocus() noexcept override { note("focus"); }
+    void widgetEnds() noexcept override {}
+    void cellsChanged(const ui::CellRange& /*cells*/) noexcept override {}
+    void layoutChanged() noexcept override {}
+    void highlightChanged() noexcept override {}
+    std::vector<std::string> notes;
+
+private:
+    void note(const std::string& what) { notes.push_back(what + desktop_.clipboard.value_or("")); }
+    const TestDesktop& desktop_;
+};
+
+// A grid that is on the screen.
+template <class World>
+class Shown : public World {
+protected:
+    Shown() {
+        this->grid.attach(peer);
+        peer.notes.clear();
+    }
+    ~Shown() override { this->grid.detach(); }
+    NotingPeer peer{this->desktop};
+};
+
 // -- copy ------------------------------------------------------------------------------------------------------------
 
 class Copy : public ClipboardEditing {
@@ -71,6 +104,15 @@ TEST_F(Copy, JoinsCellsByTabsAndRowsByACarriageReturn) {
     EXPECT_EQ(desktop.clipboard, "a\tb\tc\rd\t\tf");
     EXPECT_EQ(commands.extentRows(), 2);
     expectUntouched();
+}
+
+using CopyOnScreen = Shown<Copy>;
+
+TEST_F(CopyOnScreen, RefreshesTheGridBeforeItFillsTheClipboard) {
+    grid.setCurrent({6, 4});
+    commands.CopySelection();
+    EXPECT_EQ(peer.notes, std::vector<std::string>{"refresh"});
+    EXPECT_EQ(desktop.clipboard, "f");
 }
 
 TEST_F(Copy, TakesASelectionThatWasMadeInAnyDirection) {
@@ -236,6 +278,16 @@ TEST_F(Paste, OfAStepIsJudgedByItsRange) {
     pasteAt({7, 17}, "30");
     EXPECT_EQ(boxes(), (Boxes{refusal("Invalid Synthesizer Step size value (out of range) TX Synth Step Size")}));
     EXPECT_EQ(now(), before);
+}
+
+// The digital mode makes its channel narrow again, since the cells act from left to right.
+TEST_F(Paste, OfP25DigitalBehindWideEndsNarrowAndDigital) {
+    EXPECT_TRUE(pasteAt({7, 7}, "Wide\tP25 Digital"));
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(base::toBits(at(7, ChannelKey::ModeBits)) & 0x80, 0x80);
+    EXPECT_EQ(at(7, ChannelKey::P25TransmitMode), Value{true});
+    EXPECT_EQ(grid.text(7, 7), "Narrow");
+    EXPECT_EQ(grid.text(7, 8), "P25 Digital");
 }
 
 TEST_F(Paste, BeyondTheLastChannelFailsWithoutRollBack) {
@@ -410,6 +462,26 @@ TEST_F(Delete, AnsweredWithNoOnlyClearsTheSelection) {
     EXPECT_EQ(focused, 1);
     EXPECT_FALSE(undo.enabled());
     EXPECT_EQ(rendered, std::vector<std::int16_t>{});
+}
+
+TEST_F(Delete, TakesWhatIsSelectedWhenTheQuestionIsAnswered) {
+    select({5, 1}, {7, 1});
+    desktop.duringBox = [this](const ui::MessageBox&) { select({9, 1}, {10, 1}); };
+    EXPECT_TRUE(answered(ui::Answer::Yes));
+    for (std::int16_t channel = 5; channel <= 11; ++channel) {
+        EXPECT_EQ(transmits(channel) == 0.0, channel == 9 || channel == 10) << channel;
+    }
+}
+
+using DeleteOnScreen = Shown<Delete>;
+
+TEST_F(DeleteOnScreen, ClearsTheSelectionBeforeTheGridGetsTheFocus) {
+    for (const auto answer : {ui::Answer::Yes, ui::Answer::No}) {
+        peer.notes.clear();
+        select({5, 1}, {7, 1});
+        answered(answer);
+        EXPECT_EQ(peer.notes, (std::vector<std::string>{"refresh", "focus"}));
+    }
 }
 
 TEST_F(Delete, OfTheHeaderRowIsTold) {
