@@ -1,5 +1,6 @@
 #include "host/dialog.h"
 
+#include "base/readable_colour.h"
 #include "host/resource.h"
 #include "host/sentences.h"
 #include "host/window_placement.h"
@@ -54,7 +55,7 @@ INT_PTR Dialog::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_CTLCOLORSTATIC:
         if (refused_ && reinterpret_cast<HWND>(lparam) == item(DIALOG_NOTE) && !highContrast()) {
             const auto context = reinterpret_cast<HDC>(wparam);
-            SetTextColor(context, refusedColour);
+            SetTextColor(context, base::readable(refusedColour, GetSysColor(COLOR_BTNFACE)));
             SetBkColor(context, GetSysColor(COLOR_BTNFACE));
             return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
         }

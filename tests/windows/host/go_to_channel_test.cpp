@@ -1,6 +1,7 @@
 // Going to a channel by its number.
 #include "host/channel_dialog.h"
 
+#include "base/readable_colour.h"
 #include "open_program.h"
 
 namespace telvar::tests {
@@ -67,6 +68,28 @@ TEST_F(GoTo, SuggestsTheCurrentChannelAndRefusesOthersThanOneTo255) {
     command(COMMAND_GO_TO);
     EXPECT_EQ(row(), 42);
     EXPECT_EQ(column(), 3);
+}
+
+TEST_F(GoTo, ARefusalCanBeReadInEveryScheme) {
+    start();
+    dialogs.expect([](HWND dialog) {
+        SetDlgItemTextW(dialog, CHANNEL_NUMBER, L"256");
+        SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+        const HWND note = GetDlgItem(dialog, DIALOG_NOTE);
+        const HDC context = GetDC(note);
+        const int face = COLOR_BTNFACE;
+        const COLORREF before = GetSysColor(face);
+        for (const COLORREF ground : {RGB(255, 255, 255), RGB(0, 0, 0), RGB(176, 0, 32), RGB(0, 0, 128)}) {
+            SetSysColors(1, &face, &ground);
+            SendMessageW(dialog, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(note));
+            EXPECT_EQ(GetBkColor(context), ground);
+            EXPECT_GE(base::contrast(GetTextColor(context), ground), base::readableContrast) << std::hex << ground;
+        }
+        SetSysColors(1, &face, &before);
+        ReleaseDC(note, context);
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    command(COMMAND_GO_TO);
 }
 
 TEST_F(GoTo, IsDoneFromTheKeyboardAlone) {
