@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "editform/channel_edit_controls.h"
+#include "editform/channel_spacing.h"
 #include "ui/layout.h"
 
 namespace telvar::editform {
@@ -32,7 +33,10 @@ namespace {
     return level(label, overlaid({widget(wide), widget(narrow)}), overlaid({widget(wideBox), widget(narrowBox)}));
 }
 
+// The frame of the spacing stands at the right edge and changes its caption with each channel and band: its own edge
+// must stay where it is.
 [[nodiscard]] Layout channelPart(ChannelEditControls& c) {
+    c.frChannelSpacing.reserveFor(channelSpacingCaptions());
     return row({column({row({widget(c.lblEditChannel), widget(c.txtEditChannel)}, Distance::Usual),
                         widget(c.lblSelectedChannels)}),
                 ui::spring(),

@@ -41,4 +41,19 @@ std::string channelSpacingCaption(const ChannelSpacing& radio, const base::Numbe
     return caption + " Channel Spacing";
 }
 
+std::vector<std::string> channelSpacingCaptions() {
+    std::vector<std::string> captions{wideBandCaption, narrowBandCaption};
+    for (const std::int32_t spacing : {0, 12'500, 20'000, switchableSpacing, 30'000, 50'000}) {
+        for (const bool narrow : {false, true}) {
+            for (const bool only : {false, true}) {
+                captions.push_back(channelSpacingCaption({.spacing = spacing,
+                                                          .bandwidthSwitchable = true,
+                                                          .narrowBandOnly = only,
+                                                          .channelIsNarrow = narrow}));
+            }
+        }
+    }
+    return captions;
+}
+
 }  // namespace telvar::editform

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "base/number_text.h"
 
@@ -20,5 +21,7 @@ struct ChannelSpacing {
 
 // The two blanks after "kHz" are meant, as is their absence in the narrow-band captions of a 25 kHz radio.
 [[nodiscard]] std::string channelSpacingCaption(const ChannelSpacing& radio, const base::NumberFormat& format = {});
+// Those of every band class, and the two of a change of bandwidth: what a frame must have room for.
+[[nodiscard]] std::vector<std::string> channelSpacingCaptions();
 
 }  // namespace telvar::editform

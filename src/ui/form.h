@@ -58,6 +58,8 @@ public:
     }
     // Takes the size that the layout wants now, after children were shown or hidden.
     void fit();
+    // Gives every child its place in the present size.
+    void arrange();
     // While one of these lives, fit() waits for the end of the last one: many changes, one new layout.
     class FitHeld {
     public:
@@ -79,8 +81,6 @@ public:
     base::Event<> CloseBox;
 
 private:
-    void arrange();
-
     Desktop* desktop_ = nullptr;
     Layout layout_;
     base::Connection resized_;

@@ -1,6 +1,9 @@
 // A captioned border around widgets that belong together. Hiding or disabling it hides or disables them.
 #pragma once
 
+#include <algorithm>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/widget.h"
@@ -18,9 +21,15 @@ public:
     }
     [[nodiscard]] const std::vector<Widget*>& inside() const noexcept { return inside_; }
 
+    // Every caption that it may get, so that it keeps its width with each of them.
+    void reserveFor(std::vector<std::string> captions) { captions_ = std::move(captions); }
     // Alone, without what it surrounds.
     [[nodiscard]] Size wantedSize(const Metrics& metrics) const override {
-        return {metrics.captionWidth(caption()) + 2 * metrics.gap(), metrics.line() + metrics.gap()};
+        int widest = metrics.captionWidth(caption());
+        for (const std::string& other : captions_) {
+            widest = std::max(widest, metrics.captionWidth(other));
+        }
+        return {widest + 2 * metrics.gap(), metrics.line() + metrics.gap()};
     }
 
 protected:
@@ -35,6 +44,7 @@ protected:
 
 private:
     std::vector<Widget*> inside_;
+    std::vector<std::string> captions_;
 };
 
 }  // namespace telvar::ui

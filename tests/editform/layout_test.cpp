@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "edit_form_world.h"
+#include "editform/channel_spacing.h"
 #include "ui/metrics.h"
 
 namespace telvar::tests {
@@ -87,6 +88,18 @@ TEST_F(FormLayout, TheLongestSpacingCaptionFitsItsFrame) {
     form.refresh();
     EXPECT_EQ(form.frChannelSpacing.caption(), "12.5 kHz Narrow Band Only Channel Spacing");
     expectTidy("", 96);
+}
+
+TEST_F(FormLayout, TheSpacingFrameKeepsItsPlaceWhateverItsCaptionIs) {
+    for (const int dpi : {96, 144, 192}) {
+        arrangeAt(dpi);
+        const ui::Rect before = form.frChannelSpacing.bounds();
+        for (const std::string& caption : editform::channelSpacingCaptions()) {
+            form.frChannelSpacing.setCaption(caption);
+            form.fit();
+            EXPECT_EQ(form.frChannelSpacing.bounds(), before) << caption << " at " << dpi;
+        }
+    }
 }
 
 TEST_F(FormLayout, BothBandsLevelsStandAtTheSamePlace) {

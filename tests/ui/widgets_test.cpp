@@ -281,6 +281,21 @@ TEST(Peer, TakesTheFocusAndReportsItItself) {
     label.detach();
 }
 
+TEST(Frame, KeepsItsWidthWithEachOfTheCaptionsThatItIsReservedFor) {
+    TestDesktop desktop;
+    const ui::Metrics metrics(desktop, ui::standardDpi);
+    ui::Frame frame("fr");
+    frame.setCaption("Wide Band");
+    const int narrow = frame.wantedSize(metrics).width;
+    frame.reserveFor({"Wide Band", "Narrow Band Only Channel Spacing"});
+    const int wide = frame.wantedSize(metrics).width;
+    EXPECT_GT(wide, narrow);
+    frame.setCaption("Narrow Band Only Channel Spacing");
+    EXPECT_EQ(frame.wantedSize(metrics).width, wide);
+    frame.setCaption("A caption that nobody reserved any room for, and longer");
+    EXPECT_GT(frame.wantedSize(metrics).width, wide);
+}
+
 TEST(Container, TellsANewSizeOnce) {
     ui::Panel panel("panel");
     int resizes = 0;
