@@ -17,6 +17,28 @@ constexpr UINT dpiChanged = 0x02E0;
 constexpr DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD extendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 
+// The window shows nothing of what happens to its children meanwhile: each that moves would take its picture along at
+// once. It must not be resized or get the focus in that time, since the system takes it for hidden.
+class DrawingHeld {
+public:
+    explicit DrawingHeld(HWND window) noexcept : window_(IsWindowVisible(window) != FALSE ? window : nullptr) {
+        set(FALSE);
+    }
+    DrawingHeld(const DrawingHeld&) = delete;
+    DrawingHeld& operator=(const DrawingHeld&) = delete;
+    DrawingHeld(DrawingHeld&&) = delete;
+    DrawingHeld& operator=(DrawingHeld&&) = delete;
+    ~DrawingHeld() { set(TRUE); }
+
+private:
+    void set(BOOL drawing) const noexcept {
+        if (window_ != nullptr) {
+            SendMessageW(window_, WM_SETREDRAW, static_cast<WPARAM>(drawing), 0);
+        }
+    }
+    HWND window_;
+};
+
 ui::Rect around(ui::Point middle, ui::Size size) noexcept {
     const int left = middle.x - size.width / 2;
     const int top = middle.y - size.height / 2;
@@ -79,10 +101,35 @@ void FormWindow::fitToLayout() {
     place(keptOnScreen({now.left, now.top, now.left + size.width, now.top + size.height}));
     // A window that is as large as before hears of no new size.
     resized();
-    // A frame leaves its inside alone, so nobody would erase the lines that a moved one leaves behind.
-    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    {
+        const DrawingHeld held(handle());
+        openForm()->arrange();
+    }
     showBars();
     revealFocus();
+    // A frame leaves its inside alone, so nobody would erase the lines that a moved one leaves behind.
+    if (std::vector<ui::Rect> places = arrangement(); places != painted_) {
+        painted_ = std::move(places);
+        RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    }
+    paintAtOnce();
+}
+
+// Where each of its widgets stands; nowhere for a hidden one.
+std::vector<ui::Rect> FormWindow::arrangement() const {
+    std::vector<ui::Rect> places;
+    for (const ui::Widget* const child : container()->children()) {
+        places.push_back(child->isShown() ? child->bounds() : ui::Rect());
+    }
+    return places;
+}
+
+// Left to the message loop, each child would be painted for itself, whenever there is nothing else to do: until then
+// the user sees black places, frames without texts, and what stood there before.
+void FormWindow::paintAtOnce() const noexcept {
+    if (IsWindowVisible(handle()) != FALSE) {
+        RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    }
 }
 
 // -- a window that is smaller than its layout ------------------------------------------------------------------------
@@ -137,8 +184,10 @@ void FormWindow::appear(const std::vector<HWND>& disabled) {
         disabled_.disable(window);
     }
     hook_.emplace();
+    painted_ = arrangement();
     ShowWindow(handle(), SW_SHOW);
     bringToFront();
+    paintAtOnce();
 }
 
 void FormWindow::bringToFront() noexcept {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <deque>
 #include <optional>
+#include <vector>
 
 #include "win32/container_window.h"
 #include "win32/key_hook.h"
@@ -67,6 +68,8 @@ private:
     [[nodiscard]] ui::Size wholeSize(const ui::Rect& screen) const;
     void place(const ui::Rect& bounds) noexcept;
     void fitToLayout();
+    [[nodiscard]] std::vector<ui::Rect> arrangement() const;
+    void paintAtOnce() const noexcept;
     void showBars();
     void revealFocus();
     bool scroll(UINT message, WPARAM wParam);
@@ -90,7 +93,8 @@ private:
     std::optional<KeyHook> hook_;
     std::deque<TakenKey> taken_;
     WPARAM lastNumber_ = 0;
-    bool placing_ = true;  // its place is the program's, not the user's
+    std::vector<ui::Rect> painted_;  // the arrangement that the user sees
+    bool placing_ = true;            // its place is the program's, not the user's
 };
 
 }  // namespace telvar::win32
