@@ -41,12 +41,6 @@ public:
     }
     [[nodiscard]] bool takesCharacters() const noexcept override { return true; }
 
-    [[nodiscard]] HBRUSH background(HDC dc) const override {
-        static_cast<void>(ControlPeer::background(dc));
-        SetBkColor(dc, GetSysColor(COLOR_WINDOW));
-        return GetSysColorBrush(COLOR_WINDOW);
-    }
-
 protected:
     [[nodiscard]] Control control() const noexcept override {
         return {.className = L"COMBOBOX",
@@ -54,6 +48,9 @@ protected:
                          static_cast<DWORD>(isTyped() ? CBS_DROPDOWN : CBS_DROPDOWNLIST)};
     }
     [[nodiscard]] bool showsCaption() const noexcept override { return false; }
+    [[nodiscard]] Ground ground() const noexcept override {
+        return box() != nullptr && box()->isUsable() ? fieldGround : faceGround;
+    }
 
     // The window of a combo box includes its list.
     [[nodiscard]] RECT windowBounds() const noexcept override {

@@ -150,7 +150,13 @@ LRESULT ContainerWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         break;
     case WM_SYSCOLORCHANGE:
-        RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        // Controls keep colours of their own until somebody tells them; the system tells windows of their own only.
+        for (const PeerPointer& peer : peers()) {
+            SendMessageW(peer->window(), message, wParam, lParam);
+        }
+        [[fallthrough]];
+    case WM_THEMECHANGED:
+        RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
         return 0;
     case WM_SETTINGCHANGE:
         if (container_ != nullptr) {

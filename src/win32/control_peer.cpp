@@ -115,9 +115,7 @@ bool ControlPeer::takesKey(const ui::KeyEvent& event) const noexcept {
 void ControlPeer::keyPassedOn(const MSG& message) { static_cast<void>(message); }
 
 HBRUSH ControlPeer::background(HDC dc) const {
-    SetTextColor(dc, widget_ != nullptr ? colourOf(widget_->foreColor()) : GetSysColor(COLOR_WINDOWTEXT));
-    SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
-    return GetSysColorBrush(COLOR_BTNFACE);
+    return useColours(dc, ground(), widget_ != nullptr ? widget_->foreColor() : ui::windowText);
 }
 
 void ControlPeer::notified(unsigned code) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "win32/peer.h"
+#include "win32/text_colours.h"
 
 namespace telvar::win32 {
 
@@ -29,7 +30,7 @@ public:
     void keyPassedOn(const MSG& message) override;
     void accessKey() override;
     void notified(unsigned code) final;
-    [[nodiscard]] HBRUSH background(HDC dc) const override;
+    [[nodiscard]] HBRUSH background(HDC dc) const final;
 
     void show(ui::Aspect changed) noexcept final;
     void takeFocus() noexcept override;
@@ -48,6 +49,8 @@ protected:
     // widget.
     virtual void userDid(unsigned code) = 0;
     [[nodiscard]] virtual bool showsCaption() const noexcept { return true; }
+    // What its text stands on now.
+    [[nodiscard]] virtual Ground ground() const noexcept { return faceGround; }
     // On the surface that the widgets stand on.
     [[nodiscard]] virtual RECT windowBounds() const noexcept;
     // Whether the wheel turned over what the control uses it for; else it is for the window around, even where the

@@ -57,6 +57,25 @@ int FormFont::widthOf(std::wstring_view text) const noexcept {
     return widthOf(dc.get(), text);
 }
 
+std::size_t FormFont::fitting(HDC dc, std::wstring_view text, int room) const noexcept {
+    std::size_t count = 0;
+    if (isAscii(text)) {
+        for (int width = 0; count < text.size(); ++count) {
+            width += widths_[text[count]];
+            if (width > room) {
+                break;
+            }
+        }
+        return count;
+    }
+    int fit = 0;
+    SIZE size{};
+    GetTextExtentExPointW(dc, text.data(), static_cast<int>(text.size()), std::max(room, 0), &fit, nullptr, &size);
+    count = static_cast<std::size_t>(std::max(fit, 0));
+    // Two of these units are one character.
+    return count > 0 && IS_HIGH_SURROGATE(text[count - 1]) ? count - 1 : count;
+}
+
 bool FormFont::isAscii(std::wstring_view text) const noexcept {
     return std::ranges::all_of(text, [this](wchar_t character) { return character < widths_.size(); });
 }

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "win32/gdi.h"
@@ -24,6 +25,8 @@ public:
     // ASCII, which is what nearly every cell and every caption holds.
     [[nodiscard]] int widthOf(HDC dc, std::wstring_view text) const noexcept;
     [[nodiscard]] int widthOf(std::wstring_view text) const noexcept;
+    // How many characters from the beginning fit into so many pixels, with the font selected in `dc`.
+    [[nodiscard]] std::size_t fitting(HDC dc, std::wstring_view text, int room) const noexcept;
 
 private:
     [[nodiscard]] bool isAscii(std::wstring_view text) const noexcept;

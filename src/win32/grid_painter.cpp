@@ -1,48 +1,24 @@
-// Every colour comes from the user's system colours, or from a mixture of two of them, so that high-contrast schemes
-// keep their contrast.
+// Every colour comes from the user's system colours, or from a mixture of two of them, or is one that a program gave to
+// a cell; what is written on a mixture or on such a colour is chosen so that it can be read in every scheme.
 #include "win32/grid_painter.h"
 
-#include <algorithm>
-#include <array>
-#include <span>
-
+#include "base/readable_colour.h"
 #include "win32/convert.h"
 #include "win32/gdi.h"
+#include "win32/grid_text.h"
 
 namespace telvar::win32 {
 
 namespace {
 
-// Narrow, since the published column widths leave little room for the headers; they are centred anyway.
-constexpr int headerPadding = 1;
+// Height of the line below the header of the current column, in pixels at the standard number of dots per inch.
+constexpr int currentMark = 3;
 
-// The frequencies' headers need three in the widths that they have been given.
-constexpr std::size_t headerLines = 3;
+int widthOf(const RECT& rect) noexcept { return static_cast<int>(rect.right - rect.left); }
 
-// `share` of `over`, in hundredths, the rest of `under`.
-COLORREF mixed(COLORREF under, COLORREF over, int share) noexcept {
-    const auto part = [share](int low, int high) { return static_cast<BYTE>(low + (((high - low) * share) / 100)); };
-    return RGB(part(GetRValue(under), GetRValue(over)), part(GetGValue(under), GetGValue(over)),
-               part(GetBValue(under), GetBValue(over)));
-}
-
-// On a colour that a program chose, whatever the system's text colour is.
-COLORREF readableOn(COLORREF back) noexcept {
-    const int brightness = ((GetRValue(back) * 299) + (GetGValue(back) * 587) + (GetBValue(back) * 114)) / 1000;
-    return brightness >= 128 ? RGB(0, 0, 0) : RGB(255, 255, 255);
-}
-
-// The last place before `end` where a header may go on in the next line: at a blank, or where a new word begins with a
-// capital letter. 0 for none.
-std::size_t breakBefore(std::wstring_view text, std::size_t end) noexcept {
-    const auto small = [](wchar_t letter) { return letter >= L'a' && letter <= L'z'; };
-    const auto capital = [](wchar_t letter) { return letter >= L'A' && letter <= L'Z'; };
-    for (std::size_t at = end - 1; at > 0; --at) {
-        if (text[at] == L' ' || (small(text[at - 1]) && capital(text[at]))) {
-            return at;
-        }
-    }
-    return 0;
+// Pixels at the right and lower edge of a cell that belong to the lines between the cells.
+int gapOf(const ui::Grid& grid, ui::Cell cell) noexcept {
+    return cell.row == 0 || cell.column == 0 || grid.display().gridLines ? 1 : 0;
 }
 
 void fill(HDC dc, const RECT& rect, COLORREF colour) noexcept {
@@ -64,18 +40,40 @@ void widen(std::string_view text, std::wstring& wide) {
 
 }  // namespace
 
+struct CellColours {
+    COLORREF back;
+    COLORREF text;
+};
+
 struct GridColours {
     COLORREF window = GetSysColor(COLOR_WINDOW);  // what lines and the inactive selection are mixed with
-    COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    COLORREF windowText = GetSysColor(COLOR_WINDOWTEXT);
     COLORREF face = GetSysColor(COLOR_BTNFACE);
     COLORREF faceText = GetSysColor(COLOR_BTNTEXT);
     COLORREF edge = GetSysColor(COLOR_BTNSHADOW);
     COLORREF selected = GetSysColor(COLOR_HIGHLIGHT);
     COLORREF selectedText = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    COLORREF line = mixed(window, edge, 45);
-    COLORREF selectedInactive = mixed(window, selected, 25);
-    COLORREF currentHeader = mixed(face, selected, 30);
     COLORREF disabledText = GetSysColor(COLOR_GRAYTEXT);
+    COLORREF line = base::mixed(window, edge, 45);
+    COLORREF selectedInactive = base::mixed(window, selected, 25);
+    COLORREF selectedInactiveText = base::readable(windowText, selectedInactive);
+    COLORREF currentHeader = base::mixed(face, selected, 30);
+    COLORREF currentHeaderText = base::readable(faceText, currentHeader);
+
+    // Of a cell for which nothing else is said.
+    [[nodiscard]] CellColours plain(const ui::Grid& grid) const noexcept {
+        const COLORREF back = colourOf(grid.display().backColor);
+        if (!grid.enabled()) {
+            return {.back = back, .text = disabledText};
+        }
+        const ui::Colour wanted = grid.display().foreColor;
+        return {.back = back, .text = base::readable(wanted == ui::black ? windowText : colourOf(wanted), back)};
+    }
+    // Of a cell that a program coloured.
+    [[nodiscard]] CellColours own(ui::Colour colour) const noexcept {
+        const COLORREF back = colourOf(colour);
+        return {.back = back, .text = base::readableOf(windowText, window, back)};
+    }
 };
 
 struct GridPainter::Pass {
@@ -85,7 +83,11 @@ struct GridPainter::Pass {
     bool active = false;
     ui::CellRange selection;
     GridColours colours;
-    std::wstring* text = nullptr;  // used again for every cell
+    CellColours plain = colours.plain(grid);
+    GridText measures;
+    // Used again for every cell.
+    std::wstring* text = nullptr;
+    std::wstring* shortened = nullptr;
 };
 
 ui::GridMetrics GridPainter::metrics() const noexcept {
@@ -104,13 +106,16 @@ void GridPainter::paint(HDC dc, const ui::Grid& grid, const ui::GridLayout& layo
     SetTextAlign(dc, TA_LEFT | TA_TOP);
 
     std::wstring text;
+    std::wstring shortened;
     const Pass pass{.dc = dc,
                     .grid = grid,
                     .damage = damage,
                     .active = active,
                     .selection = grid.selection(),
                     .colours = {},
-                    .text = &text};
+                    .measures = {*font_, dc},
+                    .text = &text,
+                    .shortened = &shortened};
 
     std::vector<Line> columns;
     std::vector<Line> rows;
@@ -153,9 +158,8 @@ RECT GridPainter::blockOf(const std::vector<Line>& rows, const std::vector<Line>
 }
 
 void GridPainter::paintBody(const Pass& pass, const std::vector<Line>& rows, const std::vector<Line>& columns) const {
-    const bool lines = pass.grid.display().gridLines;
-    const int gap = lines ? 1 : 0;
-    if (lines) {
+    const int gap = gapOf(pass.grid, {1, 1});
+    if (gap > 0) {
         fill(pass.dc, blockOf(rows, columns, true), pass.colours.line);
     }
     for (const Line& row : rows) {
@@ -171,7 +175,8 @@ void GridPainter::paintFixed(const Pass& pass, const std::vector<Line>& rows, co
     for (const Line& row : rows) {
         for (const Line& column : columns) {
             if (row.index == 0 || column.index == 0) {
-                paintHeader(pass, {row.index, column.index}, {column.from, row.from, column.to - 1, row.to - 1});
+                const int gap = gapOf(pass.grid, {row.index, column.index});
+                paintHeader(pass, {row.index, column.index}, {column.from, row.from, column.to - gap, row.to - gap});
             }
         }
     }
@@ -184,92 +189,91 @@ void GridPainter::paintCell(const Pass& pass, ui::Cell cell, const RECT& rect) c
     // Among several selected cells the current one keeps its own colours, so that it is seen.
     const bool selected = pass.grid.display().selectionShown && pass.selection.contains(cell) && !(current && several);
 
-    COLORREF back = colourOf(pass.grid.display().backColor);
-    COLORREF text = pass.grid.enabled() ? colourOf(pass.grid.display().foreColor) : colours.disabledText;
+    CellColours shown = pass.plain;
     if (selected) {
-        back = pass.active ? colours.selected : colours.selectedInactive;
-        text = pass.active ? colours.selectedText : colours.text;
+        shown = pass.active ? CellColours{.back = colours.selected, .text = colours.selectedText}
+                            : CellColours{.back = colours.selectedInactive, .text = colours.selectedInactiveText};
     } else if (const ui::Colour own = pass.grid.cellBackColor(cell.row, cell.column); own != 0) {
-        back = colourOf(own);
-        text = own == ui::windowBackground ? text : readableOn(back);
+        shown = colours.own(own);
     }
-    SetBkColor(pass.dc, back);
-    SetTextColor(pass.dc, text);
-    widen(pass.grid.text(cell.row, cell.column), *pass.text);
-    const int top = static_cast<int>(rect.top) + ((static_cast<int>(rect.bottom - rect.top) - font_->height()) / 2);
-    drawText(pass.dc, rect, *pass.text, pass.grid.cellAlignment(cell.row, cell.column), top, ETO_OPAQUE, padding());
+    paintLine(pass, cell, rect, shown);
     if (current && pass.active) {
         // Drawn by exclusive-or with these two colours.
-        SetTextColor(pass.dc, RGB(0, 0, 0));
-        SetBkColor(pass.dc, RGB(255, 255, 255));
+        SetTextColor(pass.dc, ui::black);
+        SetBkColor(pass.dc, ui::white);
         DrawFocusRect(pass.dc, &rect);
     }
 }
 
 void GridPainter::paintHeader(const Pass& pass, ui::Cell cell, const RECT& rect) const {
+    const GridColours& colours = pass.colours;
     const bool ofCurrent = (cell.row == 0) != (cell.column == 0) &&
                            (cell.row == 0 ? cell.column == pass.grid.column() : cell.row == pass.grid.row());
-    SetBkColor(pass.dc, ofCurrent ? pass.colours.currentHeader : pass.colours.face);
-    SetTextColor(pass.dc, pass.colours.faceText);
-    widen(pass.grid.text(cell.row, cell.column), *pass.text);
-    const std::wstring_view text = *pass.text;
-    const int height = static_cast<int>(rect.bottom - rect.top);
-    const int top = static_cast<int>(rect.top);
+    const ui::Colour own = pass.grid.cellBackColor(cell.row, cell.column);
+    CellColours shown{.back = colours.face, .text = colours.faceText};
+    if (own != 0) {
+        shown = colours.own(own);
+    } else if (ofCurrent) {
+        shown = {.back = colours.currentHeader, .text = colours.currentHeaderText};
+    }
     if (cell.row > 0) {
-        drawText(pass.dc, rect, text, pass.grid.cellAlignment(cell.row, cell.column),
-                 top + ((height - font_->height()) / 2), ETO_OPAQUE, padding());
-        return;
+        paintLine(pass, cell, rect, shown);
+    } else {
+        paintColumnHeader(pass, cell, rect, shown);
     }
-    const int width = static_cast<int>(rect.right - rect.left) - (2 * headerPadding);
-    std::array<std::wstring_view, headerLines> lines{};
-    std::size_t count = 0;
-    std::wstring_view rest = text;
-    while (count + 1 < headerLines) {
-        std::size_t end = rest.size();
-        while (end > 0 && font_->widthOf(pass.dc, rest.substr(0, end)) > width) {
-            end = breakBefore(rest, end);
-        }
-        if (end == 0 || end == rest.size()) {
-            break;
-        }
-        lines[count++] = rest.substr(0, end);
-        rest.remove_prefix(rest[end] == L' ' ? end + 1 : end);
+    if (own != 0 && ofCurrent) {
+        // A colour of its own is a message, so the mark of the current one leaves it as it is.
+        const RECT mark{rect.left, rect.bottom - MulDiv(currentMark, font_->dpi(), ui::standardDpi), rect.right,
+                        rect.bottom};
+        fill(pass.dc, mark, colours.selected);
     }
-    lines[count++] = rest;
-    int at = top + ((height - (static_cast<int>(count) * font_->height())) / 2);
+}
+
+void GridPainter::paintLine(const Pass& pass, ui::Cell cell, const RECT& rect, const CellColours& colours) const {
+    SetBkColor(pass.dc, colours.back);
+    SetTextColor(pass.dc, colours.text);
+    widen(pass.grid.text(cell.row, cell.column), *pass.text);
+    const int top = static_cast<int>(rect.top) + ((static_cast<int>(rect.bottom - rect.top) - font_->height()) / 2);
+    drawText(pass.dc, rect, pass.measures.cell(*pass.text, widthOf(rect), *pass.shortened),
+             pass.grid.cellAlignment(cell.row, cell.column), top, ETO_OPAQUE);
+}
+
+void GridPainter::paintColumnHeader(const Pass& pass, ui::Cell cell, const RECT& rect,
+                                    const CellColours& colours) const {
+    SetBkColor(pass.dc, colours.back);
+    SetTextColor(pass.dc, colours.text);
+    widen(pass.grid.text(cell.row, cell.column), *pass.text);
+    const HeaderText header = pass.measures.header(*pass.text, widthOf(rect));
+    const int height = static_cast<int>(rect.bottom - rect.top);
+    int at = static_cast<int>(rect.top) + ((height - (static_cast<int>(header.lines().size()) * font_->height())) / 2);
     UINT opaque = ETO_OPAQUE;
-    for (const auto line : std::span(lines).first(count)) {
-        drawText(pass.dc, rect, line, ui::Alignment::Centre, at, opaque, headerPadding);
+    for (const auto line : header.lines()) {
+        drawText(pass.dc, rect, pass.measures.headerLine(line, widthOf(rect), *pass.shortened), ui::Alignment::Centre,
+                 at, opaque);
         at += font_->height();
         opaque = 0;
     }
 }
 
-std::wstring_view GridPainter::fitted(HDC dc, std::wstring_view text, int width, std::wstring& shortened) const {
-    constexpr std::wstring_view dots = L"...";
-    if (font_->widthOf(dc, text) <= width) {
-        return text;
-    }
-    const int room = width - font_->widthOf(dc, dots);
-    std::size_t kept = text.size();
-    while (kept > 0 && font_->widthOf(dc, text.substr(0, kept)) > room) {
-        --kept;
-    }
-    shortened.assign(text.substr(0, kept)).append(dots);
-    return shortened;
-}
-
-void GridPainter::drawText(HDC dc, const RECT& rect, std::wstring_view text, ui::Alignment alignment, int top,
-                           UINT options, int padding) const {
-    const int width = static_cast<int>(rect.right - rect.left) - (2 * padding);
-    std::wstring shortened;
-    const std::wstring_view shown = fitted(dc, text, width, shortened);
-    int left = static_cast<int>(rect.left) + padding;
+void GridPainter::drawText(HDC dc, const RECT& rect, const FittedText& text, ui::Alignment alignment, int top,
+                           UINT options) {
+    int left = static_cast<int>(rect.left) + text.inset;
     if (alignment != ui::Alignment::LeftCentre) {
-        const int rest = width - font_->widthOf(dc, shown);
+        const int rest = widthOf(rect) - (2 * text.inset) - text.width;
         left += alignment == ui::Alignment::Centre ? rest / 2 : rest;
     }
-    ExtTextOutW(dc, left, top, options | ETO_CLIPPED, &rect, shown.data(), static_cast<UINT>(shown.size()), nullptr);
+    ExtTextOutW(dc, left, top, options | ETO_CLIPPED, &rect, text.text.data(), static_cast<UINT>(text.text.size()),
+                nullptr);
+}
+
+bool GridPainter::cuts(const ui::Grid& grid, ui::Cell cell, int width) const {
+    const std::wstring text = widened(grid.text(cell.row, cell.column));
+    const MemoryContext dc;
+    const Selected selected(dc.get(), font_->get());
+    const GridText measures(*font_, dc.get());
+    const int room = width - gapOf(grid, cell);
+    std::wstring shortened;
+    return cell.row == 0 ? measures.headerIsCut(text, room) : measures.cell(text, room, shortened).cut;
 }
 
 }  // namespace telvar::win32

@@ -5,8 +5,6 @@
 #include <windows.h>
 
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "ui/grid.h"
@@ -15,18 +13,23 @@
 
 namespace telvar::win32 {
 
-struct GridColours;
+struct CellColours;
+struct FittedText;
 
 class GridPainter {
 public:
     explicit GridPainter(std::shared_ptr<const FormFont> font) noexcept : font_(std::move(font)) {}
 
+    [[nodiscard]] const FormFont& font() const noexcept { return *font_; }
     // Heights that the font needs.
     [[nodiscard]] ui::GridMetrics metrics() const noexcept;
 
     // Covers every pixel of `damage` inside the layout's view, and touches cells that lie in it only. `active` is the
     // look of a grid that has the keyboard focus.
     void paint(HDC dc, const ui::Grid& grid, const ui::GridLayout& layout, const RECT& damage, bool active) const;
+
+    // Whether a cell so many pixels wide, its line included, has no room for its whole text.
+    [[nodiscard]] bool cuts(const ui::Grid& grid, ui::Cell cell, int width) const;
 
 private:
     struct Line {
@@ -42,11 +45,10 @@ private:
     void paintFixed(const Pass& pass, const std::vector<Line>& rows, const std::vector<Line>& columns) const;
     void paintCell(const Pass& pass, ui::Cell cell, const RECT& rect) const;
     void paintHeader(const Pass& pass, ui::Cell cell, const RECT& rect) const;
-    void drawText(HDC dc, const RECT& rect, std::wstring_view text, ui::Alignment alignment, int top, UINT options,
-                  int padding) const;
-    // Shortened with dots when it is too wide.
-    [[nodiscard]] std::wstring_view fitted(HDC dc, std::wstring_view text, int width, std::wstring& shortened) const;
-    [[nodiscard]] int padding() const noexcept { return MulDiv(3, font_->dpi(), ui::standardDpi); }
+    void paintLine(const Pass& pass, ui::Cell cell, const RECT& rect, const CellColours& colours) const;
+    void paintColumnHeader(const Pass& pass, ui::Cell cell, const RECT& rect, const CellColours& colours) const;
+    static void drawText(HDC dc, const RECT& rect, const FittedText& text, ui::Alignment alignment, int top,
+                         UINT options);
 
     std::shared_ptr<const FormFont> font_;
 };

@@ -43,6 +43,8 @@ ui::GridLayout GridWindow::layout() const noexcept { return {*grid_, size_, pain
 
 void GridWindow::setFont(const std::shared_ptr<const FormFont>& font) {
     eraseFrame();
+    forgetHover();
+    tip_.close();
     painter_.emplace(font);
     follow();
     invalidateAll();
@@ -88,12 +90,16 @@ void GridWindow::cellsChanged(const ui::CellRange& cells) noexcept {
     if (drawn_ && (!wanted || EqualRect(&*drawn_, &*wanted) == FALSE)) {
         eraseFrame();
     }
+    if (hovered_ && cells.contains(*hovered_)) {
+        forgetHover();
+    }
     invalidate(layout().rangeRect(cells));
     invalidateHeadersOfCurrent();
     tellScreenReaders();
 }
 
 void GridWindow::layoutChanged() noexcept {
+    forgetHover();
     try {
         follow();
     } catch (const std::exception&) {
@@ -157,6 +163,8 @@ LRESULT GridWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         paint();
         return 0;
     case WM_DESTROY:
+        forgetHover();
+        tip_.close();
         drawn_.reset();
         return 0;
     default:
@@ -196,7 +204,14 @@ LRESULT GridWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
             return accessibleAnswer(std::static_pointer_cast<GridWindow>(shared_from_this()), wParam);
         }
         break;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+        invalidateAll();
+        return 0;
     default:
+        if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) {
+            hover(message, wParam, lParam);
+        }
         if (const auto result = inputMessage(message, wParam, lParam)) {
             return *result;
         }

@@ -12,6 +12,7 @@
 #include "ui/grid_input.h"
 #include "ui/grid_layout.h"
 #include "win32/grid_painter.h"
+#include "win32/grid_tip.h"
 #include "win32/paint_buffer.h"
 #include "win32/peer.h"
 #include "win32/window.h"
@@ -94,6 +95,9 @@ private:
     void dragOn();
     void menuKey();
     [[nodiscard]] bool outsideCells(ui::Point at) const;
+    // The mouse did something there: the cell below it gets a tip, where its text is cut.
+    void hover(UINT message, WPARAM wParam, LPARAM lParam);
+    void forgetHover() noexcept;
 
     void resized();
     void focusChanged(bool gained, HWND other);
@@ -104,6 +108,7 @@ private:
     ui::GridInput input_;
     std::optional<GridPainter> painter_;
     PaintBuffer buffer_;
+    GridTip tip_;
     ui::Size size_;
     ui::Rect placedAt_;
     View shown_;
@@ -113,6 +118,7 @@ private:
     std::optional<RECT> drawn_;      // every valid pixel of this frame is inverted on the screen
     ui::Cell headersOf_{1, 1};       // the current cell that the headers show
 
+    std::optional<ui::Cell> hovered_;  // the mouse is over it, and `tip_` knows
     ui::Point lastPoint_;
     std::optional<MSG> passedOn_;  // this key-down's rule has run already
     int wheelRest_ = 0;

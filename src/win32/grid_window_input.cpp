@@ -3,7 +3,9 @@
 // be gone.
 #include <windowsx.h>
 
+#include "win32/convert.h"
 #include "win32/grid_window.h"
+#include "win32/windows_desktop.h"
 
 namespace telvar::win32 {
 
@@ -130,6 +132,28 @@ void GridWindow::pressed(ui::MouseButton button, LPARAM at, bool twice) {
         return;
     }
     UpdateWindow(handle());
+}
+
+void GridWindow::hover(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MOUSEMOVE) {
+        const ui::GridLayout now = layout();
+        const auto cell = input_.dragging() ? std::nullopt : now.hit(pointOf(lParam));
+        if (cell != hovered_) {
+            hovered_ = cell;
+            if (cell && painter_->cuts(*grid_, *cell, now.columnPixels(cell->column))) {
+                tip_.offer(handle(), rectOf(now.cellRect(*cell)), grid_->text(cell->row, cell->column),
+                           painter_->font(), host_->desktop().controls());
+            } else {
+                tip_.withdraw();
+            }
+        }
+    }
+    tip_.relay(handle(), message, wParam, lParam);
+}
+
+void GridWindow::forgetHover() noexcept {
+    hovered_.reset();
+    tip_.withdraw();
 }
 
 bool GridWindow::outsideCells(ui::Point at) const {

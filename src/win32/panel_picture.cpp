@@ -19,6 +19,7 @@
 #include "win32/fonts.h"
 #include "win32/gdi.h"
 #include "win32/grid_painter.h"
+#include "win32/text_colours.h"
 
 namespace telvar::win32 {
 
@@ -31,11 +32,11 @@ public:
 
     void draw(const ui::Widget& widget) const {
         const RECT at = rectOf(widget.bounds());
-        SetTextColor(dc_, widget.isUsable() ? colourOf(widget.foreColor()) : GetSysColor(COLOR_GRAYTEXT));
+        useTextColour(widget, faceGround);
         if (const auto* const grid = dynamic_cast<const ui::Grid*>(&widget)) {
             drawGrid(*grid, at);
         } else if (const auto* const box = dynamic_cast<const ui::TextBox*>(&widget)) {
-            drawField(box->text(), at, box->isUsable() && !box->readOnly());
+            drawField(widget, box->text(), at, box->isUsable() && !box->readOnly() ? fieldGround : faceGround);
         } else if (const auto* const combo = dynamic_cast<const ui::ComboBox*>(&widget)) {
             drawCombo(*combo, at);
         } else if (dynamic_cast<const ui::Button*>(&widget) != nullptr) {
@@ -58,14 +59,19 @@ private:
         return widget.isUsable() ? 0U : DFCS_INACTIVE;
     }
 
+    void useTextColour(const ui::Widget& widget, Ground ground) const noexcept {
+        SetTextColor(dc_, widget.isUsable() ? textColourOn(ground, widget.foreColor()) : GetSysColor(COLOR_GRAYTEXT));
+    }
+
     void drawCaption(const ui::Widget& widget, RECT at, UINT format) const {
         const std::wstring text = widened(widget.caption());
         DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &at, format);
     }
 
-    void drawField(const std::string& text, RECT at, bool edits) const {
+    void drawField(const ui::Widget& widget, const std::string& text, RECT at, Ground ground) const {
         DrawEdge(dc_, &at, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
-        FillRect(dc_, &at, GetSysColorBrush(edits ? COLOR_WINDOW : COLOR_BTNFACE));
+        FillRect(dc_, &at, GetSysColorBrush(ground.back));
+        useTextColour(widget, ground);
         InflateRect(&at, -2, 0);
         const std::wstring wide = widened(text);
         DrawTextW(dc_, wide.c_str(), static_cast<int>(wide.size()), &at,
@@ -73,7 +79,7 @@ private:
     }
 
     void drawCombo(const ui::ComboBox& combo, const RECT& at) const {
-        drawField(combo.text(), at, combo.isUsable());
+        drawField(combo, combo.text(), at, combo.isUsable() ? fieldGround : faceGround);
         RECT arrow = at;
         InflateRect(&arrow, -2, -2);
         arrow.left = std::max(arrow.left, arrow.right - MulDiv(17, font_->dpi(), ui::standardDpi));

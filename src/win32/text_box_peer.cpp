@@ -17,14 +17,6 @@ public:
     [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override { return isTextKey(event); }
     [[nodiscard]] bool takesCharacters() const noexcept override { return true; }
 
-    [[nodiscard]] HBRUSH background(HDC dc) const override {
-        static_cast<void>(ControlPeer::background(dc));
-        const bool edits = box() != nullptr && box()->isUsable() && !box()->readOnly();
-        const int colour = edits ? COLOR_WINDOW : COLOR_BTNFACE;
-        SetBkColor(dc, GetSysColor(colour));
-        return GetSysColorBrush(colour);
-    }
-
     void accessKey() override {
         ControlPeer::accessKey();
         SendMessageW(window(), EM_SETSEL, 0, -1);
@@ -36,6 +28,9 @@ protected:
         return {.className = L"EDIT", .style = WS_TABSTOP | ES_AUTOHSCROLL, .extendedStyle = WS_EX_CLIENTEDGE};
     }
     [[nodiscard]] bool showsCaption() const noexcept override { return false; }
+    [[nodiscard]] Ground ground() const noexcept override {
+        return box() != nullptr && box()->isUsable() && !box()->readOnly() ? fieldGround : faceGround;
+    }
 
     void showAspect(ui::Aspect changed) override {
         using ui::Aspect;

@@ -73,6 +73,14 @@ protected:
     IAccessible* object = nullptr;
 };
 
+TEST_F(AccessibleGrid, HasTheWholeTextOfWhatIsCutOnTheScreen) {
+    widgets.grid.setText(0, 3, "A header of many words that does not fit into three lines of its column");
+    widgets.grid.setText(5, 3, "A text that is too long for its cell");
+    EXPECT_EQ(value(cell(5, 3)), "A text that is too long for its cell");
+    EXPECT_EQ(name(cell(0, 3)), "A header of many words that does not fit into three lines of its column");
+    EXPECT_EQ(name(cell(5, 3)), "A header of many words that does not fit into three lines of its column 5");
+}
+
 TEST_F(AccessibleGrid, IsATableOfNamedCells) {
     ASSERT_NE(object, nullptr);
     LONG count = 0;

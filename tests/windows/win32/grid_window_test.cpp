@@ -134,6 +134,53 @@ TEST_F(GridWindows, ShowTheColourOfACell) {
     EXPECT_EQ(picture.count(cell, RGB(0, 255, 0)), (cell.width() - 1) * (cell.height() - 1));
 }
 
+// Of the pixels of a header without the lines that part it from the next ones.
+TEST_F(GridWindows, ShowALockedColumnsHeaderGreen) {
+    widgets.grid.setCurrent({4, 1});
+    widgets.grid.setText(0, 3, "");
+    widgets.grid.setCellBackColor(0, 3, ui::green);
+    pump();
+    const ui::Rect header = layout().cellRect({0, 3});
+    const int inside = (header.width() - 1) * (header.height() - 1);
+    EXPECT_EQ(Picture(window).count(header, RGB(0, 255, 0)), inside);
+    widgets.grid.setText(0, 3, "P25 Tx NAC");
+    pump();
+    EXPECT_GT(Picture(window).count(header, RGB(0, 255, 0)), inside / 2);
+    EXPECT_LT(Picture(window).count(header, RGB(0, 255, 0)), inside) << "the text is still there";
+    EXPECT_EQ(Picture(window).count(layout().cellRect({0, 4}), RGB(0, 255, 0)), 0);
+}
+
+TEST_F(GridWindows, ShowALabelThatAProgramColoured) {
+    widgets.grid.setCellBackColor(4, 0, ui::green);
+    pump();
+    const ui::Rect label = layout().cellRect({4, 0});
+    EXPECT_EQ(Picture(window).at(label.left + 1, label.top + 1), RGB(0, 255, 0));
+}
+
+TEST_F(GridWindows, ShowAnUnlockedColumnsHeaderAsBefore) {
+    widgets.grid.setCurrent({4, 1});
+    pump();
+    const Picture before(window);
+    widgets.grid.setCellBackColor(0, 3, ui::green);
+    pump();
+    EXPECT_NE(Picture(window), before);
+    widgets.grid.setCellBackColor(0, 3, 0);
+    pump();
+    EXPECT_EQ(Picture(window), before);
+    const ui::Rect header = layout().cellRect({0, 3});
+    EXPECT_EQ(Picture(window).at(header.left + 1, header.top + 1), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(GridWindows, MarkALockedColumnsHeaderBelowItsGreenWhenItIsCurrent) {
+    widgets.grid.setCellBackColor(0, 3, ui::green);
+    widgets.grid.setCurrent({4, 3});
+    pump();
+    const ui::Rect header = layout().cellRect({0, 3});
+    const Picture picture(window);
+    EXPECT_EQ(picture.at(header.left + 1, header.top + 1), RGB(0, 255, 0));
+    EXPECT_EQ(picture.at(header.left + 1, header.bottom - 2), GetSysColor(COLOR_HIGHLIGHT));
+}
+
 TEST_F(GridWindows, ShowTheSelectionStrongerWithTheFocus) {
     SetFocus(window);
     widgets.grid.select({2, 1}, {3, 2});

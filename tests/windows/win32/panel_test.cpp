@@ -1,3 +1,5 @@
+#include "base/readable_colour.h"
+#include "schemes.h"
 #include "world.h"
 
 #include "win32/gdi.h"
@@ -252,6 +254,51 @@ TEST_F(PanelPictures, ShowTheWidgetsInTheirPlaces) {
     EXPECT_GT(picture.count(widgets.grid.bounds(), RGB(0, 255, 0)), 500);
     EXPECT_GT(picture.count(widgets.text.bounds(), GetSysColor(COLOR_WINDOW)), 500);
     EXPECT_GT(picture.count(widgets.label.bounds(), GetSysColor(COLOR_WINDOWTEXT)), 5);
+}
+
+TEST_F(PanelPictures, ShowALockedColumnsHeaderGreen) {
+    Widgets widgets;
+    const Picture before = drawn(widgets, 760, 460, 96);
+    EXPECT_EQ(before.count(widgets.grid.bounds(), RGB(0, 255, 0)), 0);
+    widgets.grid.setCellBackColor(0, 3, ui::green);
+    const Picture picture = drawn(widgets, 760, 460, 96);
+    const ui::Rect green = picture.differing(before);
+    EXPECT_LT(green.top, widgets.grid.bounds().top + 5);
+    EXPECT_GT(picture.count(green, RGB(0, 255, 0)), green.width() * green.height() / 2);
+    EXPECT_EQ(picture.count(widgets.grid.bounds(), RGB(0, 255, 0)), picture.count(green, RGB(0, 255, 0)));
+    widgets.grid.setCellBackColor(0, 3, 0);
+    EXPECT_EQ(drawn(widgets, 760, 460, 96), before);
+}
+
+TEST_F(PanelPictures, ShowEveryTextSoThatItCanBeReadInEveryScheme) {
+    for (const Scheme& scheme : everyScheme()) {
+        SCOPED_TRACE(scheme.name);
+        const SchemeInForce inForce(scheme);
+        Widgets widgets;
+        widgets.text.loadText("12");
+        widgets.text.setForeColor(ui::red);
+        widgets.typed.loadText("67.0");
+        widgets.list.loadListIndex(0);
+        widgets.grid.setText(3, 2, "88.5");
+        widgets.grid.setCellBackColor(0, 3, ui::green);
+        const Picture with = drawn(widgets, 760, 460, 96);
+        widgets.text.loadText("");
+        widgets.typed.loadText("");
+        widgets.list.loadListIndex(-1);
+        for (ui::Widget* const child : widgets.panel.children()) {
+            child->setCaption("");
+        }
+        for (int column = 0; column < widgets.grid.columns(); ++column) {
+            widgets.grid.setText(0, column, "");
+            widgets.grid.setText(3, column, "");
+        }
+        const Picture without = drawn(widgets, 760, 460, 96);
+        for (const ui::Widget* const child : widgets.panel.children()) {
+            constexpr int leastPixels = 5;
+            EXPECT_GE(pixelsSeen(with, without, child->bounds(), base::readableContrast), leastPixels) << child->name();
+        }
+        EXPECT_EQ(widgets.text.foreColor(), ui::red);
+    }
 }
 
 TEST_F(PanelPictures, LeaveHiddenWidgetsOut) {
