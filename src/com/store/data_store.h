@@ -2,30 +2,30 @@
 // whatever else arrives goes through the type library. Files are out of reach of callers that the host distrusts.
 #pragma once
 
-#include <optional>
-
 #include "VexloDataStore.h"
 #include "com/kit/class_info.h"
 #include "com/kit/dispatch.h"
 #include "com/kit/object.h"
 #include "com/kit/object_safety.h"
 #include "com/store/config_records.h"
-#include "com/store/record_array.h"
 #include "com/store/shared_table.h"
 #include "model/store_member.h"
 
 namespace telvar::com {
 
-class DataStore final
-    : public Object<Dual<IDataStore>, SupportsErrorInfo<IDataStore>, IProvideClassInfo, ObjectSafety<IDataStore>> {
+class DataStore final : public Object<Dual<IDataStore>, SupportsErrorInfo<IDataStore, IChannelRecords>, IChannelRecords,
+                                      IProvideClassInfo, ObjectSafety<IDataStore>> {
 public:
     STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
                                DISPID* ids) noexcept override;
     STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO* exception, UINT* wrongArgument) noexcept override;
 
-    // A reference to an array that lives as long as this object; who keeps the table longer copies it.
+    // A new array at each question, which the caller owns: a reference to one of ours would dangle behind typed callers
+    // and be freed by the stub of another apartment. Who wants one record asks with its index, or through
+    // IChannelRecords.
     STDMETHODIMP get_ChannelTable(VARIANT* table) noexcept override;
+    STDMETHODIMP Record(short index, IChannelRecord** record) noexcept override;
     STDMETHODIMP get_ConfigRecords(IConfigRecords** records) noexcept override;
 
 // NOLINTBEGIN(bugprone-macro-parentheses): a type cannot stand in parentheses
@@ -87,13 +87,9 @@ public:
 
 private:
     [[nodiscard]] store::ReferenceDataStore& store() const noexcept { return table_->store(); }
-    [[nodiscard]] RecordArray& records();
     [[nodiscard]] ConfigRecords& configRecords();
     void refuseToTheDistrusted() const;
 
-    // For late-bound callers that ask for a property and nothing else: among them is a script engine that does not take
-    // references. Those that ask for a property or a method, as most do, get the reference.
-    [[nodiscard]] HRESULT copyOfTable(VARIANT* table) noexcept;
     [[nodiscard]] HRESULT element(const VARIANT& index, VARIANT* record, UINT* wrongArgument) noexcept;
     [[nodiscard]] HRESULT get(model::StoreMember member, VARIANT* value) noexcept;
     [[nodiscard]] HRESULT put(model::StoreMember member, const VARIANT& value) noexcept;
@@ -109,8 +105,7 @@ private:
     [[nodiscard]] HRESULT put(model::StoreMember member, BSTR value) noexcept;
 
     ComPointer<SharedTable> table_ = make<SharedTable>();
-    std::optional<RecordArray> records_;       // made when first asked for
-    ComPointer<ConfigRecords> configRecords_;  // likewise
+    ComPointer<ConfigRecords> configRecords_;  // made when first asked for
 };
 
 }  // namespace telvar::com

@@ -2,9 +2,11 @@
 #include "com/store/data_store.h"
 
 #include "base/conversion.h"
+#include "base/failure.h"
 #include "com/kit/value.h"
 #include "com/store/dispatch_names.h"
 #include "com/store/plain_call.h"
+#include "com/store/record_array.h"
 
 namespace telvar::com {
 
@@ -47,7 +49,7 @@ STDMETHODIMP DataStore::Invoke(DISPID member, REFIID reserved, LCID locale, WORD
                                VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) noexcept {
     if (member == channelTableId) {
         if (isPlainGet(reserved, flags, arguments, result)) {
-            return (flags & DISPATCH_METHOD) != 0 ? get_ChannelTable(result) : copyOfTable(result);
+            return get_ChannelTable(result);
         }
         if (isIndexedGet(reserved, flags, arguments, result)) {
             return element(arguments->rgvarg[0], result, wrongArgument);
@@ -74,11 +76,20 @@ STDMETHODIMP DataStore::Invoke(DISPID member, REFIID reserved, LCID locale, WORD
 }
 
 STDMETHODIMP DataStore::get_ChannelTable(VARIANT* table) noexcept {
-    return guarded([&] { records().answer(deref(table)); });
+    return guarded([&] {
+        VARIANT& answer = deref(table);
+        answer = recordArray(*table_).detach();
+    });
 }
 
-HRESULT DataStore::copyOfTable(VARIANT* table) noexcept {
-    return guarded([&] { *table = records().copy().detach(); });
+STDMETHODIMP DataStore::Record(short index, IChannelRecord** record) noexcept {
+    return guarded([&] {
+        deref(record) = nullptr;
+        if (index < 0 || index >= model::channelCount) {
+            throw base::SubscriptFailure();
+        }
+        *record = keepAlive(&table_->record(index)).detach();
+    });
 }
 
 STDMETHODIMP DataStore::get_ConfigRecords(IConfigRecords** records) noexcept {
@@ -119,13 +130,6 @@ ConfigRecords& DataStore::configRecords() {
         configRecords_ = make<ConfigRecords>(*table_);
     }
     return *configRecords_;
-}
-
-RecordArray& DataStore::records() {
-    if (!records_) {
-        records_.emplace(*table_);
-    }
-    return *records_;
 }
 
 }  // namespace telvar::com

@@ -7,8 +7,6 @@
 namespace telvar::tests {
 namespace {
 
-constexpr VARTYPE referenceToArray = VT_BYREF | VT_ARRAY | VT_VARIANT;
-
 class ChannelTable : public StoreWorld {
 protected:
     [[nodiscard]] HRESULT element(const Variant& index, Variant& result) const {
@@ -22,10 +20,10 @@ protected:
     return *static_cast<VARIANT*>(element);
 }
 
-TEST_F(ChannelTable, IsAReferenceToAnArrayOf255Records) {
+TEST_F(ChannelTable, IsAnArrayOf255Records) {
     const Variant table = get(*store, "ChannelTable");
-    ASSERT_EQ(table.type(), referenceToArray);
-    SAFEARRAY* const array = *V_ARRAYREF(&table.get());
+    ASSERT_EQ(table.type(), VT_ARRAY | VT_VARIANT);
+    SAFEARRAY* const array = V_ARRAY(&table.get());
     EXPECT_EQ(SafeArrayGetDim(array), 1U);
     LONG bound = -1;
     ASSERT_EQ(SafeArrayGetLBound(array, 1, &bound), S_OK);
@@ -39,53 +37,50 @@ TEST_F(ChannelTable, IsAReferenceToAnArrayOf255Records) {
     }
 }
 
-TEST_F(ChannelTable, IsTheSameForEarlyBoundCallers) {
-    const Variant late = get(*store, "ChannelTable");
-    Variant early;
-    ASSERT_EQ(store->get_ChannelTable(early.put()), S_OK);
-    ASSERT_EQ(early.type(), referenceToArray);
-    EXPECT_EQ(*V_ARRAYREF(&early.get()), *V_ARRAYREF(&late.get()));
-    EXPECT_EQ(store->get_ChannelTable(nullptr), E_POINTER);
-}
-
-TEST_F(ChannelTable, IsACopyForCallersThatAskForAPropertyAlone) {
+// Late-bound in every way in which callers ask, and typed.
+TEST_F(ChannelTable, BelongsToWhoeverAskedForIt) {
     put(*record(7), "TxFreq", Variant(std::int32_t{66}));
-    Variant copy;
-    ASSERT_EQ(com::tryInvoke(*store, com::memberOf(*store, "ChannelTable"), DISPATCH_PROPERTYGET, {}, copy), S_OK);
-    ASSERT_EQ(copy.type(), VT_ARRAY | VT_VARIANT);
-    SAFEARRAY* const array = V_ARRAY(&copy.get());
-    LONG bound = -1;
-    ASSERT_EQ(SafeArrayGetUBound(array, 1, &bound), S_OK);
-    EXPECT_EQ(bound, 254);
-    EXPECT_EQ(V_DISPATCH(&elementOf(array, 7)), record(7).get());
-    VARIANT& element = const_cast<VARIANT&>(elementOf(array, 7));
-    EXPECT_EQ(VariantClear(&element), S_OK);
-    Variant result;
-    ASSERT_EQ(callCode(*store, "ChannelTable", {Variant(std::int16_t{7})}, result), S_OK);
-    EXPECT_EQ(textOf(get(*objectIn<IDispatch>(result), "TxFreq")), "66");
-}
-
-TEST_F(ChannelTable, CannotBeDestroyedThroughTheReference) {
-    const Variant table = get(*store, "ChannelTable");
-    SAFEARRAY* const array = *V_ARRAYREF(&table.get());
-    EXPECT_EQ(SafeArrayDestroy(array), DISP_E_ARRAYISLOCKED);
-    SAFEARRAYBOUND shorter{3, 0};
-    EXPECT_EQ(SafeArrayRedim(array, &shorter), DISP_E_ARRAYISLOCKED);
-    EXPECT_EQ(elementOf(array, 254).vt, VT_DISPATCH);
-}
-
-TEST_F(ChannelTable, CanBeCopiedAndOutlivesTheStoreSo) {
-    put(*record(4), "TxFreq", Variant(std::int32_t{156'300'000}));
-    Variant copy;
-    {
-        Variant table = get(*store, "ChannelTable");
-        ASSERT_EQ(VariantCopyInd(copy.put(), &table.get()), S_OK);
+    std::vector<Variant> tables(4);
+    const auto member = com::memberOf(*store, "ChannelTable");
+    ASSERT_EQ(com::tryInvoke(*store, member, DISPATCH_PROPERTYGET, {}, tables[0]), S_OK);
+    ASSERT_EQ(com::tryInvoke(*store, member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}, tables[1]), S_OK);
+    ASSERT_EQ(store->get_ChannelTable(tables[2].put()), S_OK);
+    ASSERT_EQ(store->get_ChannelTable(tables[3].put()), S_OK);
+    EXPECT_EQ(store->get_ChannelTable(nullptr), E_POINTER);
+    for (Variant& table : tables) {
+        ASSERT_EQ(table.type(), VT_ARRAY | VT_VARIANT);
+        VARIANT& element = const_cast<VARIANT&>(elementOf(V_ARRAY(&table.get()), 7));
+        EXPECT_EQ(V_DISPATCH(&element), record(7).get());
+        EXPECT_EQ(VariantClear(&element), S_OK);
+        EXPECT_EQ(SafeArrayDestroy(V_ARRAY(&table.get())), S_OK);
+        V_VT(&table.get()) = VT_EMPTY;
     }
+    EXPECT_EQ(textOf(get(*record(7), "TxFreq")), "66");
+}
+
+TEST_F(ChannelTable, OutlivesTheStore) {
+    put(*record(4), "TxFreq", Variant(std::int32_t{156'300'000}));
+    const Variant table = get(*store, "ChannelTable");
     store.reset();
     EXPECT_FALSE(server.canUnload());
-    ASSERT_EQ(copy.type(), VT_ARRAY | VT_VARIANT);
-    const auto kept = ComPointer<IDispatch>(V_DISPATCH(&elementOf(V_ARRAY(&copy.get()), 4)));
+    const auto kept = ComPointer<IDispatch>(V_DISPATCH(&elementOf(V_ARRAY(&table.get()), 4)));
     EXPECT_EQ(textOf(get(*kept, "TxFreq")), "156300000");
+}
+
+TEST_F(ChannelTable, HandsOutOneRecordAloneToWhoKnowsHowToAsk) {
+    const auto records = ComPointer<IChannelRecords>::from(store);
+    ASSERT_TRUE(records);
+    EXPECT_TRUE(com::sameObject(records.get(), store.get()));
+    for (const std::int16_t index : std::initializer_list<std::int16_t>{0, 7, 254}) {
+        ComPointer<IChannelRecord> found;
+        ASSERT_EQ(records->Record(index, found.put()), S_OK);
+        EXPECT_EQ(found.get(), record(index).get());
+    }
+    ComPointer<IChannelRecord> none;
+    EXPECT_EQ(records->Record(-1, none.put()), DISP_E_BADINDEX);
+    EXPECT_EQ(records->Record(255, none.put()), DISP_E_BADINDEX);
+    EXPECT_FALSE(none);
+    EXPECT_EQ(records->Record(0, nullptr), E_POINTER);
 }
 
 TEST_F(ChannelTable, WithOneArgumentIsThatElement) {
