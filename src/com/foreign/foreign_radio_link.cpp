@@ -2,11 +2,14 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 
 #include "base/conversion.h"
+#include "base/failure.h"
 #include "com/foreign/foreign_reference.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/value.h"
@@ -26,6 +29,17 @@ enum Operation : std::size_t {
     Succeeded
 };
 
+// What the link left in a variable of the caller, who keeps the former value where that is nothing of the kind: a link
+// may leave Null or an object there, and has accepted the call all the same.
+template <class T>
+void takeBack(T& variable, const std::function<T()>& left) {
+    try {
+        variable = left();
+    } catch (const base::ConversionFailure&) {
+        return;
+    }
+}
+
 // A call may let the host run, which may drop the link: every operation keeps the adapter itself alive to its end.
 class ForeignRadioLink final : public model::RadioLink, public std::enable_shared_from_this<ForeignRadioLink> {
 public:
@@ -36,8 +50,8 @@ public:
     void LoadChannelTable(std::string& text, bool& flag) override {
         std::array references{ReferenceArgument(base::Value{text}), ReferenceArgument(base::Value{flag})};
         call(Operation::LoadChannelTable, references);
-        text = base::toText(references[0].value());
-        flag = base::isTrue(references[1].value());
+        takeBack<std::string>(text, [&] { return base::toText(references[0].value()); });
+        takeBack<bool>(flag, [&] { return base::isTrue(references[1].value()); });
     }
 
     void AbortTransfer() override { call(Operation::AbortTransfer, {}); }
@@ -53,7 +67,7 @@ private:
     void callWithText(Operation operation, std::string& text) {
         std::array references{ReferenceArgument(base::Value{text})};
         call(operation, references);
-        text = base::toText(references[0].value());
+        takeBack<std::string>(text, [&] { return base::toText(references[0].value()); });
     }
 
     // Nothing where the link has no such property.
@@ -73,8 +87,8 @@ private:
     }
 
     ComPointer<IDispatch> link_;
-    KnownMembers members_{{L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues",
-                           L"SelectChannel", L"Busy", L"Succeeded"}};
+    MembersOfKind members_{{L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues",
+                            L"SelectChannel", L"Busy", L"Succeeded"}};
 };
 
 }  // namespace
