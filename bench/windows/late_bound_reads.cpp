@@ -60,20 +60,17 @@ void measure() {
     for (int index = 0; index < 255; ++index) {
         adapter->writeChannel(static_cast<std::int16_t>(index), model::ChannelKey::TxFreq, std::int32_t{145'000'000});
     }
-    const DISPID tableId = numberOf(*store, L"ChannelTable");
-    com::Variant answer;
-    bareGet(*store, tableId, answer);
-    const auto records = static_cast<VARIANT*>((*V_ARRAYREF(&answer.get()))->pvData);
-    const ComPointer<IDispatch> record(V_DISPATCH(&records[100]));
+    const auto records = ComPointer<IChannelRecords>::from(store);
+    ComPointer<IChannelRecord> record;
+    com::check(records->Record(100, record.put()));
     const DISPID keyId = numberOf(*record, L"TxFreq");
 
     const auto report = [](const char* what, double cost) { std::printf("%-46s %8.1f ns\n", what, cost); };
     com::Variant value;
     const double get = costOf([&](int /*index*/) { bareGet(*record, keyId, value); });
     const double bare = costOf([&](int index) {
-        bareGet(*store, tableId, answer);
-        const ComPointer<IDispatch> held(
-            V_DISPATCH(&static_cast<VARIANT*>((*V_ARRAYREF(&answer.get()))->pvData)[index]));
+        ComPointer<IChannelRecord> held;
+        com::check(records->Record(static_cast<std::int16_t>(index), held.put()));
         bareGet(*held, keyId, value);
     });
     const double kind = costOf([&](int /*index*/) {
@@ -83,7 +80,7 @@ void measure() {
     const double through = costOf(
         [&](int index) { (void)adapter->readChannel(static_cast<std::int16_t>(index), model::ChannelKey::TxFreq); });
     report("bare get of one key of a record at hand", get);
-    report("bare get of table, record and key", bare);
+    report("bare get of a record and its key", bare);
     report("question for a record's type information", kind);
     report("one value through the adapter", through);
     std::printf("%-46s %8.2f\n", "adapter against bare", through / bare);

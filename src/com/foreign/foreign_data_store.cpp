@@ -9,10 +9,12 @@
 #include <string>
 #include <vector>
 
+#include "VexloDataStore.h"
 #include "base/conversion.h"
 #include "base/failure.h"
 #include "com/foreign/foreign_element.h"
 #include "com/foreign/foreign_reference.h"
+#include "com/kit/failure.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/text.h"
 #include "com/kit/value.h"
@@ -58,17 +60,19 @@ constexpr std::size_t scalingKey = model::channelKeyCount;
 // adapter itself alive to its end, and each record is counted while it is asked.
 class ForeignDataStore final : public model::DataStore, public std::enable_shared_from_this<ForeignDataStore> {
 public:
-    explicit ForeignDataStore(IDispatch& store) : store_(&store) {}
+    explicit ForeignDataStore(IDispatch& store)
+        : store_(&store), ownRecords_(ComPointer<IChannelRecords>::from(&store)) {}
 
     [[nodiscard]] base::Value readChannel(std::int16_t index, model::ChannelKey key) override {
         const auto alive = shared_from_this();
-        return getFrom(*channelRecord(index), static_cast<std::size_t>(key));
+        const auto record = channelRecord(index);
+        return valueOf(invoke(*record, requireKey(*record, key), getFlags));
     }
 
     void writeChannel(std::int16_t index, model::ChannelKey key, const base::Value& value) override {
         const auto alive = shared_from_this();
         const auto record = channelRecord(index);
-        putProperty(*record, recordMembers_.require(*record, static_cast<std::size_t>(key)), variantOf(value));
+        putProperty(*record, requireKey(*record, key), variantOf(value));
     }
 
     [[nodiscard]] base::Value get(model::StoreMember member) override {
@@ -83,7 +87,8 @@ public:
 
     [[nodiscard]] base::Value referenceDividerScaling() override {
         const auto alive = shared_from_this();
-        return getFrom(*element(Further::ConfigRecords, 0), scalingKey);
+        const auto record = element(Further::ConfigRecords, 0);
+        return valueOf(invoke(*record, recordMembers_.require(*record, scalingKey), getFlags));
     }
 
     void SetPotValue(std::int16_t index, std::uint8_t level) override {
@@ -110,7 +115,7 @@ public:
         const auto alive = shared_from_this();
         std::array references{ReferenceArgument(base::Value{query})};
         return base::isTrue(
-            valueOf(invokeWithReferences(*store_, require(Further::AutomaticSelect), getFlags, references)));
+            valueOf(invokeWithReferences(*store_, require(Further::AutomaticSelect), getOrCallFlags, references)));
     }
 
     [[nodiscard]] bool CheckKey(std::int16_t code) override { return base::isTrue(ask(Further::CheckKey, code)); }
@@ -127,21 +132,28 @@ public:
 private:
     [[nodiscard]] MemberId require(std::size_t name) { return storeMembers_.require(*store_, name); }
 
+    // What takes an argument is a method in most languages, a property in some.
     [[nodiscard]] base::Value ask(Further question, std::int16_t argument) {
         const auto alive = shared_from_this();
         const std::array arguments{Variant(argument)};
-        return valueOf(invoke(*store_, require(question), getFlags, arguments));
-    }
-
-    [[nodiscard]] base::Value getFrom(IDispatch& record, std::size_t key) {
-        return valueOf(invoke(record, recordMembers_.require(record, key), getFlags));
+        return valueOf(invoke(*store_, require(question), getOrCallFlags, arguments));
     }
 
     [[nodiscard]] ComPointer<IDispatch> channelRecord(std::int16_t index) {
         if (index < 0 || index >= model::channelCount) {
             throw base::SubscriptFailure();
         }
-        return element(Further::ChannelTable, index);
+        if (!ownRecords_) {
+            return element(Further::ChannelTable, index);
+        }
+        ComPointer<IChannelRecord> record;
+        checkCall(ownRecords_->Record(index, record.put()));
+        return ComPointer<IDispatch>::adopt(record.detach());
+    }
+
+    [[nodiscard]] MemberId requireKey(IDispatch& record, model::ChannelKey key) {
+        const auto name = static_cast<std::size_t>(key);
+        return ownRecords_ ? ownRecordMembers_.require(record, name) : recordMembers_.require(record, name);
     }
 
     [[nodiscard]] ComPointer<IDispatch> element(Further table, std::int16_t index) {
@@ -158,9 +170,12 @@ private:
     }
 
     ComPointer<IDispatch> store_;
-    KnownMembers storeMembers_{
+    // The same object, where it is a store of this system's own: asked for a record, it answers that alone.
+    ComPointer<IChannelRecords> ownRecords_;
+    MembersOfKind storeMembers_{
         namesOf(model::storeMembers, {L"ChannelTable", L"ConfigRecords", L"SetPotValue", L"EnterChannelSelect",
                                       L"AutomaticSelect", L"CheckKey", L"CtcssTone", L"SendPermitted", L"PotValue"})};
+    MembersOfKind ownRecordMembers_{namesOf(model::channelKeys, {})};
     KnownMembers recordMembers_{namesOf(model::channelKeys, {L"sm"})};
 };
 

@@ -2,10 +2,10 @@
 
 #include <array>
 #include <cstddef>
-
-#include <dispex.h>
+#include <string>
 
 #include "base/failure.h"
+#include "com/kit/failure.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/variant.h"
 
@@ -40,9 +40,28 @@ namespace {
     throw base::Failure("Object required");
 }
 
-// Objects written in a script are called through the extended interface only.
-[[nodiscard]] MemberId defaultMemberOf(IDispatch& object) {
-    return {DISPID_VALUE, static_cast<bool>(ComPointer<IDispatchEx>::from(&object))};
+// By the default member; where that is a method and no property, it is called.
+[[nodiscard]] Variant byDefaultMember(IDispatch& collection, MemberId item, std::int16_t index) {
+    const std::array arguments{Variant(index)};
+    try {
+        return invoke(collection, item, getFlags, arguments);
+    } catch (const ComFailure& failure) {
+        if (failure.code() != DISP_E_MEMBERNOTFOUND) {
+            throw;
+        }
+    }
+    return invoke(collection, item, DISPATCH_METHOD, arguments);
+}
+
+// The elements of an array that a script made itself are its properties, named by their numbers.
+[[nodiscard]] Variant elementOfCollection(IDispatch& collection, std::int16_t index) {
+    const MemberId item = defaultMemberOf(collection);
+    if (item.extended) {
+        if (const MemberId numbered = memberOf(collection, std::to_string(index)); numbered.known()) {
+            return invoke(collection, numbered, getFlags);
+        }
+    }
+    return byDefaultMember(collection, item, index);
 }
 
 }  // namespace
@@ -71,9 +90,7 @@ ComPointer<IDispatch> elementOf(const VARIANT& table, std::int16_t index) {
         }
         return elementOfArray(V_ARRAYREF(&own) == nullptr ? nullptr : *V_ARRAYREF(&own), elements, index);
     }
-    const auto collection = objectIn(own);
-    const std::array arguments{Variant(index)};
-    return objectIn(invoke(*collection, defaultMemberOf(*collection), getFlags, arguments).get());
+    return objectIn(elementOfCollection(*objectIn(own), index).get());
 }
 
 }  // namespace telvar::com

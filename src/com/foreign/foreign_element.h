@@ -1,5 +1,5 @@
 // One element of what a foreign object answered as a table: an array, whatever its form, is indexed where it lies and
-// never copied; an object is indexed by its default member.
+// never copied; an object is indexed by its default member, a script's own array by the names of its elements.
 #pragma once
 
 #include <cstdint>

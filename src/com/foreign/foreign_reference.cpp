@@ -2,10 +2,7 @@
 
 #include <vector>
 
-#include <dispex.h>
-
 #include "com/kit/failure.h"
-#include "com/kit/pointer.h"
 
 namespace telvar::com {
 
@@ -42,7 +39,7 @@ Variant invokeWithReferences(IDispatch& object, MemberId member, WORD flags, std
         arguments.insert(arguments.end(), values.begin(), values.end());
         return invoke(object, member, flags, arguments);
     };
-    if (member.extended || ComPointer<IDispatchEx>::from(&object)) {
+    if (member.extended) {
         return call(Passing::ForScript);
     }
     try {

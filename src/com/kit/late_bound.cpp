@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include <dispex.h>
 
@@ -53,31 +54,66 @@ void checkAbsent(HRESULT answer) {
     return SUCCEEDED(info.GetIDsOfNames(&changeable, 1, &own)) && own == id;
 }
 
+// Engines whose language knows no case may not take the question for the exact spelling.
+[[nodiscard]] HRESULT lookUpExtended(IDispatchEx& object, const std::wstring& name, DISPID& id) {
+    const Bstr text{std::wstring_view(name)};
+    const HRESULT exact = object.GetDispID(text.get(), fdexNameCaseSensitive, &id);
+    return exact == E_NOTIMPL || exact == E_INVALIDARG ? object.GetDispID(text.get(), fdexNameCaseInsensitive, &id)
+                                                       : exact;
+}
+
 // The interface takes names that it may write to, and does not.
-[[nodiscard]] MemberId lookUp(IDispatch& object, const std::wstring& name) {
-    MemberId member;
+[[nodiscard]] HRESULT lookUpPlain(IDispatch& object, const std::wstring& name, DISPID& id) {
     auto* changeable = const_cast<LPOLESTR>(name.c_str());
-    const HRESULT plain = object.GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member.id);
-    if (SUCCEEDED(plain)) {
-        return member;
-    }
-    checkAbsent(plain);
-    member.id = DISPID_UNKNOWN;
-    if (const auto extended = ComPointer<IDispatchEx>::from(&object)) {
-        const Bstr text{std::wstring_view(name)};
-        member.extended = true;
-        const HRESULT answer = extended->GetDispID(text.get(), fdexNameCaseInsensitive, &member.id);
-        if (FAILED(answer)) {
-            checkAbsent(answer);
-            member.id = DISPID_UNKNOWN;
-        }
+    return object.GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &id);
+}
+
+[[nodiscard]] MemberId lookUp(IDispatch& object, const std::wstring& name) {
+    const auto extended = ComPointer<IDispatchEx>::from(&object);
+    MemberId member{DISPID_UNKNOWN, static_cast<bool>(extended)};
+    const HRESULT answer = extended ? lookUpExtended(*extended, name, member.id) : lookUpPlain(object, name, member.id);
+    if (FAILED(answer)) {
+        checkAbsent(answer);
+        member.id = DISPID_UNKNOWN;
     }
     return member;
+}
+
+[[nodiscard]] MemberId required(MemberId member, const std::wstring& name) {
+    if (!member.known()) {
+        throw ComFailure(DISP_E_UNKNOWNNAME, "The object has no member " + narrow(name));
+    }
+    return member;
+}
+
+[[nodiscard]] ComPointer<ITypeInfo> typeInfoOf(IDispatch& object) {
+    ComPointer<ITypeInfo> info;
+    return SUCCEEDED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) ? info : nullptr;
+}
+
+// Null where it has none of its own.
+[[nodiscard]] GUID identityOf(ITypeInfo& info) {
+    TYPEATTR* attributes = nullptr;
+    if (FAILED(info.GetTypeAttr(&attributes))) {
+        return GUID_NULL;
+    }
+    const GUID id = attributes->guid;
+    info.ReleaseTypeAttr(attributes);
+    return id;
+}
+
+[[nodiscard]] bool belongsToItsKind(IDispatch& object, const std::wstring& name, DISPID id) {
+    const auto info = typeInfoOf(object);
+    return info && !IsEqualGUID(identityOf(*info), GUID_NULL) && saysSame(*info, name, id);
 }
 
 }  // namespace
 
 MemberId memberOf(IDispatch& object, std::string_view name) { return lookUp(object, wide(name)); }
+
+MemberId defaultMemberOf(IDispatch& object) {
+    return {DISPID_VALUE, static_cast<bool>(ComPointer<IDispatchEx>::from(&object))};
+}
 
 Variant invoke(IDispatch& object, MemberId member, WORD flags, std::span<const Variant> arguments) {
     EXCEPINFO exception{};
@@ -113,74 +149,53 @@ void putProperty(IDispatch& object, MemberId member, const Variant& value) {
     (void)invoke(object, member, DISPATCH_PROPERTYPUT, {&value, 1});
 }
 
-KnownMembers::KnownMembers(std::vector<std::wstring> names) : names_(std::move(names)) { kinds_.reserve(mostKinds); }
-
-KnownMembers::Kind* KnownMembers::kindOf(IDispatch& object) {
-    if (last_.get() == &object) {
-        return lastKind_;
+MemberId MembersOfKind::find(IDispatch& object, std::size_t name) {
+    if (ids_[name] != DISPID_UNKNOWN) {
+        return {ids_[name], false};
     }
-    Kind* const kind = askKind(object);
-    if (kind != nullptr) {
-        // Released last: letting an object go may call back into here.
-        ComPointer<IDispatch> previous(&object);
-        previous.swap(last_);
-        lastKind_ = kind;
+    const MemberId member = lookUp(object, names_[name]);
+    if (member.known() && !member.extended && belongsToItsKind(object, names_[name], member.id)) {
+        ids_[name] = member.id;
     }
-    return kind;
+    return member;
 }
 
-KnownMembers::Kind* KnownMembers::askKind(IDispatch& object) {
-    ComPointer<ITypeInfo> info;
-    if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) || !info) {
+MemberId MembersOfKind::require(IDispatch& object, std::size_t name) {
+    return required(find(object, name), names_[name]);
+}
+
+KnownMembers::KnownMembers(std::vector<std::wstring> names) : names_(std::move(names)) { kinds_.reserve(mostKinds); }
+
+MembersOfKind* KnownMembers::kindOf(IDispatch& object) {
+    if (ComPointer<IDispatchEx>::from(&object)) {
+        return nullptr;
+    }
+    auto info = typeInfoOf(object);
+    if (!info) {
         return nullptr;
     }
     const auto same = [&](const Kind& kind) { return kind.info == info; };
-    if (const auto found = std::find_if(kinds_.begin(), kinds_.end(), same); found != kinds_.end()) {
-        return &*found;
+    if (const auto found = std::ranges::find_if(kinds_, same); found != kinds_.end()) {
+        return &found->members;
     }
-    TYPEATTR* attributes = nullptr;
-    if (FAILED(info->GetTypeAttr(&attributes))) {
-        return nullptr;
-    }
-    const GUID id = attributes->guid;
-    info->ReleaseTypeAttr(attributes);
+    const GUID id = identityOf(*info);
     if (IsEqualGUID(id, GUID_NULL)) {
         return nullptr;
     }
     const auto alike = [&](const Kind& kind) { return IsEqualGUID(kind.id, id); };
-    if (const auto found = std::find_if(kinds_.begin(), kinds_.end(), alike); found != kinds_.end()) {
-        return &*found;
+    if (const auto found = std::ranges::find_if(kinds_, alike); found != kinds_.end()) {
+        return &found->members;
     }
     if (kinds_.size() >= mostKinds) {
         return nullptr;
     }
-    kinds_.push_back({std::move(info), id, std::vector<DISPID>(names_.size(), DISPID_UNKNOWN)});
-    return &kinds_.back();
-}
-
-void KnownMembers::remember(IDispatch& object, std::size_t name, DISPID id) {
-    if (Kind* const kind = kindOf(object); kind != nullptr && saysSame(*kind->info, names_[name], id)) {
-        kind->members[name] = id;
-    }
-}
-
-MemberId KnownMembers::find(IDispatch& object, std::size_t name) {
-    if (const Kind* const kind = kindOf(object); kind != nullptr && kind->members[name] != DISPID_UNKNOWN) {
-        return {kind->members[name], false};
-    }
-    const MemberId member = lookUp(object, names_[name]);
-    if (member.known() && !member.extended) {
-        remember(object, name, member.id);
-    }
-    return member;
+    kinds_.push_back({.info = std::move(info), .id = id, .members = MembersOfKind(names_)});
+    return &kinds_.back().members;
 }
 
 MemberId KnownMembers::require(IDispatch& object, std::size_t name) {
-    const MemberId member = find(object, name);
-    if (!member.known()) {
-        throw ComFailure(DISP_E_UNKNOWNNAME, "The object has no member " + narrow(names_[name]));
-    }
-    return member;
+    MembersOfKind* const kind = kindOf(object);
+    return kind != nullptr ? kind->require(object, name) : required(lookUp(object, names_[name]), names_[name]);
 }
 
 }  // namespace telvar::com

@@ -1,6 +1,7 @@
-// Calls to foreign objects by name. Dispatch numbers are remembered only for objects that show the same type
-// information with an identity of its own; any other object is asked each time, by the extended dispatch interface
-// where the plain one does not answer (objects written in a script).
+// Calls to foreign objects by name. Objects with the extended dispatch interface, among them all that are written in a
+// script, are called through that alone: they are asked for each name every time, in its exact spelling, and never for
+// type information, which some engines do not survive. Of the others, dispatch numbers are remembered for those that
+// show type information with an identity of its own; the rest is asked each time too.
 #pragma once
 
 #include <cstddef>
@@ -22,8 +23,12 @@ struct MemberId {
     [[nodiscard]] bool known() const noexcept { return id != DISPID_UNKNOWN; }
 };
 
-// Asks the object itself; unknown where it has no such member. An object that cannot be reached is a failure.
+// Asks the object itself; unknown where it has no such member. An object that cannot be reached is a failure. A name is
+// matched by its exact spelling where the object can tell (plain automation cannot).
 [[nodiscard]] MemberId memberOf(IDispatch& object, std::string_view name);
+
+// The member without a name that stands for the object where a value is wanted.
+[[nodiscard]] MemberId defaultMemberOf(IDispatch& object);
 
 // Calls a member, arguments in the order of their declaration. A failure is thrown with the callee's own description:
 // that of the exception record, else the thread's error information where the object has such, else the code's words.
@@ -31,17 +36,21 @@ struct MemberId {
 // The same for a caller who wants the bare result code: DISP_E_EXCEPTION where the callee described its failure.
 [[nodiscard]] HRESULT tryInvoke(IDispatch& object, MemberId member, WORD flags, std::span<const Variant> arguments,
                                 Variant& result);
-inline constexpr WORD getFlags = DISPATCH_PROPERTYGET | DISPATCH_METHOD;
+// Reading a property. Callers that do not know whether they read a property or call a method say both, as scripts do in
+// an expression; some engines then refuse a plain data property, so that a known property is only got.
+inline constexpr WORD getFlags = DISPATCH_PROPERTYGET;
+inline constexpr WORD getOrCallFlags = DISPATCH_PROPERTYGET | DISPATCH_METHOD;
 
 // Property put; objects are put by reference first and plainly where that is refused.
 void putProperty(IDispatch& object, MemberId member, const Variant& value);
 
-// The members that a caller knows by name, by position in `names`. A dispatch number is remembered only where the type
-// information says the same of the name: numbers that an object invents for itself (a script's, a page's) are nobody
-// else's, and neither is the knowledge that a member is missing.
-class KnownMembers {
+// The members of one object, or of objects that are known to be of one kind, by position in `names`. A dispatch number
+// is remembered only where the type information says the same of the name: numbers that an object invents for itself (a
+// page's) are nobody else's, and neither is the knowledge that a member is missing.
+class MembersOfKind {
 public:
-    explicit KnownMembers(std::vector<std::wstring> names);
+    explicit MembersOfKind(std::vector<std::wstring> names)
+        : names_(std::move(names)), ids_(names_.size(), DISPID_UNKNOWN) {}
 
     // Unknown where the object has no such member.
     [[nodiscard]] MemberId find(IDispatch& object, std::size_t name);
@@ -49,24 +58,30 @@ public:
     [[nodiscard]] MemberId require(IDispatch& object, std::size_t name);
 
 private:
+    std::vector<std::wstring> names_;
+    std::vector<DISPID> ids_;  // DISPID_UNKNOWN until asked
+};
+
+// The same of objects of any kind, each told by its type information. No object is held.
+class KnownMembers {
+public:
+    explicit KnownMembers(std::vector<std::wstring> names);
+
+    [[nodiscard]] MemberId require(IDispatch& object, std::size_t name);
+
+private:
     // Holding the type information keeps its address from meaning another kind later.
     struct Kind {
         ComPointer<ITypeInfo> info;
         GUID id{};
-        std::vector<DISPID> members;  // DISPID_UNKNOWN until asked
+        MembersOfKind members;
     };
 
-    [[nodiscard]] Kind* kindOf(IDispatch& object);
-    [[nodiscard]] Kind* askKind(IDispatch& object);
-    void remember(IDispatch& object, std::size_t name, DISPID id);
+    // Null for an object that is asked each time.
+    [[nodiscard]] MembersOfKind* kindOf(IDispatch& object);
 
     std::vector<std::wstring> names_;
     std::vector<Kind> kinds_;  // never moves in memory: objects that are asked may call back into here
-
-    // A row of a table is many reads of one object, so the last one that has a kind is recognised by its address. It is
-    // held for that: an address alone could by now be another object's.
-    ComPointer<IDispatch> last_;
-    Kind* lastKind_ = nullptr;
 };
 
 }  // namespace telvar::com

@@ -4,6 +4,8 @@
 #include <limits>
 #include <type_traits>
 
+#include "com/kit/late_bound.h"
+
 namespace telvar::com {
 
 namespace {
@@ -42,9 +44,7 @@ template <class Integer>
         return base::Unusable{};
     }
     Variant answer;
-    DISPPARAMS none{};
-    if (FAILED(object->Invoke(DISPID_VALUE, IID_NULL, LOCALE_INVARIANT, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
-                              answer.put(), nullptr, nullptr))) {
+    if (FAILED(tryInvoke(*object, defaultMemberOf(*object), getOrCallFlags, {}, answer))) {
         return base::Unusable{};
     }
     const VARIANT& own = dereferenced(answer.get());

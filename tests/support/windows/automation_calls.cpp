@@ -17,7 +17,7 @@ namespace {
 }  // namespace
 
 Variant get(IDispatch& object, const std::string& name, const Arguments& arguments) {
-    return com::invoke(object, member(object, name), com::getFlags, arguments);
+    return com::invoke(object, member(object, name), com::getOrCallFlags, arguments);
 }
 
 void put(IDispatch& object, const std::string& name, const Variant& value) {
@@ -30,7 +30,7 @@ HRESULT putCode(IDispatch& object, const std::string& name, const Variant& value
 }
 
 HRESULT callCode(IDispatch& object, const std::string& name, const Arguments& arguments, Variant& result) {
-    return com::tryInvoke(object, member(object, name), com::getFlags, arguments, result);
+    return com::tryInvoke(object, member(object, name), com::getOrCallFlags, arguments, result);
 }
 
 std::string errorDescription() {

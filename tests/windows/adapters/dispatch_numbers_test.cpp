@@ -98,18 +98,17 @@ TEST_F(DispatchNumbers, AnObjectIsNotMistakenForOneThatLayAtItsAddress) {
     }
 }
 
-TEST_F(DispatchNumbers, TheLastRecordIsHeldAndNoOther) {
+TEST_F(DispatchNumbers, NoRecordIsHeldBetweenTwoCalls) {
     giveKind(first(), oneKind);
     giveKind(second(), otherKind);
+    second().isScript = true;
     const ULONG before = first().references();
-    for (int round = 0; round < 3; ++round) {
-        (void)store.read(0);
-    }
-    EXPECT_EQ(first().references(), before + 1);
-    (void)store.read(1);
+    (void)store.read(0);
     EXPECT_EQ(first().references(), before);
-    EXPECT_EQ(second().references(), before + 1);
-    store.adapter.reset();
+    store.write(0, std::int32_t{1});
+    EXPECT_EQ(first().references(), before);
+    (void)store.read(1);
+    store.write(1, std::int32_t{1});
     EXPECT_EQ(second().references(), before);
 }
 
@@ -128,6 +127,17 @@ TEST_F(DispatchNumbers, AScriptsNumbersAreNeverRemembered) {
     giveKind(second(), oneKind);
     readBoth();
     EXPECT_EQ(asked(), std::pair(3, 3));
+}
+
+TEST_F(DispatchNumbers, AScriptIsNeverAskedForTypeInformation) {
+    first().isScript = true;
+    store.object->isScript = true;
+    giveKind(first(), oneKind);
+    giveKind(*store.object, otherKind);
+    EXPECT_EQ(store.read(0), FakeStore::frequencyOf(0));
+    store.write(0, std::int32_t{1});
+    EXPECT_EQ(first().typeInfoAsked, 0);
+    EXPECT_EQ(store.object->typeInfoAsked, 0);
 }
 
 TEST_F(DispatchNumbers, AMissingMemberIsAskedForAgain) {

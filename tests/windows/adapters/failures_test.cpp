@@ -123,7 +123,11 @@ protected:
         record->with(L"TxFreq", failing(property(values[0])))
             .with(L"scan", failing(property(values[1])))
             .with(L"sm", failing(property(values[2])));
-        collection->withDefault(failing([this](const Call& call) { return call.answer(objectVariant(record)); }));
+        collection->withDefault([this, element = failing([this](const Call& call) {
+                                           return call.answer(objectVariant(record));
+                                       })](const Call& call) {
+            return call.flags == DISPATCH_PROPERTYGET ? element(call) : DISP_E_MEMBERNOTFOUND;
+        });
         object->with(L"ChannelTable", failing(constant(objectVariant(collection))))
             .with(L"ConfigRecords", failing(constant(objectVariant(collection))))
             .with(L"TableOpen", failing(property(values[3])))

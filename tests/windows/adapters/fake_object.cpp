@@ -102,6 +102,7 @@ STDMETHODIMP FakeObject::GetTypeInfoCount(UINT* count) noexcept {
 }
 
 STDMETHODIMP FakeObject::GetTypeInfo(UINT /*index*/, LCID /*locale*/, ITypeInfo** info) noexcept {
+    ++typeInfoAsked;
     *info = nullptr;
     if (FAILED(typeInfoAnswer)) {
         return typeInfoAnswer;
@@ -113,7 +114,7 @@ STDMETHODIMP FakeObject::GetTypeInfo(UINT /*index*/, LCID /*locale*/, ITypeInfo*
     return S_OK;
 }
 
-HRESULT FakeObject::find(const OLECHAR* name, DISPID& id) {
+HRESULT FakeObject::find(const OLECHAR* name, Comparison compare, DISPID& id) {
     ++namesAsked;
     if (uponName) {
         uponName();
@@ -123,7 +124,7 @@ HRESULT FakeObject::find(const OLECHAR* name, DISPID& id) {
         return namesAnswer;
     }
     for (std::size_t at = 0; at < members_.size(); ++at) {
-        if (_wcsicmp(members_[at].name.c_str(), name) == 0) {
+        if (compare(members_[at].name.c_str(), name) == 0) {
             id = firstNumber + static_cast<DISPID>(at);
             return S_OK;
         }
@@ -133,10 +134,15 @@ HRESULT FakeObject::find(const OLECHAR* name, DISPID& id) {
 
 STDMETHODIMP FakeObject::GetIDsOfNames(REFIID /*reserved*/, LPOLESTR* names, UINT count, LCID /*locale*/,
                                        DISPID* ids) noexcept {
-    return isScript ? E_NOTIMPL : count == 1 ? find(names[0], ids[0]) : DISP_E_UNKNOWNNAME;
+    return isScript ? E_NOTIMPL : count == 1 ? find(names[0], &_wcsicmp, ids[0]) : DISP_E_UNKNOWNNAME;
 }
 
-STDMETHODIMP FakeObject::GetDispID(BSTR name, DWORD /*options*/, DISPID* id) noexcept { return find(name, *id); }
+STDMETHODIMP FakeObject::GetDispID(BSTR name, DWORD options, DISPID* id) noexcept {
+    if (options == fdexNameCaseSensitive) {
+        return tellsCase ? find(name, &std::wcscmp, *id) : E_NOTIMPL;
+    }
+    return options == fdexNameCaseInsensitive ? find(name, &_wcsicmp, *id) : E_INVALIDARG;
+}
 
 STDMETHODIMP FakeObject::Invoke(DISPID member, REFIID /*reserved*/, LCID /*locale*/, WORD flags, DISPPARAMS* arguments,
                                 VARIANT* result, EXCEPINFO* exception, UINT* /*wrongArgument*/) noexcept {

@@ -95,6 +95,8 @@ public:
     DISPID firstNumber = 1;
     // Like an object of a script engine: the plain interface answers nothing, the extended one everything.
     bool isScript = false;
+    // Of the extended interface: whether it takes a question for a name's exact spelling.
+    bool tellsCase = true;
     bool supportsErrorInfo = false;
     ComPointer<ITypeInfo> typeInfo;
     HRESULT typeInfoAnswer = S_OK;  // of asking for it
@@ -102,6 +104,7 @@ public:
     std::function<void()> uponName;
 
     int namesAsked = 0;
+    int typeInfoAsked = 0;
     int calls = 0;
     int counted = 0;  // times that somebody took a reference
     [[nodiscard]] ULONG references() const { return references_; }
@@ -142,7 +145,8 @@ private:
     };
 
     virtual ~FakeObject() { --alive; }
-    [[nodiscard]] HRESULT find(const OLECHAR* name, DISPID& id);
+    using Comparison = int (*)(const wchar_t* left, const wchar_t* right);
+    [[nodiscard]] HRESULT find(const OLECHAR* name, Comparison compare, DISPID& id);
     [[nodiscard]] HRESULT call(DISPID id, WORD flags, const DISPPARAMS& arguments, VARIANT* result,
                                EXCEPINFO* exception);
 

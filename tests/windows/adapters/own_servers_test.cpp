@@ -9,6 +9,7 @@
 #include "base/failure.h"
 #include "com/foreign/foreign_data_store.h"
 #include "com/foreign/foreign_radio_link.h"
+#include "com/kit/object.h"
 #include "support/windows/loaded_server.h"
 
 namespace telvar::com::test {
@@ -63,6 +64,45 @@ TEST_F(OwnStore, GivesBackEveryKeyOfEveryChannel) {
                 << index << " " << info.name;
         }
     }
+}
+
+// Says how often it was asked for the whole table.
+class CountingStore final : public Object<IDispatch> {
+public:
+    explicit CountingStore(IDispatch* behind) : behind_(behind) {}
+    int tables = 0;
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
+        return IsEqualIID(iid, __uuidof(IChannelRecords)) ? behind_->QueryInterface(iid, object)
+                                                          : Object::QueryInterface(iid, object);
+    }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override { return behind_->GetTypeInfoCount(count); }
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override {
+        return behind_->GetTypeInfo(index, locale, info);
+    }
+    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
+                               DISPID* ids) noexcept override {
+        return behind_->GetIDsOfNames(reserved, names, count, locale, ids);
+    }
+    STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                        EXCEPINFO* exception, UINT* wrongArgument) noexcept override {
+        constexpr DISPID channelTable = 1;
+        tables += member == channelTable ? 1 : 0;
+        return behind_->Invoke(member, reserved, locale, flags, arguments, result, exception, wrongArgument);
+    }
+
+private:
+    ComPointer<IDispatch> behind_;
+};
+
+TEST_F(OwnStore, IsAskedForOneRecordAndNotForTheTable) {
+    const auto object = server.create<IDispatch>(__uuidof(::DataStore));
+    const auto counting = make<CountingStore>(object.get());
+    const auto adapter = adaptDataStore(counting.get());
+    adapter->writeChannel(254, ChannelKey::TxFreq, std::int32_t{446'000'000});
+    EXPECT_EQ(adapter->readChannel(254, ChannelKey::TxFreq), base::Value{std::int32_t{446'000'000}});
+    EXPECT_EQ(adapter->readChannel(0, ChannelKey::TxFreq), base::Value{std::int32_t{0}});
+    EXPECT_EQ(counting->tables, 0);
 }
 
 TEST_F(OwnStore, HasEveryMember) {

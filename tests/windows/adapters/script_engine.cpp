@@ -12,6 +12,7 @@ namespace {
 using Parser = IActiveScriptParse;
 
 constexpr CLSID visualBasicScript{0xB54F3741, 0x5B07, 0x11CF, {0xA4, 0xB0, 0x00, 0xAA, 0x00, 0x4A, 0x55, 0xE8}};
+constexpr CLSID javaScript{0xF414C260, 0x6AC0, 0x11CF, {0xB6, 0xD1, 0x00, 0xAA, 0x00, 0xBB, 0xBB, 0x58}};
 
 // A host that gives the script nothing and leaves its errors to whoever called it.
 class Site final : public Object<IActiveScriptSite> {
@@ -36,10 +37,10 @@ public:
 
 }  // namespace
 
-ScriptEngine::ScriptEngine() : site_(make<Site>().get()) {
+ScriptEngine::ScriptEngine(Language language) : site_(make<Site>().get()) {
     check(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-    check(
-        CoCreateInstance(visualBasicScript, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript), engine_.putVoid()));
+    check(CoCreateInstance(language == Language::Java ? javaScript : visualBasicScript, nullptr, CLSCTX_INPROC_SERVER,
+                           __uuidof(IActiveScript), engine_.putVoid()));
     check(engine_->SetScriptSite(site_.get()));
     check(ComPointer<Parser>::from(engine_)->InitNew());
     check(engine_->SetScriptState(SCRIPTSTATE_CONNECTED));
@@ -66,7 +67,7 @@ ComPointer<IDispatch> ScriptEngine::global() const {
 
 ComPointer<IDispatch> ScriptEngine::object(std::string_view function) {
     const auto script = global();
-    const Variant answer = invoke(*script, memberOf(*script, function), getFlags);
+    const Variant answer = invoke(*script, memberOf(*script, function), getOrCallFlags);
     const VARIANT& own = dereferenced(answer.get());
     return V_VT(&own) == VT_DISPATCH ? ComPointer<IDispatch>(V_DISPATCH(&own)) : nullptr;
 }

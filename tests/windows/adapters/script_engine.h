@@ -1,4 +1,4 @@
-// The system's own script engine in this process, so that stores and links can be written in a script.
+// The system's own script engines in this process, so that stores and links can be written in a script.
 #pragma once
 
 #include <string>
@@ -13,7 +13,9 @@ namespace telvar::com::test {
 
 class ScriptEngine {
 public:
-    ScriptEngine();
+    enum class Language { VisualBasic, Java };
+
+    explicit ScriptEngine(Language language = Language::VisualBasic);
     ScriptEngine(const ScriptEngine&) = delete;
     ScriptEngine& operator=(const ScriptEngine&) = delete;
     ScriptEngine(ScriptEngine&&) = delete;

@@ -27,7 +27,7 @@ protected:
     }
     [[nodiscard]] std::string textOf(const char* function) {
         const auto script = engine.global();
-        return base::toText(valueOf(invoke(*script, memberOf(*script, function), getFlags)));
+        return base::toText(valueOf(invoke(*script, memberOf(*script, function), getOrCallFlags)));
     }
 
     static constexpr std::wstring_view classes = LR"(
@@ -153,6 +153,42 @@ Class Link
   End Sub
 End Class
 
+' Leaves nothing usable behind.
+Class OddLink
+  Public Sub SelectChannel(ByRef channel)
+    Set channel = Me
+  End Sub
+  Public Sub LoadChannelTable(ByRef text, ByRef flag)
+    text = Null
+    Set flag = Nothing
+  End Sub
+  Public Sub SendPotValues(ByRef text)
+    text = Array(1, 2)
+  End Sub
+End Class
+
+Class Number
+  Public Default Property Get Value()
+    Value = 446000000
+  End Property
+End Class
+Class ObjectRecord
+  Public Property Get TxFreq()
+    Set TxFreq = New Number
+  End Property
+End Class
+Class ObjectStore
+  Public Property Get ChannelTable(index)
+    Set ChannelTable = New ObjectRecord
+  End Property
+End Class
+
+Function NewObjectStore()
+  Set NewObjectStore = New ObjectStore
+End Function
+Function NewOddLink()
+  Set NewOddLink = New OddLink
+End Function
 Function NewArrayStore()
   Set NewArrayStore = New ArrayStore
 End Function
@@ -248,6 +284,24 @@ TEST_F(Scripts, ALinkIsGivenVariablesThatItMayChange) {
     EXPECT_EQ(textOf("TheLoaded"), "pots");
     EXPECT_EQ(text, "");
     EXPECT_THROW(link->SendChannelTable(), base::Failure);
+}
+
+TEST_F(Scripts, WhatALinkLeavesInItsArgumentsAndIsNothingOfTheKindIsNoFailure) {
+    const auto link = adaptRadioLink(engine.object("NewOddLink").get());
+    std::string text = "table";
+    bool flag = true;
+    EXPECT_NO_THROW(link->LoadChannelTable(text, flag));
+    EXPECT_EQ(text, "table");
+    EXPECT_TRUE(flag);
+    EXPECT_NO_THROW(link->SelectChannel(text));
+    EXPECT_EQ(text, "table");
+    EXPECT_NO_THROW(link->SendPotValues(text));
+    EXPECT_EQ(text, "table");
+}
+
+TEST_F(Scripts, AValueThatIsAnObjectAnswersWithItsDefaultProperty) {
+    const auto table = store("NewObjectStore");
+    EXPECT_EQ(base::toInt32(table->readChannel(7, ChannelKey::TxFreq)), 446'000'000);
 }
 
 }  // namespace

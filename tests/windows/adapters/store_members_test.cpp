@@ -56,6 +56,44 @@ TEST_F(StoreMembers, EveryKeyOfARecordIsReachedByItsName) {
     }
 }
 
+// A plain data property of some script engines refuses to be called.
+TEST_F(StoreMembers, AValueIsGotAndNotCalled) {
+    std::vector<WORD> flags;
+    const auto noting = [&flags](Variant answer) -> Member {
+        return [&flags, answer = std::move(answer)](const Call& call) {
+            flags.push_back(call.flags);
+            return call.answer(answer);
+        };
+    };
+    const auto record = makeObject();
+    record->with(L"TxFreq", noting(Variant(std::int16_t{1}))).with(L"sm", noting(Variant(std::int16_t{0})));
+    const auto collection = makeObject();
+    collection->withDefault(noting(objectVariant(record)));
+    store.table = noting(objectVariant(collection));
+    store.object->with(L"ConfigRecords", noting(objectVariant(collection)))
+        .with(L"TableOpen", noting(Variant(true)))
+        .with(L"SendPermitted", noting(Variant(true)));
+    (void)store.read(0);
+    (void)store.adapter->referenceDividerScaling();
+    (void)store.adapter->get(model::StoreMember::TableOpen);
+    (void)store.adapter->SendPermitted();
+    EXPECT_EQ(flags, std::vector<WORD>(8, DISPATCH_PROPERTYGET));
+}
+
+TEST_F(StoreMembers, AKeyOfAnObjectThatTellsUpperFromLowerCaseIsFoundInItsExactSpellingOnly) {
+    Variant value(std::int16_t{1});
+    const auto record = makeObject();
+    record->isScript = true;
+    record->with(L"Scan", property(value));
+    store.records[0] = record;
+    array = arrayOf(VT_DISPATCH, 0, store.records);
+    EXPECT_THROW((void)store.adapter->readChannel(0, model::ChannelKey::scan), base::Failure);
+    record->tellsCase = false;
+    EXPECT_EQ(store.adapter->readChannel(0, model::ChannelKey::scan), base::Value{std::int16_t{1}});
+    record->isScript = false;
+    EXPECT_EQ(store.adapter->readChannel(0, model::ChannelKey::scan), base::Value{std::int16_t{1}});
+}
+
 TEST_F(StoreMembers, AMemberThatTheStoreLacksIsNamed) {
     try {
         (void)store.adapter->get(model::StoreMember::HardwareRevision);

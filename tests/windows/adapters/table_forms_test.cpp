@@ -76,6 +76,28 @@ void collection(FakeStore& store, Kept& kept) {
     store.table = constant(objectVariant(kept.collection));
 }
 
+// Its default member is a method: getting it as a property is refused.
+void collectionWithMethod(FakeStore& store, Kept& kept) {
+    kept.collection = makeObject();
+    kept.collection->withDefault([&store](const Call& call) {
+        if (call.flags != DISPATCH_METHOD) {
+            return DISP_E_MEMBERNOTFOUND;
+        }
+        return call.count() == 1 ? call.answer(objectVariant(store.records.at(indexIn(call)))) : DISP_E_BADPARAMCOUNT;
+    });
+    store.table = constant(objectVariant(kept.collection));
+}
+
+// An array that a script made itself: an object with a property for every element.
+void scriptArray(FakeStore& store, Kept& kept) {
+    kept.collection = makeObject();
+    kept.collection->isScript = true;
+    for (std::size_t at = 0; at < store.records.size(); ++at) {
+        kept.collection->with(std::to_wstring(at), constant(objectVariant(store.records[at])));
+    }
+    store.table = constant(objectVariant(kept.collection));
+}
+
 template <HRESULT Refusal>
 void withArgument(FakeStore& store, Kept& /*kept*/) {
     store.table = [&store](const Call& call) {
@@ -103,24 +125,22 @@ protected:
     FakeStore store;
 };
 
-INSTANTIATE_TEST_SUITE_P(Each, TableForms,
-                         testing::Values(Form{"ObjectsByValueFrom0", byValue<VT_DISPATCH, 0>},
-                                         Form{"ObjectsByValueFrom1", byValue<VT_DISPATCH, 1>},
-                                         Form{"VariantsByValueFrom0", byValue<VT_VARIANT, 0>},
-                                         Form{"VariantsByValueFrom1", byValue<VT_VARIANT, 1>},
-                                         Form{"UnknownsByValueFrom0", byValue<VT_UNKNOWN, 0>},
-                                         Form{"ObjectsByReferenceFrom0", byReference<VT_DISPATCH, 0>},
-                                         Form{"ObjectsByReferenceFrom1", byReference<VT_DISPATCH, 1>},
-                                         Form{"VariantsByReferenceFrom0", byReference<VT_VARIANT, 0>},
-                                         Form{"VariantsByReferenceFrom1", byReference<VT_VARIANT, 1>},
-                                         Form{"ReferenceToVariant", referenceToVariant},
-                                         Form{"ElementsByReference", elementsByReference},
-                                         Form{"ObjectWithDefaultMember", collection<false>},
-                                         Form{"ScriptObjectWithDefaultMember", collection<true>},
-                                         Form{"PropertyWithArgument", withArgument<DISP_E_BADPARAMCOUNT>},
-                                         Form{"PropertyWithArgumentNotOptional", withArgument<DISP_E_PARAMNOTOPTIONAL>},
-                                         Form{"PropertyWithArgumentInScript", withArgumentInScript}),
-                         [](const testing::TestParamInfo<Form>& form) { return form.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Each, TableForms,
+    testing::Values(
+        Form{"ObjectsByValueFrom0", byValue<VT_DISPATCH, 0>}, Form{"ObjectsByValueFrom1", byValue<VT_DISPATCH, 1>},
+        Form{"VariantsByValueFrom0", byValue<VT_VARIANT, 0>}, Form{"VariantsByValueFrom1", byValue<VT_VARIANT, 1>},
+        Form{"UnknownsByValueFrom0", byValue<VT_UNKNOWN, 0>},
+        Form{"ObjectsByReferenceFrom0", byReference<VT_DISPATCH, 0>},
+        Form{"ObjectsByReferenceFrom1", byReference<VT_DISPATCH, 1>},
+        Form{"VariantsByReferenceFrom0", byReference<VT_VARIANT, 0>},
+        Form{"VariantsByReferenceFrom1", byReference<VT_VARIANT, 1>}, Form{"ReferenceToVariant", referenceToVariant},
+        Form{"ElementsByReference", elementsByReference}, Form{"ObjectWithDefaultMember", collection<false>},
+        Form{"ScriptObjectWithDefaultMember", collection<true>}, Form{"ObjectWithDefaultMethod", collectionWithMethod},
+        Form{"ArrayOfAScript", scriptArray}, Form{"PropertyWithArgument", withArgument<DISP_E_BADPARAMCOUNT>},
+        Form{"PropertyWithArgumentNotOptional", withArgument<DISP_E_PARAMNOTOPTIONAL>},
+        Form{"PropertyWithArgumentInScript", withArgumentInScript}),
+    [](const testing::TestParamInfo<Form>& form) { return form.param.name; });
 
 TEST_P(TableForms, EveryChannelIsRead) {
     for (int index = 0; index < tableSize; ++index) {

@@ -13,7 +13,7 @@ void put(IDispatch& object, const std::string& name, const Variant& value) {
 }
 
 Variant call(IDispatch& object, const std::string& name, const std::vector<Variant>& arguments) {
-    return com::invoke(object, com::memberOf(object, name), com::getFlags, arguments);
+    return com::invoke(object, com::memberOf(object, name), com::getOrCallFlags, arguments);
 }
 
 Answer tryCall(IDispatch& object, const std::string& name, std::vector<VARIANT> reversedArguments, WORD flags) {
