@@ -116,7 +116,9 @@ void frmChannelEdit::setCentralDataStore(model::DataStorePointer store) noexcept
 }
 
 void frmChannelEdit::setRadioComms(model::RadioLinkPointer link) noexcept {
-    liveLevels_.begin();
+    if (link != link_) {
+        liveLevels_.begin();
+    }
     const auto former = std::exchange(link_, std::move(link));
 }
 

@@ -680,6 +680,15 @@ TEST_F(Live, AnotherLinkIsNotAnswerableForTheFormerOne) {
     EXPECT_EQ(boxes(), Boxes{});
 }
 
+TEST_F(Live, TheSameLinkOnceMoreIsNotSentTheSameLevelsAgain) {
+    form.ckContinuousUpdateEnabled.userClick();
+    tick();
+    ASSERT_EQ(link->sent.size(), 1U);
+    form.setRadioComms(link);
+    tick();
+    EXPECT_EQ(link->sent.size(), 1U);
+}
+
 TEST_F(Live, WithoutALinkItIsTheSame) {
     form.setRadioComms(nullptr);
     form.ckContinuousUpdateEnabled.userClick();

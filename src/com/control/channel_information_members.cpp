@@ -77,8 +77,13 @@ ComPointer<IDispatch>& ChannelInformationObject::link(DISPID member) noexcept {
     return member == storeMember ? storeObject_ : linkObject_;
 }
 
-// What was set before may call back in its end, so it ends last.
+// One and the same object is no new one, by whichever of its interfaces it comes: what was changed in its table can
+// still be taken back, and edits that were not applied stay. What was set before may call back in its end, so it ends
+// last.
 void ChannelInformationObject::setLink(DISPID member, IDispatch* object) {
+    if (object != nullptr && sameObject(link(member).get(), object)) {
+        return;
+    }
     const ComPointer<IDispatch> former = std::exchange(link(member), ComPointer<IDispatch>(object));
     if (member == storeMember) {
         control_.setCentralDataStore(adaptDataStore(object));
