@@ -58,6 +58,15 @@ Class Link
     Public Sub SelectChannel(ByRef text)
         Calls = Calls & "SelectChannel " & text & ";"
     End Sub
+    ' What is left in the arguments is nobody's business.
+    Public Sub LoadChannelTable(ByRef text, ByRef flag)
+        Calls = Calls & "LoadChannelTable;"
+        text = Null
+        Set flag = Nothing
+    End Sub
+    Public Sub AbortTransfer
+        Calls = Calls & "AbortTransfer;"
+    End Sub
 End Class
 
 Set store = New Store
@@ -78,6 +87,9 @@ i = store.Asked
 store.Record(4).TxFreq = 446006250
 control.UpdateRowData 5
 Expect "asked afresh for one row", store.Asked > i, True
+
+control.LoadFromTelvar
+Expect "a load that the link accepted", link.Calls, "LoadChannelTable;"
 
 ' One record of the script's own would not fit into the other store; the other way round works.
 Set control.pCentralDataStore = CreateObject("VexloDataStore.DataStore")
