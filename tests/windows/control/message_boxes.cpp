@@ -1,5 +1,6 @@
 #include "message_boxes.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -33,6 +34,42 @@ MessageBoxes* active = nullptr;
         }
     }
     return "";
+}
+
+// The box has a place for an icon whether or not there is one in it.
+[[nodiscard]] std::string iconOf(HWND box) {
+    const auto systemIcon = [](LPCWSTR name) { return LoadIconW(nullptr, name); };
+    HWND part = nullptr;
+    while ((part = FindWindowExW(box, part, L"Static", nullptr)) != nullptr) {
+        const LONG_PTR style = GetWindowLongPtrW(part, GWL_STYLE);
+        if ((style & SS_TYPEMASK) == SS_ICON && (style & WS_VISIBLE) != 0) {
+            // NOLINTNEXTLINE: a handle travels as a number
+            const auto icon = reinterpret_cast<HICON>(SendMessageW(part, STM_GETICON, 0, 0));
+            return icon == nullptr                       ? "none"
+                   : icon == systemIcon(IDI_EXCLAMATION) ? "exclamation"
+                   : icon == systemIcon(IDI_INFORMATION) ? "information"
+                                                         : "other";
+        }
+    }
+    return "none";
+}
+
+[[nodiscard]] std::vector<int> buttonsOf(HWND box) {
+    std::vector<std::pair<LONG, int>> found;
+    HWND part = nullptr;
+    while ((part = FindWindowExW(box, part, L"Button", nullptr)) != nullptr) {
+        if ((GetWindowLongPtrW(part, GWL_STYLE) & WS_VISIBLE) != 0) {
+            RECT place{};
+            GetWindowRect(part, &place);
+            found.emplace_back(place.left, GetDlgCtrlID(part));
+        }
+    }
+    std::ranges::sort(found);
+    std::vector<int> buttons;
+    for (const auto& [left, button] : found) {
+        buttons.push_back(button);
+    }
+    return buttons;
 }
 
 }  // namespace
@@ -73,7 +110,11 @@ void CALLBACK MessageBoxes::tick(HWND /*window*/, UINT /*message*/, UINT_PTR tim
 }
 
 void MessageBoxes::answer(HWND box) {
-    shown_.push_back({.text = sentenceOf(box), .title = textOf(box), .owner = GetWindow(box, GW_OWNER)});
+    shown_.push_back({.text = sentenceOf(box),
+                      .title = textOf(box),
+                      .owner = GetWindow(box, GW_OWNER),
+                      .icon = iconOf(box),
+                      .buttons = buttonsOf(box)});
     PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button_), 0);
 }
 

@@ -2,6 +2,7 @@
 // neither hangs nor misses one.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,20 @@ struct ShownBox {
     std::string text;
     std::string title;
     HWND owner = nullptr;
+    std::string icon;          // as the system draws it: "none", "information", "exclamation" or "other"
+    std::vector<int> buttons;  // from left to right
+
+    // What the user sees of it, whoever owns it.
+    [[nodiscard]] friend bool operator==(const ShownBox& left, const ShownBox& right) {
+        return left.text == right.text && left.title == right.title && left.icon == right.icon &&
+               left.buttons == right.buttons;
+    }
+    friend void PrintTo(const ShownBox& box, std::ostream* out) {
+        *out << '"' << box.text << "\" titled \"" << box.title << "\", icon " << box.icon << ", buttons";
+        for (const int button : box.buttons) {
+            *out << ' ' << button;
+        }
+    }
 };
 
 class MessageBoxes {
