@@ -1,11 +1,44 @@
-// The message log where it cannot be written: the caller of logMessage hears why, and the user of the routine that logs
-// by the way is told.
+// The message log at its fixed place, byte by byte; and where it cannot be written: the caller of logMessage hears why,
+// and the user of the routine that logs by the way is told.
+#include <fstream>
+#include <iterator>
+
 #include "world.h"
 
 namespace telvar::tests {
 namespace {
 
 constexpr wchar_t logFile[] = L"C:\\msglog.txt";
+
+// Whatever an earlier run left is gone before and after.
+struct WrittenLog : ControlWorld {
+    void SetUp() override {
+        setUp();
+        DeleteFileW(logFile);
+    }
+    void TearDown() override {
+        EXPECT_NE(DeleteFileW(logFile), FALSE);
+        ControlWorld::TearDown();
+    }
+    [[nodiscard]] static std::string bytes() {
+        std::ifstream file("C:\\msglog.txt", std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+};
+
+TEST_F(WrittenLog, HasOneLineForEachMessageEndedByCarriageReturnAndLineFeed) {
+    call(*control, "logMessage", {Variant("one")});
+    EXPECT_EQ(bytes(), "one\r\n");
+    call(*control, "logMessage", {Variant("")});
+    call(*control, "logMessage", {Variant("two\tthree")});
+    EXPECT_EQ(bytes(), "one\r\n\r\ntwo\tthree\r\n");
+}
+
+TEST_F(WrittenLog, GrowsFromOneRunToTheNext) {
+    std::ofstream("C:\\msglog.txt", std::ios::binary) << "of an earlier run\r\n";
+    call(*control, "logMessage", {Variant("now")});
+    EXPECT_EQ(bytes(), "of an earlier run\r\nnow\r\n");
+}
 
 // A folder of that name stands where the log would be.
 struct MessageLog : ControlWorld {
