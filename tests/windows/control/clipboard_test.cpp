@@ -112,6 +112,37 @@ TEST_F(RealClipboard, CarriesABlockByKeys) {
     EXPECT_EQ(boxes.texts(), Texts{});
 }
 
+// Another program would rather take a picture or a formatted text than the cells.
+TEST_F(RealClipboard, HoldsNothingOfOtherProgramsAfterACopy) {
+    const UINT formatted = RegisterClipboardFormatW(L"Rich Text Format");
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    const HDC screen = GetDC(nullptr);
+    SetClipboardData(CF_BITMAP, CreateCompatibleBitmap(screen, 8, 8));
+    ReleaseDC(nullptr, screen);
+    for (const UINT format : {UINT{CF_TEXT}, formatted}) {
+        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 16);
+        CopyMemory(GlobalLock(memory), "{somebody}", 11);
+        GlobalUnlock(memory);
+        SetClipboardData(format, memory);
+    }
+    CloseClipboard();
+    ASSERT_TRUE(IsClipboardFormatAvailable(formatted));
+    select(2, 1, 2, 1);
+    pressControlAnd('C');
+    EXPECT_EQ(onClipboard(), L"145.025000");
+    EXPECT_FALSE(IsClipboardFormatAvailable(formatted));
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_BITMAP));
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    const HANDLE plain = GetClipboardData(CF_TEXT);
+    const auto* const letters = plain != nullptr ? static_cast<const char*>(GlobalLock(plain)) : nullptr;
+    EXPECT_STREQ(letters, "145.025000") << "made by the system from the new text";
+    if (letters != nullptr) {
+        GlobalUnlock(plain);
+    }
+    CloseClipboard();
+}
+
 TEST_F(RealClipboard, TakesTheTextOfASpreadsheet) {
     putOnClipboard(L"145.5\t146.5\tDisabled\r\n147.5\t148.5\t023\r\n");
     select(20, 1, 20, 1);
