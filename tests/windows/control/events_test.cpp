@@ -21,6 +21,19 @@ TEST_F(Events, AFullRefreshCountsItsRowsAndNamesTheTable) {
     EXPECT_EQ(sink->events().size(), 256U);
 }
 
+// A host calls these in the middle of its own work on the line.
+TEST_F(Events, DisablingAndEnablingTheControlsCommandsRaisesNone) {
+    const auto sink = com::make<RecordingSink>();
+    advise(*control, *sink);
+    for (const char* commands : {"RS232", "rs232", "All", ""}) {
+        call(*control, "DisableMyCommands", {Variant(commands)});
+        call(*control, "EnableMyCommands", {Variant(commands)});
+    }
+    pump();
+    EXPECT_EQ(sink->events(), Texts{});
+    EXPECT_EQ(boxes.texts(), Texts{});
+}
+
 TEST_F(Events, EverySinkGetsEveryEvent) {
     const auto first = com::make<RecordingSink>();
     const auto second = com::make<RecordingSink>();
