@@ -44,7 +44,7 @@ std::string jsonMembers(const TableVerdict& verdict) {
     const char* separator = "";
     for (const synth::Finding& finding : verdict.table.findings) {
         members += std::string(std::exchange(separator, ", ")) + "{\"text\": " + store::jsonQuoted(finding.text) +
-                   ", \"title\": " + store::jsonQuoted(finding.title.empty() ? ui::defaultTitle : finding.title) +
+                   ", \"title\": " + store::jsonQuoted(finding.title.value_or(ui::defaultTitle)) +
                    ", \"icon\": \"exclamation\"}";
     }
     return members + "]";

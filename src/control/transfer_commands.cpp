@@ -37,7 +37,7 @@ bool ChannelInformation::check_Frequencies() {
         const auto verdict = synth::checkFrequencies(*store());
         for (const synth::Finding& finding : verdict.findings) {
             show({.text = finding.text,
-                  .title = finding.title.empty() ? ui::defaultTitle : finding.title,
+                  .title = finding.title.value_or(ui::defaultTitle),
                   .icon = ui::Icon::Exclamation});
         }
         good = verdict.good;

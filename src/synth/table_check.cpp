@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <exception>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -90,10 +91,11 @@ private:
     }
 
     void checkChannel() {
-        const auto txFreq = readFrequency(ChannelKey::TxFreq);
-        const auto rxFreq = readFrequency(ChannelKey::RxFreq);
-        const bool transmits = base::isTrue(txFreq);
-        const bool receives = base::isTrue(rxFreq);
+        // Whole hertz from here on: less than half of one is no frequency, in the grid neither.
+        const auto txFreq = base::toInt32(readFrequency(ChannelKey::TxFreq));
+        const auto rxFreq = base::toInt32(readFrequency(ChannelKey::RxFreq));
+        const bool transmits = txFreq != 0;
+        const bool receives = rxFreq != 0;
         if (!transmits && !receives) {
             return;
         }
@@ -104,10 +106,10 @@ private:
         Faults faults;
         if (receives) {
             const auto offset = base::toInt32(store_.get(StoreMember::LocalOscOffset));
-            checkDirection(receive, base::checkedAdd(base::toInt32(rxFreq), offset), faults);
+            checkDirection(receive, base::checkedAdd(rxFreq, offset), faults);
         }
         if (transmits) {
-            checkDirection(transmit, base::toInt32(txFreq), faults);
+            checkDirection(transmit, txFreq, faults);
         }
         count(faults);
     }
@@ -134,9 +136,13 @@ private:
         }
     }
 
-    // Rounded half to even; beyond 16 bits is a fault, not an entry.
+    // Rounded half to even; beyond 16 bits is a fault, not an entry, and so is a power of two beyond 32 bits. One below
+    // 1 enlarges the divider.
     [[nodiscard]] std::int16_t referenceDivider(std::int32_t reference, std::int32_t comparison) {
         const double scaling = std::exp2(base::toDouble(store_.referenceDividerScaling()));
+        if (scaling > static_cast<double>(std::numeric_limits<std::int32_t>::max())) {
+            throw base::ArithmeticFault::overflow();
+        }
         return base::roundTo<std::int16_t>(reference / (comparison * scaling));
     }
 
@@ -159,7 +165,7 @@ private:
                 {.text = "Phillips SA 7025 PLL chip detected, synthesizer step size 5kHZ or larger is recommended to "
                          "maintain RF performance in channel " +
                          smallSteps_,
-                 .title = {}});
+                 .title = std::nullopt});
         }
         if (!allGood_) {
             tell(report());
@@ -200,11 +206,11 @@ private:
     void tell(std::string text) { verdict_.findings.push_back({.text = std::move(text), .title = messageTitle()}); }
 
     // A title that cannot be read does not swallow the message.
-    [[nodiscard]] std::string messageTitle() {
+    [[nodiscard]] std::optional<std::string> messageTitle() {
         try {
             return base::toText(store_.get(StoreMember::MessageTitle));
         } catch (const std::exception&) {
-            return {};
+            return std::nullopt;
         }
     }
 
@@ -229,7 +235,7 @@ std::string checkScanCount(model::DataStore& store) {
         for (std::int16_t index = 0; index < model::channelCount; ++index) {
             const auto record = store.ChannelTable()[index];
             if (base::isTrue(record.get(ChannelKey::scan)) &&
-                (base::isTrue(record.get(ChannelKey::TxFreq)) || base::isTrue(record.get(ChannelKey::RxFreq)))) {
+                !model::isUnconfigured(record.get(ChannelKey::TxFreq), record.get(ChannelKey::RxFreq))) {
                 ++scanned;
             }
         }

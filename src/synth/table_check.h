@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace telvar::synth {
 // One message of the check. All of them carry the exclamation icon and an OK button.
 struct Finding {
     std::string text;
-    std::string title;  // empty: the default title of the program that shows it
+    std::optional<std::string> title;  // none: the default title of the program that shows it
     bool operator==(const Finding&) const = default;
 };
 

@@ -148,6 +148,18 @@ TEST(PllSetting, TheMainCounterHasTwelveBits) {
     EXPECT_TRUE(ratioIsValid(8 + (64 * 3)));
 }
 
+TEST(PllSetting, EachCounterHasBoundsOfItsOwn) {
+    using synth::DividerSplit;
+    using synth::fitsCounters;
+    EXPECT_TRUE(fitsCounters({.main = 14, .eights = 0, .ones = 0}, 14));
+    EXPECT_TRUE(fitsCounters({.main = 4095, .eights = 15, .ones = 15}, 14));
+    for (const auto& split :
+         {DividerSplit{.main = 13, .eights = 0, .ones = 0}, DividerSplit{4096, 0, 0}, DividerSplit{100, -1, 0},
+          DividerSplit{100, 16, 0}, DividerSplit{100, 0, -1}, DividerSplit{100, 0, 16}}) {
+        EXPECT_FALSE(fitsCounters(split, 14)) << split.main << ' ' << split.eights << ' ' << split.ones;
+    }
+}
+
 TEST(PllSetting, EveryOverflowIsInvalid) {
     EXPECT_FALSE(isValid({450'000'000, 8, (largest32 / 8) + 1, reference}));
     EXPECT_FALSE(isValid({450'000'000, largest16, largest32, reference}));

@@ -68,6 +68,27 @@ INSTANTIATE_TEST_SUITE_P(
         Asked{"Largest", std::numeric_limits<std::int32_t>::max(), reference, "", std::nullopt}),
     [](const auto& asked) { return std::string(asked.param.name); });
 
+// One frequency, and the reference alone decides: each step is found with either modulo, and the eight before the five.
+TEST(ProposedSetting, DependsOnTheReference) {
+    constexpr std::int32_t vco = 451'000'000;
+    EXPECT_EQ(proposeSetting(vco, 12'800'000, ""), (Proposal{12'500, 8}));
+    EXPECT_EQ(proposeSetting(vco, 12'562'500, ""), (Proposal{12'500, 5}));
+    EXPECT_EQ(proposeSetting(vco, 12'050'000, ""), (Proposal{6'250, 8}));
+    EXPECT_EQ(proposeSetting(vco, 12'531'250, ""), (Proposal{6'250, 5}));
+    EXPECT_EQ(proposeSetting(vco, 12'840'000, ""), (Proposal{5'000, 8}));
+    EXPECT_EQ(proposeSetting(vco, 12'825'000, ""), (Proposal{5'000, 5}));
+    EXPECT_EQ(proposeSetting(vco, 12'008'000, ""), (Proposal{1'000, 8}));
+    EXPECT_EQ(proposeSetting(vco, 12'005'000, ""), (Proposal{1'000, 5}));
+    EXPECT_EQ(proposeSetting(vco, 12'800'001, ""), std::nullopt);
+}
+
+TEST(ProposedSetting, FindsTheOddStepsWithEitherModuloToo) {
+    EXPECT_EQ(proposeSetting(449'998'250, 12'012'000, ""), (Proposal{3'250, 8}));
+    EXPECT_EQ(proposeSetting(449'998'250, 12'025'000, ""), (Proposal{3'250, 5}));
+    EXPECT_EQ(proposeSetting(450'002'500, 12'000'000, "2.5"), (Proposal{2'500, 8}));
+    EXPECT_EQ(proposeSetting(450'002'500, 12'012'500, "2.5"), (Proposal{2'500, 5}));
+}
+
 // The list once more, stated as pairs.
 TEST(ProposedSetting, IsTheFirstValidPairOfTheListForAnyFrequency) {
     std::mt19937 random(20);

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdlib>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -17,7 +19,7 @@
 namespace telvar::synth {
 
 inline void PrintTo(const Finding& finding, std::ostream* stream) {
-    *stream << '"' << finding.text << "\" titled \"" << finding.title << '"';
+    *stream << '"' << finding.text << "\" titled \"" << finding.title.value_or("(nothing)") << '"';
 }
 
 }  // namespace telvar::synth
@@ -50,7 +52,7 @@ constexpr const char* hint = "Hint: Correct frequency or alter modulus or step s
     return {.text = "Phillips SA 7025 PLL chip detected, synthesizer step size 5kHZ or larger is recommended to "
                     "maintain RF performance in channel " +
                     entries,
-            .title = ""};
+            .title = std::nullopt};
 }
 const Finding noDcs{.text = "DCS option not present.  Please remove DCS subtones from channel/s.", .title = "Telvar"};
 
@@ -201,6 +203,49 @@ TEST_F(TableCheck, TheReferenceDividerIsRoundedHalfToEven) {
     expectGood();  // 4095
 }
 
+struct Scaling {
+    std::int16_t exponent;
+    std::int32_t largestFitting;  // reference, in units of the comparison frequency
+};
+class ReferenceScaling : public TableCheck, public testing::WithParamInterface<Scaling> {};
+
+// The divider is the reference over the comparison frequency times two to the power of `sm`.
+TEST_P(ReferenceScaling, HalvesTheDividerForEachStepAndDoublesItBelowZero) {
+    constexpr std::int32_t comparison = 5 * 1000;
+    set(7, {{ChannelKey::TxFreq, good}, {ChannelKey::SynthStep, 1000}, {ChannelKey::Modulo, 0}});
+    store.setReferenceDividerScaling(GetParam().exponent);
+    store.put(StoreMember::TxReferenceFrequency, GetParam().largestFitting * comparison);
+    expectGood();
+    store.put(StoreMember::TxReferenceFrequency, (GetParam().largestFitting + 1) * comparison);
+    expectRefused(overflowReport("7 TX"));
+}
+
+// Half of 4095.5 and the like is rounded to the even neighbour, which is one too many.
+INSTANTIATE_TEST_SUITE_P(All, ReferenceScaling,
+                         testing::Values(Scaling{-3, 511}, Scaling{-2, 1023}, Scaling{-1, 2047}, Scaling{0, 4095},
+                                         Scaling{1, 8190}, Scaling{2, 16381}, Scaling{3, 32763}),
+                         [](const auto& scaling) {
+                             const auto exponent = scaling.param.exponent;
+                             return (exponent < 0 ? "Minus" : "") + std::to_string(std::abs(exponent));
+                         });
+
+TEST_F(TableCheck, AScalingWhosePowerIsBeyondThirtyTwoBitsIsAFault) {
+    set(7, {{ChannelKey::RxFreq, good}});
+    for (const std::int32_t exponent : {0, 1, 30}) {
+        store.setReferenceDividerScaling(exponent);
+        expectGood();
+    }
+    for (const std::int32_t exponent : {31, 32, 62, 63, 64, 1023, 1024, 32'767, 2'147'483'647}) {
+        store.setReferenceDividerScaling(exponent);
+        expectRefused(faultReport(7, "Overflow"));
+    }
+    // A power so small that the divider has no room in sixteen bits.
+    for (const std::int32_t exponent : {-8, -32, -1100, -2'147'483'647}) {
+        store.setReferenceDividerScaling(exponent);
+        expectRefused(faultReport(7, "Overflow"));
+    }
+}
+
 TEST_F(TableCheck, AReferenceDividerBeyondSixteenBitsIsAFault) {
     set(7, {{ChannelKey::TxFreq, 4'000'000}, {ChannelKey::SynthStep, 50}, {ChannelKey::Modulo, 0}});
     expectRefused(faultReport(7, "Overflow"));
@@ -224,6 +269,28 @@ TEST_F(TableCheck, AChannelWithBothFaultsCountsTwice) {
     // No room is left for a divide entry; overflows have no limit.
     overflow(9, offGrid);
     expectRefused(divideReport(counted(8) + "..") + overflowReport(withoutLastComma(counted(9, " TX")) + ".."));
+}
+
+TEST_F(TableCheck, ADivideErrorInBothDirectionsCountsOnce) {
+    for (std::int16_t channel = 1; channel <= 15; ++channel) {
+        set(channel, {{ChannelKey::TxFreq, offGrid}, {ChannelKey::RxFreq, offGrid}});
+    }
+    expectRefused(divideReport(withoutLastComma(counted(15))));
+}
+
+TEST_F(TableCheck, AnOverflowInBothDirectionsCountsOnce) {
+    for (std::int16_t channel = 1; channel <= 15; ++channel) {
+        overflow(channel);
+        set(channel, {{ChannelKey::RxFreq, good},
+                      {ChannelKey::RxSynthStep, overflowingStep},
+                      {ChannelKey::RxModulo, overflowingModulo}});
+    }
+    std::string entries;
+    for (int channel = 1; channel <= 15; ++channel) {
+        const auto text = std::to_string(channel);
+        entries += text + " RX, " + text + " TX, ";
+    }
+    expectRefused(overflowReport(withoutLastComma(entries)));
 }
 
 TEST_F(TableCheck, TheDivideEntryLooksAtTheCountBeforeItsChannel) {
@@ -269,6 +336,22 @@ INSTANTIATE_TEST_SUITE_P(All, MainCounterBounds,
                              const auto main = tested.param.main;
                              return main < 0 ? "minus" + std::to_string(-main) : std::to_string(main);
                          });
+
+TEST_F(TableCheck, LessThanHalfAHertzIsNoFrequency) {
+    store.put(StoreMember::DCSOptionFitted, false);
+    for (const double nothing : {0.4, -0.4, 0.5, -0.5}) {
+        set(7, {{ChannelKey::TxFreq, nothing},
+                {ChannelKey::RxFreq, nothing},
+                {ChannelKey::SynthStep, 0},
+                {ChannelKey::RxSynthStep, 0},
+                {ChannelKey::TxCTCSSDCS, true}});
+        expectGood();
+    }
+    for (const double something : {0.6, -0.6}) {
+        set(7, {{ChannelKey::TxFreq, something}});
+        expectRefused(faultReport(7, "Division by zero"));
+    }
+}
 
 TEST_F(TableCheck, FrequenciesAreTakenAsWholeHertz) {
     // 16.025 MHz as MHz times a million lies just below the whole number.
@@ -364,6 +447,16 @@ TEST_F(TableCheck, TheChipWarningComesBeforeTheWantOfDcs) {
     expectRefused({chipWarning("9 (TX)"), noDcs});
 }
 
+TEST_F(TableCheck, DcsOfAnyChannelCountsNotOnlyTheLastOnes) {
+    store.put(StoreMember::DCSOptionFitted, false);
+    for (const auto user : std::vector<std::int16_t>{1, 2, 100, 254}) {
+        for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
+            set(channel, {{ChannelKey::TxFreq, good}, {ChannelKey::TxCTCSSDCS, channel == user}});
+        }
+        expectRefused({noDcs});
+    }
+}
+
 // -- faults ----------------------------------------------------------------------------------------------------------
 
 TEST_F(TableCheck, AZeroStepIsAFaultAndEndsTheCheck) {
@@ -371,6 +464,25 @@ TEST_F(TableCheck, AZeroStepIsAFaultAndEndsTheCheck) {
     set(7, {{ChannelKey::TxFreq, good}, {ChannelKey::SynthStep, 0}});
     divideError(8);
     expectRefused(faultReport(7, "Division by zero"));
+}
+
+TEST_F(TableCheck, TheChipWarningComesOnlyAfterTheLastChannelSoThatAFaultLeavesNoneBehind) {
+    store.put(StoreMember::TxSynthChipInfo, base::textValue("N.A."));
+    set(3, {{ChannelKey::TxFreq, good}, {ChannelKey::SynthStep, 2500}});
+    set(4, {{ChannelKey::TxFreq, good}, {ChannelKey::SynthStep, 0}});
+    expectRefused(faultReport(4, "Division by zero"));
+}
+
+TEST_F(TableCheck, TheChipWarningIsKeptWhereALaterReadFails) {
+    store.put(StoreMember::TxSynthChipInfo, base::textValue("N.A."));
+    set(3, {{ChannelKey::TxFreq, good}, {ChannelKey::SynthStep, 2500}, {ChannelKey::TxCTCSSDCS, true}});
+    for (const auto member : {StoreMember::DCSOptionFitted, StoreMember::HardwareRevision}) {
+        AnsweringStore radio(store);
+        radio.answer(member, base::Unusable{});
+        const auto verdict = synth::checkFrequencies(radio);
+        EXPECT_FALSE(verdict.good);
+        EXPECT_EQ(verdict.findings, (Findings{chipWarning("3 (TX)"), titled(faultReport(255, "Type mismatch"))}));
+    }
 }
 
 TEST_F(TableCheck, ArithmeticBeyondThirtyTwoBitsIsAFault) {
@@ -441,7 +553,7 @@ TEST_F(FailedReads, OfTheTitleLeaveTheMessage) {
     FailingStore failing(store);
     failing.failAt(static_cast<int>(calls().size()), FailureSpan::FromThereOn);
     EXPECT_EQ(synth::checkFrequencies(failing).findings,
-              (Findings{{.text = faultReport(255, FailingStore::description), .title = ""}}));
+              (Findings{{.text = faultReport(255, FailingStore::description), .title = std::nullopt}}));
 }
 
 TEST_F(FailedReads, OfEverythingFindNothing) {
@@ -484,6 +596,14 @@ TEST_F(ScanCount, ChannelsWithoutFrequencyOrWithoutTheFlagDoNotCount) {
     set(12, {{ChannelKey::TxFreq, good}, {ChannelKey::scan, false}});
     EXPECT_EQ(count(), "");
     set(255, {{ChannelKey::TxFreq, good}, {ChannelKey::scan, true}});
+    EXPECT_EQ(count(), tooMany);
+}
+
+TEST_F(ScanCount, LessThanHalfAHertzIsNoFrequency) {
+    scan(41);
+    set(12, {{ChannelKey::TxFreq, 0.4}, {ChannelKey::RxFreq, 0.4}});
+    EXPECT_EQ(count(), "");
+    set(12, {{ChannelKey::RxFreq, 0.6}});
     EXPECT_EQ(count(), tooMany);
 }
 
