@@ -2,11 +2,21 @@
 // by the link's own events and the data store's shared state. Every call may fail with a base::Failure.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace telvar::model {
+
+// Links of any make answer these numbers.
+enum class ExchangeOutcome : std::int16_t {
+    Unknown = 0,  // no such exchange, or one too long ago, or the link does not tell
+    Running = 1,
+    Succeeded = 2,
+    Failed = 3,
+    Aborted = 4,  // because somebody wanted it so
+};
 
 class RadioLink {
 public:
@@ -28,6 +38,11 @@ public:
 
     // Whether the exchange that ended last went through; nothing while one is running, and where the link cannot tell.
     [[nodiscard]] virtual std::optional<bool> lastExchangeSucceeded() { return std::nullopt; }
+
+    // The number of the exchange, or question, that was begun last, so that its outcome can be told from others'.
+    // Nothing where the link does not number them.
+    [[nodiscard]] virtual std::optional<std::int32_t> exchangeNumber() { return std::nullopt; }
+    [[nodiscard]] virtual ExchangeOutcome exchangeOutcome(std::int32_t /*number*/) { return ExchangeOutcome::Unknown; }
 };
 
 using RadioLinkPointer = std::shared_ptr<RadioLink>;

@@ -96,6 +96,13 @@ std::optional<bool> RadioLinkCore::lastExchangeSucceeded() {
     return exchangeRunning() ? std::nullopt : std::optional(lastOutcome_.succeeded);
 }
 
+model::ExchangeOutcome RadioLinkCore::exchangeOutcome(std::int32_t number) {
+    if (number < 1 || number > number_ || number_ - number >= static_cast<std::int32_t>(outcomes_.size())) {
+        return model::ExchangeOutcome::Unknown;
+    }
+    return outcomeAt(number);
+}
+
 void RadioLinkCore::restoreBackup(const std::string& file) {
     start(Task::RestoreBackup, [&file]() -> Job {
         return [file](RadioClient& client, const Percent& percent) -> Report {
@@ -125,6 +132,7 @@ void RadioLinkCore::start(Task task, const Preparation& prepare) {
         throw base::Failure("The radio link is busy with another exchange");
     }
     task_ = task;
+    outcomeAt(++number_) = model::ExchangeOutcome::Running;
     taskStore_ = store_;
     wantedChannel_ = noChannel;
     abortWanted_ = false;
@@ -135,6 +143,8 @@ void RadioLinkCore::start(Task task, const Preparation& prepare) {
     Report refused;
     try {
         if (store) {
+            // Before the mark, which would else stand beside the task of the exchange before.
+            putQuietly(store.get(), StoreMember::CommsTask, static_cast<std::int16_t>(task));
             store->put(StoreMember::CommsBusy, true);
         }
         if (alive.expired()) {
@@ -220,6 +230,10 @@ void RadioLinkCore::finish(Report report) {
     const Task ended = std::exchange(task_, Task::None);
     const bool aborted = std::exchange(abortWanted_, false);
     taskStore_.reset();
+    using model::ExchangeOutcome;
+    outcomeAt(number_) = outcome.succeeded ? ExchangeOutcome::Succeeded
+                         : aborted         ? ExchangeOutcome::Aborted
+                                           : ExchangeOutcome::Failed;
     if (ended != Task::Status) {
         lastOutcome_ = outcome;
         ExchangeEnded(static_cast<std::int16_t>(ended), outcome.succeeded, outcome.sentence);

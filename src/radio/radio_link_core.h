@@ -7,6 +7,8 @@
 // refused by a base::Failure, because the end that will be reported is not its own.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -22,7 +24,9 @@
 
 namespace telvar::radio {
 
-// As events name an exchange; loads, sends and level updates have the codes that CommsTask has for them.
+// As events name an exchange, and CommsTask from its beginning on. Loads, sends and level updates have the codes that
+// the control writes, and the question how the radio is none of those: whoever asks a dead radio over and over must not
+// look like a load.
 enum class Task : std::int16_t {
     None = 0,
     SelectChannel = 11,
@@ -62,6 +66,10 @@ public:
 
     // Status queries apart.
     [[nodiscard]] std::optional<bool> lastExchangeSucceeded() override;
+    // From 1 on, status queries counted; 0 before the first. An operation that is refused has none.
+    [[nodiscard]] std::optional<std::int32_t> exchangeNumber() override { return number_; }
+    // Of the last 64.
+    [[nodiscard]] model::ExchangeOutcome exchangeOutcome(std::int32_t number) override;
 
     // Sends a table that was kept before a send.
     void restoreBackup(const std::string& file);
@@ -108,6 +116,9 @@ private:
     void postReport(const Alive& alive, Report report);
     void showProgress(int percent);
     void finish(Report report);
+    [[nodiscard]] model::ExchangeOutcome& outcomeAt(std::int32_t number) noexcept {
+        return outcomes_[static_cast<std::size_t>(number) % outcomes_.size()];
+    }
     [[nodiscard]] Outcome applied(Report& report);
     bool putShared(model::StoreMember member, const base::Value& value) noexcept;
     [[nodiscard]] model::DataStore& requiredStore() const;
@@ -123,6 +134,8 @@ private:
     std::uint8_t wantedChannel_ = 0;
     bool abortWanted_ = false;
     bool connected_ = false;
+    std::int32_t number_ = 0;
+    std::array<model::ExchangeOutcome, 64> outcomes_{};  // by the last digits of the number
     Outcome lastOutcome_;
     std::string lastBackup_;
 

@@ -163,6 +163,123 @@ TEST_F(RadioLinkCore, RefusesASecondExchangeWithOneSentence) {
     EXPECT_EQ(ends.size(), 1U);
 }
 
+// Each exchange names itself in the store before it marks the link as busy: a question to a dead radio is no load.
+TEST_F(RadioLinkCore, WhileAnExchangeRunsTheStoreNamesItsTask) {
+    class Marks final : public StoreDecorator {
+    public:
+        using StoreDecorator::StoreDecorator;
+        void put(StoreMember member, const base::Value& value) override {
+            if (member == StoreMember::CommsBusy && base::isTrue(value)) {
+                tasks.push_back(base::toInt16(get(StoreMember::CommsTask)));
+            }
+            StoreDecorator::put(member, value);
+        }
+        std::vector<std::int16_t> tasks;  // as they stood when the mark was set
+
+    private:
+        void onCall(const StoreCall& /*call*/) override {}
+    };
+    const auto marks = std::make_shared<Marks>(*store);
+    link->setDataStore(marks);
+    const auto quiet = [this] { return !link->exchangeRunning(); };
+    std::string text;
+    static_cast<void>(load());
+    link->queryStatus();
+    ASSERT_TRUE(dispatcher.runUntil(quiet));
+    static_cast<void>(send());
+    static_cast<void>(select("7"));
+    link->SendPotValues(text);
+    static_cast<void>(ended());
+    link->restoreBackup(link->lastBackup());
+    static_cast<void>(ended());
+    EXPECT_EQ(marks->tasks, (std::vector<std::int16_t>{22, 12, 30, 11, 33, 31}));
+}
+
+TEST_F(RadioLinkCore, AnOperationThatIsRefusedLeavesTheTaskOfTheRunningOne) {
+    link->SendChannelTable();
+    EXPECT_EQ(failureOf([&] { link->queryStatus(); }), "The radio link is busy with another exchange");
+    EXPECT_EQ(shared(StoreMember::CommsTask), base::Value{std::int16_t{30}});
+    EXPECT_TRUE(std::get<1>(ended()));
+}
+
+TEST_F(RadioLinkCore, AStoreThatTakesNoTaskHindersNoExchange) {
+    class Taskless final : public StoreDecorator {
+    public:
+        using StoreDecorator::StoreDecorator;
+
+    private:
+        void onCall(const StoreCall& call) override {
+            if (call.member == StoreMember::CommsTask) {
+                throw base::Failure("has no such member");
+            }
+        }
+    };
+    link->setDataStore(std::make_shared<Taskless>(*store));
+    EXPECT_TRUE(std::get<1>(load()));
+}
+
+// -- outcomes by number ----------------------------------------------------------------------------------------------
+
+TEST_F(RadioLinkCore, EveryExchangeHasANumberUnderWhichItsOutcomeStays) {
+    using model::ExchangeOutcome;
+    EXPECT_EQ(link->exchangeNumber(), 0);
+    EXPECT_EQ(link->exchangeOutcome(0), ExchangeOutcome::Unknown);
+    std::string text;
+    link->SendPotValues(text);
+    EXPECT_EQ(link->exchangeNumber(), 1);
+    EXPECT_EQ(link->exchangeOutcome(1), ExchangeOutcome::Running);
+    EXPECT_EQ(link->exchangeOutcome(2), ExchangeOutcome::Unknown);
+    EXPECT_TRUE(std::get<1>(ended()));
+    EXPECT_EQ(link->exchangeOutcome(1), ExchangeOutcome::Succeeded);
+    set("silence");
+    EXPECT_FALSE(std::get<1>(load()));
+    link->queryStatus();
+    EXPECT_EQ(link->exchangeNumber(), 3);
+    ASSERT_TRUE(dispatcher.runUntil([this] { return !link->exchangeRunning(); }));
+    set("none");
+    link->SendChannelTable();
+    link->AbortTransfer();
+    static_cast<void>(ended());
+    EXPECT_EQ(link->exchangeOutcome(1), ExchangeOutcome::Succeeded);
+    EXPECT_EQ(link->exchangeOutcome(2), ExchangeOutcome::Failed);
+    EXPECT_EQ(link->exchangeOutcome(3), ExchangeOutcome::Failed);
+    EXPECT_EQ(link->exchangeOutcome(4), ExchangeOutcome::Aborted);
+    EXPECT_EQ(link->exchangeOutcome(-1), ExchangeOutcome::Unknown);
+}
+
+TEST_F(RadioLinkCore, TheOutcomeIsKnownWhenTheEndIsReported) {
+    using model::ExchangeOutcome;
+    auto known = ExchangeOutcome::Unknown;
+    link->ExchangeEnded.connect(
+        [&](std::int16_t, bool, const std::string&) { known = link->exchangeOutcome(*link->exchangeNumber()); });
+    static_cast<void>(load());
+    EXPECT_EQ(known, ExchangeOutcome::Succeeded);
+}
+
+TEST_F(RadioLinkCore, AnOperationThatIsRefusedHasNoNumberAndOneThatCannotBeginHas) {
+    using model::ExchangeOutcome;
+    link->queryStatus();
+    EXPECT_NE(failureOf([&] { link->SendChannelTable(); }), "no failure");
+    EXPECT_EQ(link->exchangeNumber(), 1);
+    ASSERT_TRUE(dispatcher.runUntil([this] { return !link->exchangeRunning(); }));
+    static_cast<void>(select("none"));
+    EXPECT_EQ(link->exchangeOutcome(2), ExchangeOutcome::Failed);
+    link->AbortTransfer();
+    EXPECT_EQ(link->exchangeNumber(), 2);
+}
+
+TEST_F(RadioLinkCore, TheLastSixtyFourOutcomesAreKnown) {
+    using model::ExchangeOutcome;
+    for (int exchange = 0; exchange < 70; ++exchange) {
+        static_cast<void>(select(exchange % 2 == 0 ? "none" : "7"));
+    }
+    for (std::int32_t number = 1; number <= 70; ++number) {
+        const auto kept = number % 2 != 0 ? ExchangeOutcome::Failed : ExchangeOutcome::Succeeded;
+        EXPECT_EQ(link->exchangeOutcome(number), number > 6 ? kept : ExchangeOutcome::Unknown) << number;
+    }
+    EXPECT_EQ(link->exchangeOutcome(71), ExchangeOutcome::Unknown);
+}
+
 TEST_F(RadioLinkCore, AnExchangeMayFollowFromInsideTheEndOfAnother) {
     bool first = true;
     link->ExchangeEnded.connect([&](std::int16_t, bool, const std::string&) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,7 +19,7 @@ namespace telvar::com {
 
 namespace {
 
-// The last two are properties that a link need not have.
+// From Busy on, members that a link need not have.
 enum Operation : std::size_t {
     SendChannelTable,
     LoadChannelTable,
@@ -26,7 +27,9 @@ enum Operation : std::size_t {
     SendPotValues,
     SelectChannel,
     Busy,
-    Succeeded
+    Succeeded,
+    ExchangeNumber,
+    OutcomeOf
 };
 
 // What the link left in a variable of the caller, who keeps the former value where that is nothing of the kind: a link
@@ -63,6 +66,19 @@ public:
         return busy == false ? flag(Operation::Succeeded) : std::nullopt;
     }
 
+    std::optional<std::int32_t> exchangeNumber() override {
+        const auto answer = asked(Operation::ExchangeNumber);
+        return answer ? std::optional(base::toInt32(*answer)) : std::nullopt;
+    }
+
+    model::ExchangeOutcome exchangeOutcome(std::int32_t number) override {
+        const std::array arguments{Variant(number)};
+        const auto answer = asked(Operation::OutcomeOf, arguments);
+        const auto code = answer ? base::toInt16(*answer) : std::int16_t{};
+        constexpr auto last = static_cast<std::int16_t>(model::ExchangeOutcome::Aborted);
+        return code > 0 && code <= last ? static_cast<model::ExchangeOutcome>(code) : model::ExchangeOutcome::Unknown;
+    }
+
 private:
     void callWithText(Operation operation, std::string& text) {
         std::array references{ReferenceArgument(base::Value{text})};
@@ -70,14 +86,20 @@ private:
         takeBack<std::string>(text, [&] { return base::toText(references[0].value()); });
     }
 
-    // Nothing where the link has no such property.
     std::optional<bool> flag(Operation property) {
+        const auto answer = asked(property);
+        return answer ? std::optional(base::isTrue(*answer)) : std::nullopt;
+    }
+
+    // Nothing where the link has no such member.
+    std::optional<base::Value> asked(Operation question, std::span<const Variant> arguments = {}) {
         const auto alive = shared_from_this();
-        const MemberId member = members_.find(*link_, property);
+        const MemberId member = members_.find(*link_, question);
         if (!member.known()) {
             return std::nullopt;
         }
-        return base::isTrue(valueOf(invoke(*link_, member, getFlags)));
+        // A question with an argument may be a property of the link or a method.
+        return valueOf(invoke(*link_, member, arguments.empty() ? getFlags : getOrCallFlags, arguments));
     }
 
     void call(Operation operation, std::span<ReferenceArgument> references) {
@@ -87,8 +109,8 @@ private:
     }
 
     ComPointer<IDispatch> link_;
-    MembersOfKind members_{{L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues",
-                            L"SelectChannel", L"Busy", L"Succeeded"}};
+MembersOfKind members_{{L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues",
+                            L"SelectChannel", L"Busy", L"Succeeded", L"ExchangeNumber", L"OutcomeOf"}};
 };
 
 }  // namespace

@@ -145,6 +145,14 @@ STDMETHODIMP RadioLink::get_Message(BSTR* message) noexcept {
     return answerText(message, core_.lastOutcome().sentence);
 }
 
+STDMETHODIMP RadioLink::get_ExchangeNumber(long* number) noexcept {
+    return guarded([&] { deref(number) = core_.exchangeNumber().value_or(0); });
+}
+
+STDMETHODIMP RadioLink::OutcomeOf(long number, short* outcome) noexcept {
+    return guarded([&] { deref(outcome) = static_cast<short>(core_.exchangeOutcome(number)); });
+}
+
 STDMETHODIMP RadioLink::get_LastBackup(BSTR* path) noexcept { return answerText(path, core_.lastBackup()); }
 
 template <class Change>

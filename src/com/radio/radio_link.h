@@ -42,6 +42,8 @@ public:
     STDMETHODIMP get_Busy(VARIANT_BOOL* busy) noexcept override;
     STDMETHODIMP get_Succeeded(VARIANT_BOOL* succeeded) noexcept override;
     STDMETHODIMP get_Message(BSTR* message) noexcept override;
+    STDMETHODIMP get_ExchangeNumber(long* number) noexcept override;
+    STDMETHODIMP OutcomeOf(long number, short* outcome) noexcept override;
     STDMETHODIMP get_LastBackup(BSTR* path) noexcept override;
 
     STDMETHODIMP get_Connection(BSTR* address) noexcept override;

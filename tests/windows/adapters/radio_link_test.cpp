@@ -81,6 +81,36 @@ TEST_F(RadioLinks, TheOutcomeOfTheLastExchangeIsAskedOfLinksThatHaveIt) {
     EXPECT_EQ(link->lastExchangeSucceeded(), true);
 }
 
+TEST_F(RadioLinks, OutcomesAreAskedByNumberOfLinksThatCountTheirExchanges) {
+    using model::ExchangeOutcome;
+    EXPECT_EQ(link->exchangeNumber(), std::nullopt);
+    EXPECT_EQ(link->exchangeOutcome(7), ExchangeOutcome::Unknown);
+    Variant number(std::int32_t{70'000});
+    Variant outcome(std::int16_t{0});
+    std::int32_t asked = 0;
+    object->with(L"ExchangeNumber", property(number)).with(L"OutcomeOf", [&](const Call& call) {
+        if (call.count() != 1 || V_VT(&call.argument(0)) != VT_I4) {
+            return DISP_E_TYPEMISMATCH;
+        }
+        asked = V_I4(&call.argument(0));
+        return call.answer(outcome);
+    });
+    EXPECT_EQ(link->exchangeNumber(), 70'000);
+    for (const auto expected : {ExchangeOutcome::Unknown, ExchangeOutcome::Running, ExchangeOutcome::Succeeded,
+                                ExchangeOutcome::Failed, ExchangeOutcome::Aborted}) {
+        EXPECT_EQ(link->exchangeOutcome(69'999), expected);
+        EXPECT_EQ(asked, 69'999);
+        outcome = Variant(static_cast<std::int16_t>(static_cast<std::int16_t>(expected) + 1));
+    }
+    // Beyond what is agreed.
+    EXPECT_EQ(link->exchangeOutcome(1), ExchangeOutcome::Unknown);
+    outcome = Variant(std::int16_t{-1});
+    EXPECT_EQ(link->exchangeOutcome(1), ExchangeOutcome::Unknown);
+    // A script counts in whatever type it likes.
+    number = Variant(12.0);
+    EXPECT_EQ(link->exchangeNumber(), 12);
+}
+
 TEST_F(RadioLinks, ScriptsAreGivenVariantsAndMayChangeTheirType) {
     object->isScript = true;
     object->with(L"LoadChannelTable", [](const Call& call) {

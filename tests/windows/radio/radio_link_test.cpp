@@ -204,6 +204,30 @@ TEST_F(Link, AnAbortEndsTheWaitForARadioThatIsSilent) {
     EXPECT_EQ(outcome(), "False The exchange was aborted; nothing was written to the radio.");
 }
 
+TEST_F(Link, TellsHowEachExchangeEndedByItsNumber) {
+    EXPECT_EQ(textOf(get(*link, "ExchangeNumber")), "0");
+    const auto outcomeOf = [this](std::int32_t number) { return textOf(get(*link, "OutcomeOf", {Variant(number)})); };
+    ASSERT_EQ(loaded().substr(0, 4), "True");
+    EXPECT_EQ(textOf(get(*link, "ExchangeNumber")), "1");
+    ServedRadio served("silence");
+    put(*link, "Connection", Variant(radio::textOf(served.address())));
+    ASSERT_EQ(link->SendChannelTable(), S_OK);
+    EXPECT_EQ(textOf(get(*link, "ExchangeNumber")), "2");
+    EXPECT_EQ(outcomeOf(2), "1");
+    ASSERT_EQ(link->AbortTransfer(), S_OK);
+    ASSERT_TRUE(waited());
+    ASSERT_EQ(link->QueryStatus(), S_OK);
+    EXPECT_EQ(textOf(get(*store, "CommsTask")), "12");
+    ASSERT_TRUE(waited());
+    EXPECT_EQ(outcomeOf(0), "0");
+    EXPECT_EQ(outcomeOf(1), "2");
+    EXPECT_EQ(outcomeOf(2), "4");
+    EXPECT_EQ(outcomeOf(3), "3");
+    EXPECT_EQ(outcomeOf(4), "0");
+    EXPECT_EQ(link->get_ExchangeNumber(nullptr), E_POINTER);
+    EXPECT_EQ(link->OutcomeOf(1, nullptr), E_POINTER);
+}
+
 TEST_F(Link, MayBeLetGoInTheMiddle) {
     ServedRadio served("silence");
     put(*link, "Connection", Variant(radio::textOf(served.address())));
