@@ -34,7 +34,7 @@ public:
     [[nodiscard]] bool isOpen(const ui::Form& /*form*/) const override { return false; }
     void popUp(ui::Menu& /*menu*/, ui::Widget& /*widget*/, ui::Point /*at*/) override {}
     void setPointer(ui::Pointer /*pointer*/) override {}
-    void doEvents() override {}
+    bool doEvents() override { return true; }
     bool pumpUntil(const std::function<bool()>& done) override { return done(); }
     [[nodiscard]] ui::Size screenSize() override { return {}; }
     [[nodiscard]] ui::Size measure(const std::string& /*text*/, int /*dpi*/) override { return {}; }

@@ -65,8 +65,8 @@ public:
     [[nodiscard]] virtual std::optional<std::string> clipboardText() = 0;
     virtual void setClipboardText(const std::string& text) = 0;
 
-    // Runs what is pending and returns. A quit message is posted again and not swallowed.
-    virtual void doEvents() = 0;
+    // Runs what is pending; answers False where it met a quit message, which is posted again and not swallowed.
+    virtual bool doEvents() = 0;
     // Pumps and sleeps in turns until `done` answers True or the message loop is quitting; answers whether it was done.
     virtual bool pumpUntil(const std::function<bool()>& done) = 0;
 

@@ -145,10 +145,14 @@ std::optional<std::string> WindowsDesktop::clipboardText() { return readClipboar
 void WindowsDesktop::setClipboardText(const std::string& text) { writeClipboardText(messages_->handle(), text); }
 
 // Neither of the two pumps touches the desktop after a message: it may be gone by then.
-void WindowsDesktop::doEvents() {
+bool WindowsDesktop::doEvents() {
     MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && handle(message)) {
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (!handle(message)) {
+            return false;
+        }
     }
+    return true;
 }
 
 bool WindowsDesktop::pumpUntil(const std::function<bool()>& done) {

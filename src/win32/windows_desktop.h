@@ -51,7 +51,7 @@ public:
     void setPointer(ui::Pointer pointer) override;
     [[nodiscard]] std::optional<std::string> clipboardText() override;
     void setClipboardText(const std::string& text) override;
-    void doEvents() override;
+    bool doEvents() override;
     bool pumpUntil(const std::function<bool()>& done) override;
     [[nodiscard]] ui::Size screenSize() override;
     [[nodiscard]] ui::Size measure(const std::string& text, int dpi) override;

@@ -274,7 +274,7 @@ TEST_F(ChannelSelection, TheButtonWaitsUntilTheDiagnosticsHaveStopped) {
     type("12");
     press();
     EXPECT_EQ(link->calls, (Log{"SelectChannel 12"}));
-    EXPECT_EQ(desktop.pumps(), 2);
+    EXPECT_EQ(desktop.pumps(), 3);
 }
 
 TEST_F(ChannelSelection, AQuitEndsTheWaitQuietly) {

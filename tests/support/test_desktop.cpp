@@ -105,13 +105,14 @@ void TestDesktop::setClipboardText(const std::string& text) {
     clipboard = text;
 }
 
-void TestDesktop::doEvents() {
+bool TestDesktop::doEvents() {
     ++pumps_;
     while (dispatcher_.runOne()) {
     }
     if (!steps_.empty()) {
         runOne();
     }
+    return !quitting_;
 }
 
 bool TestDesktop::pumpUntil(const std::function<bool()>& done) {

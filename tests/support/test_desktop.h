@@ -62,7 +62,7 @@ public:
     // Something that happens, one a turn, in the next waits and doEvents: the world's answer to a wait.
     void whenPumping(std::function<void()> step) { steps_.push_back(std::move(step)); }
     [[nodiscard]] int pumps() const noexcept { return pumps_; }
-    // The message loop is quitting: every wait ends at once.
+    // The message loop is quitting: every wait meets that when it has done what was pending before.
     void quit() noexcept { quitting_ = true; }
 
     // -- timers -----------------------------------------------------------------------------------------------------
@@ -87,7 +87,7 @@ public:
     }
     [[nodiscard]] std::optional<std::string> clipboardText() override;
     void setClipboardText(const std::string& text) override;
-    void doEvents() override;
+    bool doEvents() override;
     // Fails the test instead of hanging when nothing is left that could make progress.
     bool pumpUntil(const std::function<bool()>& done) override;
     [[nodiscard]] ui::Size screenSize() override { return {1024, 768}; }
@@ -130,6 +130,17 @@ private:
     int pumps_ = 0;
     bool quitting_ = false;
 };
+
+// The next wait goes on for an hour of the desktop's time, in turns as short as those of a real message loop; then
+// `after` happens.
+inline void waitAnHour(TestDesktop& desktop, std::function<void()> after) {
+    using namespace std::chrono_literals;
+    constexpr auto turn = 50ms;
+    for (auto waited = 0ms; waited < 1h; waited += turn) {
+        desktop.whenPumping([&desktop, turn] { desktop.advance(turn); });
+    }
+    desktop.whenPumping(std::move(after));
+}
 
 // The box of a routine that failed.
 [[nodiscard]] inline ui::MessageBox errorIn(const std::string& routine) {
