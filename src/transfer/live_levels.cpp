@@ -1,14 +1,14 @@
 #include "transfer/live_levels.h"
 
 #include <exception>
-#include <optional>
 #include <string>
-#include <utility>
 
 #include "transfer/quiet_link.h"
+#include "ui/trapped.h"
 
 namespace telvar::transfer {
 
+using model::ExchangeOutcome;
 using model::StoreMember;
 
 namespace {
@@ -28,6 +28,13 @@ private:
 
 }  // namespace
 
+void LiveLevels::begin() noexcept {
+    if (handedOver_) {
+        handedOver_->before = true;
+    }
+    ++beginnings_;
+}
+
 void LiveLevels::update(const LiveLevelValues& levels) {
     if (updating_) {
         return;
@@ -39,71 +46,85 @@ void LiveLevels::update(const LiveLevelValues& levels) {
     }
 }
 
-// A link works in the background: that the radio did not answer is known only some time after the levels were handed
-// over. Such levels count as not sent.
+// A link works in the background: how the levels fared is known only some time after they were handed over, when other
+// exchanges may have ended since. Whatever kept them from the radio, they are not there; but only their own failure is
+// a radio that does not answer, and only where it was not aborted.
 void LiveLevels::learnOutcome() {
-    const auto link = outcomeOf_;
-    if (!link) {
+    if (!handedOver_) {
         return;
     }
-    std::optional<bool> outcome;
+    const HandedOver asked = *handedOver_;
+    const auto link = asked.link.lock();
+    auto outcome = ExchangeOutcome::Unknown;
     try {
-        outcome = link->lastExchangeSucceeded();
+        outcome = link ? link->exchangeOutcome(asked.number) : outcome;
     } catch (const std::exception&) {
-        outcome = false;
+        outcome = ExchangeOutcome::Failed;
     }
-    if (outcome) {
-        outcomeOf_.reset();
-        if (!*outcome) {
-            sent_ = {};
-            throw RadioSilence();
-        }
+    if (outcome == ExchangeOutcome::Running) {
+        return;
+    }
+    handedOver_.reset();
+    if (outcome == ExchangeOutcome::Failed || outcome == ExchangeOutcome::Aborted) {
+        sent_.reset();
+    }
+    if (outcome == ExchangeOutcome::Failed && !asked.before) {
+        throw RadioSilence();
     }
 }
 
 void LiveLevels::send(const LiveLevelValues& levels) {
-    const auto before = std::exchange(sent_, levels);
-    bool sent = false;
-    try {
-        const auto store = surroundings_.store();
-        for (std::size_t index = 0; index < stagedLevelCount; ++index) {
-            store->SetPotValue(static_cast<std::int16_t>(index), static_cast<std::uint8_t>(levels[index]));
-        }
-        sent = handOver();
-    } catch (const RadioSilence&) {
-        sent_ = {};
-        throw;
-    } catch (...) {
-        sent_ = before;
-        throw;
-    }
-    if (!sent) {
-        sent_ = before;
-    }
-}
-
-// Answers whether the link has the levels.
-bool LiveLevels::handOver() {
     const auto wanted = [this, beginnings = beginnings_] {
         return beginnings == beginnings_ && surroundings_.wanted();
     };
+    const auto staging = surroundings_.store();
+    for (std::size_t index = 0; index < stagedLevelCount; ++index) {
+        staging->SetPotValue(static_cast<std::int16_t>(index), static_cast<std::uint8_t>(levels[index]));
+    }
     surroundings_.pauseDiagnostics();
     if (!wanted() || !waitForQuietLink(surroundings_.desktop, surroundings_.store) || !wanted()) {
-        return false;
+        return;
     }
     learnOutcome();
     const auto store = surroundings_.store();
     store->put(StoreMember::CommsTask, potentiometerUpdate);
     store->put(StoreMember::ProgressCount, std::int16_t{0});
+    if (handOver()) {
+        sent_ = levels;
+    }
+}
+
+// Answers whether the link has the levels.
+bool LiveLevels::handOver() {
+    model::RadioLinkPointer link;
     try {
-        const auto link = surroundings_.link();
+        link = surroundings_.link();
         std::string text;
         link->SendPotValues(text);
-        outcomeOf_ = link;
     } catch (const std::exception&) {
+        if (link && busyWithAnother(*link)) {
+            return false;
+        }
+        sent_.reset();
         throw RadioSilence();
     }
+    handedOver_.reset();
+    ui::resumed([&] {
+        if (const auto number = link->exchangeNumber()) {
+            handedOver_ = HandedOver{.link = link, .number = *number};
+        }
+    });
     return true;
+}
+
+// Somebody was faster: the levels go with a later tick.
+bool LiveLevels::busyWithAnother(model::RadioLink& link) {
+    bool busy = false;
+    ui::resumed([&] {
+        const auto number = link.exchangeNumber();
+        busy = number && link.exchangeOutcome(*number) == ExchangeOutcome::Running;
+    });
+    return busy;
 }
 
 }  // namespace telvar::transfer

@@ -7,6 +7,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
 
 #include "base/failure.h"
 #include "model/data_store.h"
@@ -44,24 +47,30 @@ class LiveLevels {
 public:
     explicit LiveLevels(LiveLevelsSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
 
-    // Exchanges that ended before now are none of the live update's, and an update that waits sends nothing any more.
-    void begin() noexcept {
-        outcomeOf_.reset();
-        ++beginnings_;
-    }
+    // What was handed over before now fails in silence, and an update that waits sends nothing any more.
+    void begin() noexcept;
     // To be called at every tick, since that is when the outcome of the levels sent last is asked for. Inside its own
-    // wait it does nothing. Fails as the store fails, and with RadioSilence; levels that did not reach
-    // the link count as not sent.
+    // wait it does nothing. Fails as the store fails, and with RadioSilence; levels that are known not to have reached
+    // the radio count as not sent. A link that does not number its exchanges is believed unless it refuses the levels.
     void update(const LiveLevelValues& levels);
 
 private:
+    // An exchange of levels whose outcome is not known yet.
+    struct HandedOver {
+        std::weak_ptr<model::RadioLink> link;
+        std::int32_t number = 0;
+        bool before = false;  // the update has begun anew since
+    };
+
     void learnOutcome();
     void send(const LiveLevelValues& levels);
     [[nodiscard]] bool handOver();
+    [[nodiscard]] static bool busyWithAnother(model::RadioLink& link);
 
     LiveLevelsSurroundings surroundings_;
-    LiveLevelValues sent_{};
-    model::RadioLinkPointer outcomeOf_;  // the link that has levels whose outcome is not known yet
+    // Nothing where the radio may hold anything: whatever the levels are now, they have to be sent.
+    std::optional<LiveLevelValues> sent_ = LiveLevelValues{};
+    std::optional<HandedOver> handedOver_;
     bool updating_ = false;
     int beginnings_ = 0;
 };

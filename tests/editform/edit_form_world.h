@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,11 +37,16 @@ public:
         sent.push_back("'" + text + "'");
     }
     void SelectChannel(std::string& /*channel*/) override {}
-    [[nodiscard]] std::optional<bool> lastExchangeSucceeded() override { return outcome; }
+    [[nodiscard]] std::optional<std::int32_t> exchangeNumber() override {
+        return static_cast<std::int32_t>(sent.size());
+    }
+    [[nodiscard]] model::ExchangeOutcome exchangeOutcome(std::int32_t number) override {
+        return number == exchangeNumber() && !gone ? outcome : model::ExchangeOutcome::Unknown;
+    }
 
     Texts sent;
     bool gone = false;
-    std::optional<bool> outcome;
+    model::ExchangeOutcome outcome = model::ExchangeOutcome::Running;  // of the levels sent last
 };
 
 class EditFormWorld : public testing::Test {

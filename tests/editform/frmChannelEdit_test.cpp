@@ -636,7 +636,7 @@ TEST_F(Live, ARadioThatDoesNotAnswerInTheBackgroundSwitchesItOffAtTheNextTick) {
     form.ckContinuousUpdateEnabled.userClick();
     tick();
     EXPECT_EQ(boxes(), Boxes{});
-    link->outcome = false;
+    link->outcome = model::ExchangeOutcome::Failed;
     tick();
     EXPECT_EQ(boxes(), (Boxes{refusal("The radio does not answer. Continuous update has been switched off.")}));
     EXPECT_FALSE(desktop.runs(form.tmrUpdate));
@@ -672,7 +672,7 @@ TEST_F(Live, AnotherLinkIsNotAnswerableForTheFormerOne) {
     form.ckContinuousUpdateEnabled.userClick();
     tick();
     const std::weak_ptr former(link);
-    link->outcome = false;
+    link->outcome = model::ExchangeOutcome::Failed;
     link = std::make_shared<RecordingLink>();
     form.setRadioComms(link);
     EXPECT_TRUE(former.expired());

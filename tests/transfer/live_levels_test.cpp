@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +19,7 @@
 namespace telvar::tests {
 namespace {
 
+using model::ExchangeOutcome;
 using model::StoreMember;
 using Log = std::vector<std::string>;
 using transfer::LiveLevelValues;
@@ -49,18 +52,36 @@ public:
         if (gone) {
             throw base::Failure("no radio");
         }
+        begin(ExchangeOutcome::Running);
     }
     void SelectChannel(std::string& /*channel*/) override {}
+    // What one does that does not number its exchanges.
     [[nodiscard]] std::optional<bool> lastExchangeSucceeded() override {
+        return outcomes.empty() ? std::nullopt : std::optional(outcomes.back() == ExchangeOutcome::Succeeded);
+    }
+    [[nodiscard]] std::optional<std::int32_t> exchangeNumber() override {
+        if (dead) {
+            throw base::Failure("dead");
+        }
+        return numbers ? std::optional(static_cast<std::int32_t>(outcomes.size())) : std::nullopt;
+    }
+    [[nodiscard]] ExchangeOutcome exchangeOutcome(std::int32_t number) override {
         ++asked;
         if (dead) {
             throw base::Failure("dead");
         }
-        return outcome;
+        return outcomes.at(static_cast<std::size_t>(number - 1));
     }
+
+    // Of the levels, or of any other exchange that the link is asked for.
+    void begin(ExchangeOutcome outcome) { outcomes.push_back(outcome); }
+    // The exchange that was begun last.
+    void end(ExchangeOutcome outcome) { outcomes.back() = outcome; }
+
     bool gone = false;
     bool dead = false;
-    std::optional<bool> outcome;
+    bool numbers = true;
+    std::vector<ExchangeOutcome> outcomes;  // from exchange 1 on
     int asked = 0;
 
 private:
@@ -155,11 +176,14 @@ TEST_F(LiveLevels, WhatIsNotWantedAnyMoreAfterTheWaitIsNotSentAndCountsAsNotSent
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
 }
 
-TEST_F(LiveLevels, AQuittingMessageLoopSendsNothing) {
-    memory->put(StoreMember::CommsBusy, true);
-    desktop.quit();
-    const auto calls = update({1, 2, 3, 4, 0, 0});
-    EXPECT_EQ(calls.back(), "CommsBusy");
+TEST_F(LiveLevels, AQuittingMessageLoopSendsNothingBeTheLinkQuietOrNot) {
+    for (const bool busy : {true, false}) {
+        memory->put(StoreMember::CommsBusy, busy);
+        desktop.whenPumping([&] { desktop.quit(); });
+        const auto calls = update({1, 2, 3, 4, 0, 0});
+        EXPECT_EQ(std::ranges::count(calls, "SendPotValues ''"), 0) << busy;
+        EXPECT_EQ(std::ranges::count(calls, "CommsTask="), 0) << busy;
+    }
 }
 
 TEST_F(LiveLevels, ALinkThatRefusesOrIsMissingIsRadioSilence) {
@@ -172,24 +196,104 @@ TEST_F(LiveLevels, ALinkThatRefusesOrIsMissingIsRadioSilence) {
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
 }
 
-TEST_F(LiveLevels, LevelsThatWereNotDeliveredAreRadioSilenceAtTheNextTickAlsoWithoutAChange) {
+TEST_F(LiveLevels, LevelsWhoseExchangeFailedAreRadioSilenceAtTheNextTickAlsoWithoutAChange) {
     const LiveLevelValues levels{1, 2, 3, 4, 0, 0};
     EXPECT_EQ(update(levels), whole);
     EXPECT_EQ(update(levels), Log{});
-    link->outcome = false;
+    link->end(ExchangeOutcome::Failed);
     EXPECT_THROW(live.update(levels), transfer::RadioSilence);
-    link->outcome.reset();
-    log.clear();
     EXPECT_EQ(update(levels), whole);
+}
+
+TEST_F(LiveLevels, AfterAFailureZerosAreSentAgainToo) {
+    const LiveLevelValues zeros{};
+    EXPECT_EQ(update({1, 0, 0, 0, 0, 0}), whole);
+    link->end(ExchangeOutcome::Succeeded);
+    EXPECT_EQ(update(zeros), whole);
+    link->end(ExchangeOutcome::Failed);
+    EXPECT_THROW(live.update(zeros), transfer::RadioSilence);
+    EXPECT_EQ(update(zeros), whole);
+    link->end(ExchangeOutcome::Succeeded);
+    EXPECT_EQ(update(zeros), Log{});
+    // The same where the link refuses them at once.
+    link->gone = true;
+    EXPECT_THROW(live.update({1, 0, 0, 0, 0, 0}), transfer::RadioSilence);
+    link->gone = false;
+    log.clear();
+    EXPECT_EQ(update(zeros), whole);
 }
 
 TEST_F(LiveLevels, LevelsThatWereDeliveredAreNotAskedAboutAgain) {
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
-    link->outcome = true;
+    link->end(ExchangeOutcome::Succeeded);
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
-    link->outcome = false;
+    link->end(ExchangeOutcome::Failed);
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
     EXPECT_EQ(link->asked, 1);
+}
+
+TEST_F(LiveLevels, LevelsThatAreStillOnTheirWayAreNeitherToldNorSentAgain) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    for (int tick = 0; tick < 10; ++tick) {
+        EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+    }
+}
+
+TEST_F(LiveLevels, AnotherExchangeThatFailedOrWasCancelledBehindThemIsNoSilenceOfTheRadio) {
+    for (const auto ended : {ExchangeOutcome::Failed, ExchangeOutcome::Aborted, ExchangeOutcome::Running}) {
+        link->begin(ExchangeOutcome::Failed);  // and one before them
+        EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+        link->end(ExchangeOutcome::Succeeded);
+        link->begin(ended);
+        EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+        EXPECT_EQ(update({0, 0, 0, 0, 0, 0}), whole);
+        link->end(ExchangeOutcome::Succeeded);
+    }
+}
+
+TEST_F(LiveLevels, AnotherExchangeThatSucceededBehindThemDoesNotHideTheirFailure) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->end(ExchangeOutcome::Failed);
+    link->begin(ExchangeOutcome::Succeeded);
+    EXPECT_THROW(live.update({1, 2, 3, 4, 0, 0}), transfer::RadioSilence);
+}
+
+TEST_F(LiveLevels, LevelsThatWereAbortedAreSentAgainInSilence) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->end(ExchangeOutcome::Aborted);
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    // Also where others have taken their place in the wait, which are then not wanted.
+    memory->put(StoreMember::CommsBusy, true);
+    desktop.whenPumping([&] {
+        link->end(ExchangeOutcome::Aborted);
+        wanted = false;
+        memory->put(StoreMember::CommsBusy, false);
+    });
+    static_cast<void>(update({9, 2, 3, 4, 0, 0}));
+    wanted = true;
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+}
+
+TEST_F(LiveLevels, ALinkThatDoesNotNumberItsExchangesIsBelieved) {
+    link->numbers = false;
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->end(ExchangeOutcome::Failed);
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+    EXPECT_EQ(link->asked, 0);
+}
+
+TEST_F(LiveLevels, ALinkThatDoesNotKnowAnExchangeIsBelieved) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->end(ExchangeOutcome::Unknown);
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+}
+
+TEST_F(LiveLevels, ALinkThatCannotTellTheNumberAtOnceIsBelieved) {
+    link->dead = true;
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->dead = false;
+    link->end(ExchangeOutcome::Failed);
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
 }
 
 TEST_F(LiveLevels, ALinkThatDiesAfterwardsIsRadioSilence) {
@@ -198,26 +302,34 @@ TEST_F(LiveLevels, ALinkThatDiesAfterwardsIsRadioSilence) {
     EXPECT_THROW(live.update({1, 2, 3, 4, 0, 0}), transfer::RadioSilence);
 }
 
+TEST_F(LiveLevels, ALinkThatIsGoneIsAskedNothing) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->end(ExchangeOutcome::Failed);
+    const std::weak_ptr former(link);
+    link = std::make_shared<LevelsLink>(log);
+    EXPECT_TRUE(former.expired());
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+}
+
+// Somebody was faster than the levels: they wait for the next tick.
+TEST_F(LiveLevels, ALinkThatRefusesThemForAnotherExchangeIsNoSilenceOfTheRadio) {
+    link->gone = true;
+    link->begin(ExchangeOutcome::Running);
+    static_cast<void>(update({1, 2, 3, 4, 0, 0}));
+    link->gone = false;
+    link->end(ExchangeOutcome::Succeeded);
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+}
+
 TEST_F(LiveLevels, AnOutcomeThatComesDuringTheWaitForTheNextLevelsCounts) {
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
     memory->put(StoreMember::CommsBusy, true);
     desktop.whenPumping([&] {
-        link->outcome = false;
+        link->end(ExchangeOutcome::Failed);
         memory->put(StoreMember::CommsBusy, false);
     });
     EXPECT_THROW(live.update({9, 2, 3, 4, 0, 0}), transfer::RadioSilence);
     EXPECT_EQ(std::ranges::count(log, "SendPotValues ''"), 0);
-}
-
-TEST_F(LiveLevels, LevelsThatWereLostBehindTheNextOnesAreSentAgain) {
-    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
-    memory->put(StoreMember::CommsBusy, true);
-    desktop.whenPumping([&] {
-        link->outcome = false;
-        memory->put(StoreMember::CommsBusy, false);
-    });
-    EXPECT_THROW(live.update({9, 2, 3, 4, 0, 0}), transfer::RadioSilence);
-    link->outcome.reset();
     log.clear();
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
 }
@@ -234,11 +346,23 @@ TEST_F(LiveLevels, ABeginningDuringTheWaitTakesTheLevelsBack) {
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
 }
 
-TEST_F(LiveLevels, OutcomesFromBeforeItBeganAreNotItsOwn) {
+TEST_F(LiveLevels, LevelsThatFailedBeforeItBeganAnewAreSentAgainInSilence) {
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
-    link->outcome = false;
+    link->end(ExchangeOutcome::Failed);
+    live.begin();
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->end(ExchangeOutcome::Succeeded);
     live.begin();
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+}
+
+TEST_F(LiveLevels, TheWaitHasNoLimit) {
+    memory->put(StoreMember::CommsBusy, true);
+    waitAnHour(desktop, [&] {
+        EXPECT_EQ(std::ranges::count(log, "SendPotValues ''"), 0);
+        memory->put(StoreMember::CommsBusy, false);
+    });
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}).back(), "SendPotValues ''");
 }
 
 TEST_F(LiveLevels, AStoreThatFailsAtAnyCallLetsItThroughAndTheLevelsGoLater) {

@@ -164,6 +164,40 @@ TEST_F(LiveLevelsInAHost, ARadioThatFallsSilentSwitchesTheUpdateOffAndIsToldOnce
     EXPECT_NE(form(), nullptr);
 }
 
+TEST_F(LiveLevelsInAHost, ASendThatIsCancelledBehindTheLevelsLeavesTheUpdateOn) {
+    ServedRadio radio("delay");
+    showWith(radio);
+    put(*store, "TableOpen", Variant(true));
+    put(*store, "ShowSendWarning", Variant(false));
+    press("Continuous Update");
+    runUntil([&] { return truthOf(*link, "Busy"); });
+    // The send waits for the levels, and is cancelled once it has begun; only then a tick can ask for their outcome.
+    call(*control, "SendToTelvar");
+    ASSERT_TRUE(truthOf(*link, "Busy"));
+    com::check(link->AbortTransfer());
+    runUntil([&] { return !truthOf(*link, "Busy"); });
+    EXPECT_FALSE(truthOf(*link, "Succeeded"));
+    const auto end = Clock::now() + std::chrono::seconds(1);
+    runUntil([&] { return Clock::now() > end; });
+    EXPECT_TRUE(updating());
+    EXPECT_EQ(boxes.texts(), Texts{});
+}
+
+TEST_F(LiveLevelsInAHost, LevelsThatTheUserAbortsAreSentAgainInSilence) {
+    ServedRadio radio("delay");
+    showWith(radio);
+    press("Continuous Update");
+    runUntil([&] { return truthOf(*link, "Busy"); });
+    const int sent = sends();
+    com::check(link->AbortTransfer());
+    runUntil([&] { return sends() > sent; });
+    runUntil([&] { return !truthOf(*link, "Busy") && truthOf(*link, "Succeeded"); });
+    EXPECT_TRUE(updating());
+    EXPECT_EQ(boxes.texts(), Texts{});
+    radio.stop();
+    EXPECT_EQ(radio.radio.levels()[0], power());
+}
+
 TEST_F(LiveLevelsInAHost, TheHostMayGoWhileLevelsAreOnTheirWay) {
     ServedRadio radio("delay");
     showWith(radio);
