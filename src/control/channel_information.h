@@ -301,7 +301,6 @@ private:
     bool selecting_ = false;          // inside the channel-select button's wait
     bool editing_ = false;            // a command that changes the table is under way
     bool filling_ = false;            // the fill dialog is shown
-    bool loading_ = false;            // a load was begun, and was not seen to have ended
     bool following_ = false;          // the edit form will be asked to follow the current row
     std::optional<bool> copyAgreed_;  // the answer about the other selected channels since the form was opened
     bool blinking_ = false;

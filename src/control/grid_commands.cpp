@@ -89,13 +89,17 @@ bool ChannelInformation::changesRefused() {
     if (dataLocked()) {
         return true;
     }
-    loading_ = loading_ && base::isTrue(store()->get(StoreMember::CommsBusy));
-    if (loading_) {
+    // What is changed from the beginning of a load on would be overwritten unseen. Its sequence is known as long as it
+    // stands below this call; the exchange itself, whoever began it, is the store's to tell.
+    const auto table = pCentralDataStore_;
+    const bool loading = tableTransfer_.loading() || (table && transfer::loadRuns(*table));
+    endIfClosed();
+    if (loading) {
         show({.text = "The channel table is being loaded from the radio. Please wait until it has ended.",
               .title = messageTitle(),
               .icon = ui::Icon::Exclamation});
     }
-    return loading_;
+    return loading;
 }
 
 void ChannelInformation::changeTable(const std::function<bool()>& edit, const std::function<void()>& mark) {

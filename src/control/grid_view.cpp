@@ -48,7 +48,6 @@ void ChannelInformation::renderChannel(std::int16_t channel) {
 void ChannelInformation::UpdateControlsFromMemory() {
     routine("UpdateControlsFromMemory", [&] {
         history_.forget();
-        loading_ = false;
         frmCE.noteTableReadAnew();
         txtChannelSelect.loadText(base::toText(store()->get(StoreMember::SelectedChannel), numberFormat_));
         followSelectedChannel();

@@ -64,14 +64,20 @@ void ChannelInformation::SendChannelInfoToTelvar() {
     routine("SendChannelInfoToTelvar", [&] { tableTransfer_.send(); });
 }
 
-// A load replaces the table when it has arrived, so locked data refuses it here.
+// A load replaces the table when it has arrived, so locked data refuses it here. So does an edit that is under way and
+// has asked the user something: it would go on in a table that is about to be overwritten.
 void ChannelInformation::LoadChannelInfoFromTelvar() {
     routine("LoadChannelInfoFromTelvar", [&] {
-        if (!dataLocked()) {
-            // What is changed from now on would be overwritten unseen.
-            loading_ = true;
-            tableTransfer_.load();
+        if (dataLocked()) {
+            return;
         }
+        if (editing_ || frmCE.storing()) {
+            show({.text = "The channel table is being edited. Please end that before it is loaded from the radio.",
+                  .title = messageTitle(),
+                  .icon = ui::Icon::Exclamation});
+            return;
+        }
+        tableTransfer_.load();
     });
 }
 

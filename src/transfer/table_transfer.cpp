@@ -11,6 +11,20 @@ namespace telvar::transfer {
 
 using model::StoreMember;
 
+// Names a sequence as the one under way for as long as it goes on, however it ends.
+class TableTransfer::Running {
+public:
+    Running(Sequence& underWay, Sequence which) noexcept : underWay_(underWay) { underWay_ = which; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    Running(Running&&) = delete;
+    Running& operator=(Running&&) = delete;
+    ~Running() { underWay_ = Sequence::None; }
+
+private:
+    Sequence& underWay_;
+};
+
 namespace {
 
 constexpr const char* overwriteWarning = "Warning: Sending data to the Telvar will overwrite the\r\n"
@@ -30,31 +44,26 @@ private:
     model::DataStorePointer store_;
 };
 
-// True for as long as a sequence goes on, however it ends.
-class UnderWay {
-public:
-    explicit UnderWay(bool& flag) noexcept : flag_(flag) { flag_ = true; }
-    UnderWay(const UnderWay&) = delete;
-    UnderWay& operator=(const UnderWay&) = delete;
-    UnderWay(UnderWay&&) = delete;
-    UnderWay& operator=(UnderWay&&) = delete;
-    ~UnderWay() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
-
 }  // namespace
 
 std::unique_ptr<SendPermission> storePermission(model::DataStorePointer store) {
     return std::make_unique<StorePermission>(std::move(store));
 }
 
+bool loadRuns(model::DataStore& store) {
+    bool runs = false;
+    ui::resumed([&] {
+        runs = base::isTrue(store.get(StoreMember::CommsBusy)) &&
+               base::toInt16(store.get(StoreMember::CommsTask)) == channelTableLoad;
+    });
+    return runs;
+}
+
 void TableTransfer::load() {
     if (refusedInsideAnother()) {
         return;
     }
-    const UnderWay underWay(underWay_);
+    const Running running(underWay_, Sequence::Load);
     abortingOnFailure([&] {
         surroundings_.disableCommands();
         surroundings_.disableChannelSelect();
@@ -73,7 +82,7 @@ void TableTransfer::send() {
     if (refusedInsideAnother()) {
         return;
     }
-    const UnderWay underWay(underWay_);
+    const Running running(underWay_, Sequence::Send);
     if (!tableIsOpen()) {
         return;
     }
@@ -96,12 +105,12 @@ void TableTransfer::send() {
 }
 
 bool TableTransfer::refusedInsideAnother() {
-    if (underWay_) {
+    if (underWay()) {
         surroundings_.show({.text = "Another transfer is waiting for the Telvar. Please wait until it has ended.",
                             .title = title(),
                             .icon = ui::Icon::Exclamation});
     }
-    return underWay_;
+    return underWay();
 }
 
 bool TableTransfer::tableIsOpen() {
@@ -160,8 +169,8 @@ void TableTransfer::announce(std::int16_t task) {
     store->put(StoreMember::ProgressCount, std::int16_t{0});
 }
 
-template <class Sequence>
-void TableTransfer::abortingOnFailure(Sequence&& sequence) {
+template <class Body>
+void TableTransfer::abortingOnFailure(Body&& sequence) {
     try {
         sequence();
     } catch (const std::exception&) {

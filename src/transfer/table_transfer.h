@@ -7,6 +7,7 @@
 // own end gives the commands back.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -17,7 +18,7 @@
 
 namespace telvar::transfer {
 
-// What the store's task code says is under way.
+// What the store's task code says is under way. A link has codes of its own for what it does unasked (radio::Task).
 inline constexpr std::int16_t channelTableSend = 30;
 inline constexpr std::int16_t channelTableLoad = 22;
 
@@ -33,6 +34,10 @@ public:
 
     [[nodiscard]] virtual bool mayGoAhead() = 0;
 };
+
+// The store says that a load runs: its link is busy, and with that. A store that does not say so, because it fails or
+// has no such values, keeps nobody from anything.
+[[nodiscard]] bool loadRuns(model::DataStore& store);
 
 // Asks the data store, which permits the send where it has no opinion.
 [[nodiscard]] std::unique_ptr<SendPermission> storePermission(model::DataStorePointer store);
@@ -63,7 +68,9 @@ public:
     explicit TableTransfer(TransferSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
 
     // From the beginning of a sequence to its end: it asks, checks or waits for the link.
-    [[nodiscard]] bool underWay() const noexcept { return underWay_; }
+    [[nodiscard]] bool underWay() const noexcept { return underWay_ != Sequence::None; }
+    // The same of a load alone, which will replace the table.
+    [[nodiscard]] bool loading() const noexcept { return underWay_ == Sequence::Load; }
 
     // Let failures through (base::Failure, or what the surroundings throw). One that starts while another is under way
     // is refused with a message.
@@ -71,6 +78,9 @@ public:
     void load();
 
 private:
+    enum class Sequence : std::uint8_t { None, Send, Load };
+    class Running;
+
     [[nodiscard]] bool refusedInsideAnother();
     [[nodiscard]] bool tableIsOpen();
     [[nodiscard]] bool overwriteConfirmed();
@@ -79,13 +89,13 @@ private:
     // False when the message loop is quitting.
     [[nodiscard]] bool waitForLink();
     void announce(std::int16_t task);
-    template <class Sequence>
-    void abortingOnFailure(Sequence&& sequence);
+    template <class Body>
+    void abortingOnFailure(Body&& sequence);
     [[nodiscard]] bool linkIsKnownToBeFree();
     [[nodiscard]] std::string title();
 
     TransferSurroundings surroundings_;
-    bool underWay_ = false;
+    Sequence underWay_ = Sequence::None;
 };
 
 }  // namespace telvar::transfer

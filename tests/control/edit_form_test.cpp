@@ -508,9 +508,10 @@ TEST_F(ControlEditForm, ApplyMarksTheTableAsChangedAndRendersTheRow) {
     edit();
     recording->forget();
     form().cmdApply.userPress();
-    ASSERT_GE(recording->calls().size(), 2U);
-    EXPECT_EQ(recording->calls()[0], "DataModified=");
-    EXPECT_EQ(recording->calls()[1], "ChannelDataModified=");
+    ASSERT_GE(recording->calls().size(), 3U);
+    EXPECT_EQ(recording->calls()[0], "CommsBusy");  // whether a load runs
+    EXPECT_EQ(recording->calls()[1], "DataModified=");
+    EXPECT_EQ(recording->calls()[2], "ChannelDataModified=");
     const auto cells = renderedRow(*store, 4);
     const auto rowFour = row(4);
     EXPECT_EQ(Log(rowFour.begin() + 1, rowFour.end()), Log(cells.begin() + 1, cells.end()));

@@ -488,7 +488,7 @@ TEST_F(EditingCommands, EndQuietlyWhereTheControlIsClosedBehindTheLock) {
 TEST_F(EditingCommands, EndQuietlyWhereTheControlIsClosedBehindAFailure) {
     const auto failing = decorate<FailingStore>();
     desktop.duringBox = [this](const ui::MessageBox&) { control->close(); };
-    failing->failAt(255 * 28 + 2);  // the first read of the first rendered row
+    failing->failAt(1 + 255 * 28 + 2);  // behind the guard and the backup, the first read of the first rendered row
     paste("145.5\t146.5");
     EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateRowData")}));
     EXPECT_EQ(transmits(1), 145.5 * megahertz);

@@ -14,6 +14,7 @@ namespace {
 using control::GridCommand;
 
 constexpr int valuesOfATable = 255 * 28;
+constexpr int guard = 1;  // the store is asked first whether a load runs
 
 // Does something inside its n-th call, counted from 1, and may fail there as well.
 class EventfulStore : public StoreDecorator {
@@ -90,9 +91,9 @@ protected:
         const int total = run(*begin(), 0, false, [] {});
         static_cast<void>(boxes());
         constexpr int sample = 487;
-        const int copies = GetParam() == GridCommand::Undo ? 2 * valuesOfATable : valuesOfATable;
+        const int copies = guard + (GetParam() == GridCommand::Undo ? 2 * valuesOfATable : valuesOfATable);
         std::vector<int> calls{copies - 1, copies, copies + 1};
-        for (int call = 1; call <= total; call += call < copies ? sample : 1 + (total - copies) / 100) {
+        for (int call = guard + 1; call <= total; call += call < copies ? sample : 1 + (total - copies) / 100) {
             calls.push_back(call);
         }
         for (int call = total - 3; call <= total; ++call) {
@@ -114,6 +115,16 @@ TEST_P(EndsInside, AnyCallToTheStore) {
             ASSERT_FALSE(HasFailure()) << call << (fails ? " failing" : "");
         }
     }
+}
+
+TEST_P(EndsInside, TheCallBeforeAnythingIsAskedOrChanged) {
+    const auto before = tableText(*store);
+    const auto eventful = begin();
+    const auto table = tableText(*store);
+    EXPECT_EQ(run(*eventful, guard, false, [this] { control->close(); }), guard);
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(tableText(*store), table);
+    EXPECT_NE(before, table);
 }
 
 TEST_P(EndsInside, TheBoxOfAnyFailure) {

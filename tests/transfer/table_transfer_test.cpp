@@ -14,6 +14,8 @@
 
 #include "base/failure.h"
 #include "model/memory_data_store.h"
+#include "support/answering_store.h"
+#include "support/failing_store.h"
 #include "support/store_decorator.h"
 #include "support/test_desktop.h"
 
@@ -247,12 +249,82 @@ TEST_F(TableTransfer, PendingEventsRunOnceEvenWhenTheLinkIsQuiet) {
     EXPECT_EQ(turns, 1);
 }
 
-TEST_F(TableTransfer, AQuittingMessageLoopEndsTheWaitWithoutAnExchange) {
+TEST_F(TableTransfer, TheWaitHasNoLimit) {
+    for (const bool sending : {true, false}) {
+        memory->put(StoreMember::CommsBusy, true);
+        waitAnHour(desktop, [&] {
+            EXPECT_TRUE(sequence.underWay());
+            memory->put(StoreMember::CommsBusy, false);
+        });
+        EXPECT_EQ((sending ? send() : load()).back(),
+                  sending ? "link SendChannelTable" : "link LoadChannelTable '' True");
+    }
+}
+
+TEST_F(TableTransfer, AQuittingMessageLoopBeginsNoExchangeBeTheLinkQuietOrNot) {
+    for (const bool busy : {true, false}) {
+        for (const bool sending : {true, false}) {
+            memory->put(StoreMember::CommsBusy, busy);
+            desktop.whenPumping([&] { desktop.quit(); });
+            const Log log = sending ? send() : load();
+            EXPECT_EQ(std::ranges::count(log, "CommsTask="), 0) << busy;
+            EXPECT_EQ(std::ranges::count(log, "link AbortTransfer"), 0) << busy;
+            EXPECT_TRUE(log.back() == "CommsBusy" || log.back() == "event PauseDiagnostics") << log.back();
+            EXPECT_FALSE(sequence.underWay());
+        }
+    }
+}
+
+// Whatever is pending when the link falls quiet runs first; the end of the program may be among it.
+TEST_F(TableTransfer, AQuitBehindTheEndOfTheBusyLinkBeginsNoExchange) {
     memory->put(StoreMember::CommsBusy, true);
-    desktop.quit();
-    const Log log = send();
-    EXPECT_EQ(log.back(), "CommsBusy");
-    EXPECT_FALSE(sequence.underWay());
+    desktop.whenPumping([] {});
+    desktop.whenPumping([&] { memory->put(StoreMember::CommsBusy, false); });
+    desktop.whenPumping([&] { desktop.quit(); });
+    EXPECT_EQ(std::ranges::count(load(), "CommsTask="), 0);
+}
+
+TEST_F(TableTransfer, OnlyALoadIsALoad) {
+    for (const bool sending : {true, false}) {
+        memory->put(StoreMember::CommsBusy, true);
+        desktop.whenPumping([&] {
+            EXPECT_EQ(sequence.loading(), !sending);
+            sequence.load();
+            EXPECT_EQ(sequence.loading(), !sending) << "the refused one changes nothing";
+            memory->put(StoreMember::CommsBusy, false);
+        });
+        static_cast<void>(sending ? send() : load());
+        EXPECT_FALSE(sequence.loading());
+    }
+}
+
+TEST(RunningLoad, IsABusyLinkWithTheTaskOfALoad) {
+    model::MemoryDataStore store;
+    for (const auto task : std::vector<std::int16_t>{0, 11, 12, 21, 22, 23, 30, 31, 33}) {
+        store.put(StoreMember::CommsTask, task);
+        store.put(StoreMember::CommsBusy, true);
+        EXPECT_EQ(transfer::loadRuns(store), task == 22) << task;
+        store.put(StoreMember::CommsBusy, false);
+        EXPECT_FALSE(transfer::loadRuns(store)) << task;
+    }
+}
+
+TEST(RunningLoad, IsToldByNoStoreThatFailsOrHasNoSuchValues) {
+    model::MemoryDataStore store;
+    store.put(StoreMember::CommsTask, std::int16_t{22});
+    store.put(StoreMember::CommsBusy, true);
+    FailingStore failing(store);
+    for (const int call : {1, 2}) {
+        failing.failAt(call);
+        EXPECT_FALSE(transfer::loadRuns(failing)) << call;
+    }
+    AnsweringStore answering(store);
+    for (const base::Value& odd : {base::Value{base::Empty{}}, base::Value{base::Unusable{}}, base::Value{70'000}}) {
+        answering.answer(StoreMember::CommsTask, odd);
+        EXPECT_FALSE(transfer::loadRuns(answering));
+    }
+    answering.answer(StoreMember::CommsTask, base::textValue("22"));
+    EXPECT_TRUE(transfer::loadRuns(answering));
 }
 
 TEST_F(TableTransfer, AnotherTransferInsideTheWaitIsRefusedInOneSentence) {

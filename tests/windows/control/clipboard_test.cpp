@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "clipboard_keys.h"
 #include "com/kit/text.h"
 #include "container.h"
 #include "support/temporary_folder.h"
@@ -15,25 +16,6 @@ namespace {
 using namespace std::chrono_literals;
 
 [[nodiscard]] std::wstring widened(const std::string& text) { return TemporaryFolder::pathOf(text).wstring(); }
-
-// Held down for the life of the object, as the thread sees it.
-class HeldControl {
-public:
-    HeldControl() noexcept { set(0x80); }
-    HeldControl(const HeldControl&) = delete;
-    HeldControl& operator=(const HeldControl&) = delete;
-    HeldControl(HeldControl&&) = delete;
-    HeldControl& operator=(HeldControl&&) = delete;
-    ~HeldControl() { set(0); }
-
-private:
-    static void set(BYTE state) noexcept {
-        std::array<BYTE, 256> keys{};
-        GetKeyboardState(keys.data());
-        keys[VK_CONTROL] = state;
-        SetKeyboardState(keys.data());
-    }
-};
 
 class RealClipboard : public ControlWorld {
 protected:
@@ -63,16 +45,6 @@ protected:
         pump();
     }
 
-    static void putOnClipboard(const std::wstring& text) {
-        ASSERT_TRUE(OpenClipboard(nullptr));
-        EmptyClipboard();
-        const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-        CopyMemory(GlobalLock(memory), text.c_str(), bytes);
-        GlobalUnlock(memory);
-        SetClipboardData(CF_UNICODETEXT, memory);
-        CloseClipboard();
-    }
     static std::wstring onClipboard() {
         std::wstring text;
         if (OpenClipboard(nullptr) != FALSE) {

@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "VexloRadioLink.h"
+#include "clipboard_keys.h"
 #include "container.h"
 #include "recording_link.h"
+#include "support/served_radio.h"
 #include "support/temporary_folder.h"
 
 namespace telvar::tests {
@@ -64,6 +66,12 @@ struct Transfer : ControlWorld {
         boxes.forget();
     }
     void setBusy(bool busy) { put(*store, "CommsBusy", Variant(busy)); }
+    // The program's own loop needs it.
+    static void expectQuitMessage() {
+        MSG message{};
+        ASSERT_NE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), FALSE);
+        EXPECT_EQ(message.wParam, 7U);
+    }
     [[nodiscard]] bool checked() {
         const Variant answer = call(*control, "check_Frequencies");
         EXPECT_EQ(answer.type(), VT_BOOL);
@@ -247,9 +255,26 @@ TEST_F(Transfer, AProgramThatEndsEndsTheWait) {
     const Soon quit([] { PostQuitMessage(7); });
     EXPECT_EQ(control->SendToTelvar(), S_OK);
     EXPECT_EQ(journal, (Texts{disableCommands, hourglass, pauseDiagnostics}));
-    MSG message{};
-    ASSERT_NE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), FALSE) << "the program's own loop needs it";
-    EXPECT_EQ(message.wParam, 7U);
+    expectQuitMessage();
+}
+
+TEST_F(Transfer, AProgramThatEndsBeginsNoExchangeOnAQuietLinkEither) {
+    put(*store, "ChannelChangeAllowed", Variant(true));
+    for (const char* name : {"SendToTelvar", "LoadFromTelvar"}) {
+        journal.clear();
+        PostQuitMessage(7);
+        call(*control, name);
+        EXPECT_EQ(journal, (Texts{disableCommands, hourglass, pauseDiagnostics})) << name;
+        expectQuitMessage();
+    }
+    // Steps whose number the radio follows at once.
+    journal.clear();
+    put(*store, "FollowSteps", Variant(true));
+    PostQuitMessage(7);
+    call(*control, "ChannelKeyDown");
+    EXPECT_EQ(journal, (Texts{hourglass, pauseDiagnostics}));
+    EXPECT_EQ(boxes.texts(), Texts{});
+    expectQuitMessage();
 }
 
 // ---- with the link of this build
@@ -298,6 +323,95 @@ TEST_F(TransferWithLink, WhatIsSentIsLoadedBackAndShownAfterARefresh) {
     EXPECT_EQ(message(), "The table was loaded from the radio.");
     call(*control, "UpdateControlsFromMemory");
     EXPECT_EQ(cell(1, 1), "450.000000");
+}
+
+// Keys that the user has pressed before, and while, the table is on its way from the radio.
+struct EditsDuringALoad : TransferWithLink {
+    void SetUp() override {
+        TransferWithLink::SetUp();
+        call(*control, "SendToTelvar");
+        ASSERT_TRUE(ended());
+        call(*control, "UpdateControlsFromMemory");
+        site = com::make<Container>(*control);
+        com::check(site->activate(OLEIVERB_UIACTIVATE));
+        pump();
+        gridWindow = GetFocus();
+        com::check(grid->Select(1, 1, 1, 1));
+        putOnClipboard(L"451.5");
+    }
+    void TearDown() override {
+        site->close();
+        site.reset();
+        TransferWithLink::TearDown();
+    }
+    void load() { call(*control, "LoadFromTelvar"); }
+    void pressPaste() const {
+        const HeldControl held;
+        SendMessageW(gridWindow, WM_KEYDOWN, 'V', 0);
+    }
+    [[nodiscard]] std::string frequency() {
+        const Variant record = call(*store, "ChannelTable", {Variant(std::int16_t{0})});
+        return textOf(get(*V_DISPATCH(&record.get()), "TxFreq"));
+    }
+
+    ComPointer<Container> site;
+    HWND gridWindow = nullptr;
+    const std::string sent = std::to_string(good);
+};
+
+constexpr const char* loadRuns = "The channel table is being loaded from the radio. Please wait until it has ended.";
+
+TEST_F(EditsDuringALoad, APasteThatIsPendingAtItsBeginningAndAnotherWhileItRunsAreOneSentenceEachAndChangeNothing) {
+    {
+        const HeldControl held;
+        PostMessageW(gridWindow, WM_KEYDOWN, 'V', 0);
+        load();
+    }
+    EXPECT_EQ(boxes.texts(), Texts{loadRuns});
+    ASSERT_TRUE(busy());
+    pressPaste();
+    EXPECT_EQ(boxes.texts(), (Texts{loadRuns, loadRuns}));
+    EXPECT_EQ(frequency(), sent);
+    EXPECT_EQ(cell(1, 1), "450.000000");
+    ASSERT_TRUE(ended());
+    EXPECT_EQ(message(), "The table was loaded from the radio.");
+    EXPECT_EQ(frequency(), sent);
+    // It has ended, and nobody has to refresh anything before editing goes on.
+    pressPaste();
+    EXPECT_EQ(boxes.texts().size(), 2U);
+    EXPECT_EQ(frequency(), "451500000");
+}
+
+TEST_F(EditsDuringALoad, AfterALoadThatFailedADeadRadioThatIsPolledHindersNobody) {
+    ServedRadio served("silence");
+    put(*link, "Connection", Variant(radio::textOf(served.address())));
+    load();
+    com::check(link->AbortTransfer());
+    ASSERT_TRUE(ended());
+    EXPECT_EQ(textOf(get(*store, "CommsTask")), "22");
+    com::check(link->QueryStatus());
+    ASSERT_TRUE(busy());
+    EXPECT_EQ(textOf(get(*store, "CommsBusy")), "True");
+    pressPaste();
+    EXPECT_TRUE(busy());
+    EXPECT_EQ(boxes.texts(), Texts{});
+    EXPECT_EQ(frequency(), "451500000");
+    com::check(link->AbortTransfer());
+    ASSERT_TRUE(ended());
+}
+
+TEST_F(EditsDuringALoad, ALoadThatIsRefusedInsideASendsWaitGuardsNothing) {
+    com::check(link->QueryStatus());
+    {
+        const Soon inside([this] {
+            load();
+            pressPaste();
+        });
+        call(*control, "SendToTelvar");
+    }
+    EXPECT_EQ(boxes.texts(), Texts{anotherWaits});
+    EXPECT_EQ(frequency(), "451500000");
+    ASSERT_TRUE(ended());
 }
 
 TEST_F(TransferWithLink, ASecondSendWaitsForTheFirst) {
