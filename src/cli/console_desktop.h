@@ -37,8 +37,10 @@ public:
     bool doEvents() override { return true; }
     bool pumpUntil(const std::function<bool()>& done) override { return done(); }
     [[nodiscard]] ui::Size screenSize() override { return {}; }
+    [[nodiscard]] ui::Rect workArea(const ui::Rect& /*at*/) override { return {}; }
     [[nodiscard]] ui::Size measure(const std::string& /*text*/, int /*dpi*/) override { return {}; }
     [[nodiscard]] base::Dispatcher& dispatcher() override { return dispatcher_; }
+    void whenIdle(std::function<void()> /*work*/) override {}
     void startTimer(ui::Timer& /*timer*/, std::chrono::milliseconds /*interval*/) override {}
     void stopTimer(ui::Timer& /*timer*/) noexcept override {}
 

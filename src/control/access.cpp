@@ -1,6 +1,7 @@
 // What the user may see and change: columns by access level, the marking of locked columns, and the host's switch for
 // the radio's command.
 #include <array>
+#include <exception>
 
 #include "base/conversion.h"
 #include "control/channel_information.h"
@@ -52,27 +53,39 @@ void ChannelInformation::UpdateAccess(std::int16_t intAccessLvl) {
     routine("UpdateAccess", [&] {
         accessLevel_ = intAccessLvl;
         frmCE.UpdateAccess(intAccessLvl);
-        showColumnsOf(intAccessLvl);
+        const auto failure = showColumnsOf(intAccessLvl);
         for (std::int16_t column = editing::firstHiddenColumn; column <= editing::lastColumn; ++column) {
             fgdDatabase.setColumnAlignment(column, ui::Alignment::Centre);
+        }
+        if (failure) {
+            std::rethrow_exception(failure);
         }
     });
 }
 
-void ChannelInformation::showColumnsOf(std::int16_t level) {
+// Answers what went wrong: a board that the store cannot tell of is not fitted, so that nothing stays shown that was
+// shown before.
+std::exception_ptr ChannelInformation::showColumnsOf(std::int16_t level) {
     if (level >= fullAccess) {
         for (const auto column : widthOrder) {
             showColumn(fgdDatabase, column, true);
         }
-        return;
+        return nullptr;
     }
     for (std::int16_t column = editing::firstHiddenColumn; column < editing::firstP25Column; ++column) {
         showColumn(fgdDatabase, column, false);
     }
-    const bool board = base::isTrue(store()->get(model::StoreMember::P25BoardFitted));
+    bool board = false;
+    std::exception_ptr failure;
+    try {
+        board = base::isTrue(store()->get(model::StoreMember::P25BoardFitted));
+    } catch (const std::exception&) {
+        failure = std::current_exception();
+    }
     for (std::int16_t column = editing::firstP25Column; column <= editing::lastColumn; ++column) {
         showColumn(fgdDatabase, column, board && level >= p25Access);
     }
+    return failure;
 }
 
 void ChannelInformation::setUpLockModes() {

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -151,7 +152,8 @@ public:
     Confirmation confirmation;
 
     // For hosts that offer the form without the mouse: as a double-click on the current row, but a form that shows it
-    // already only comes to the front.
+    // already keeps what was typed and comes to the front, after the question about other selected channels if there are
+    // any.
     void editChannel();
     // Before the table goes: the user applies or drops the edits in the open form, or wants to stay (False).
     [[nodiscard]] bool leaveEdits();
@@ -181,8 +183,9 @@ private:
     void fgdDatabase_KeyDown(ui::KeyEvent& event);
     void fgdDatabase_KeyPress(ui::KeyPressEvent& event);
     void fgdDatabase_MouseDown(const ui::MouseEvent& event);
-    void fgdDatabase_DblClick();
+    void fgdDatabase_DblClick(const ui::DoubleClick& click);
     void fgdDatabase_SelChange();
+    void frmCE_Load();
     void frmCE_DataChanged();
     void frmCE_EditClosed();
     void frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo);
@@ -254,12 +257,18 @@ private:
     struct Rows {
         std::int16_t first = 0;
         std::int16_t last = 0;
+        bool operator==(const Rows&) const = default;
     };
     [[nodiscard]] bool editFormShown() const { return desktop_.isOpen(frmCE); }
     void wireEditForm();
     void markSelected(int row);
+    void openCurrentRow(const ui::CellRange& selected);
     void openEditForm(std::int16_t channel, const ui::CellRange& selection);
     [[nodiscard]] Rows rowsToCopyTo(std::int16_t channel, const ui::CellRange& selection);
+    void copyTo(Rows rows);
+    void keepCopying();
+    [[nodiscard]] Rows selectedRows() const;
+    void placeEditForm();
     void followRowSoon();
     void showRowInEditForm(const std::string& news = {});
     void returnToEditedRow(int column);
@@ -268,6 +277,7 @@ private:
 
     void highlight(std::int16_t channel);
     void followSelectedChannel();
+    [[nodiscard]] std::string selectedChannelText() const;
     void setBlinking(bool blinking);
 
     [[nodiscard]] double typedNumber() const;
@@ -280,7 +290,7 @@ private:
     void refuseTypedChannel();
     void endChannelSelect();
 
-    void showColumnsOf(std::int16_t level);
+    [[nodiscard]] std::exception_ptr showColumnsOf(std::int16_t level);
     void markHeaders(std::int16_t mode);
 
     ui::Desktop& desktop_;
@@ -302,7 +312,9 @@ private:
     bool editing_ = false;            // a command that changes the table is under way
     bool filling_ = false;            // the fill dialog is shown
     bool following_ = false;          // the edit form will be asked to follow the current row
-    std::optional<bool> copyAgreed_;  // the answer about the other selected channels since the form was opened
+    std::optional<Rows> copyingWhile_;     // the rows that stay selected while the form copies to others; none: it does not
+    std::optional<ui::Point> placeGiven_;  // the form's upper left corner as it was opened last
+    bool placeChosen_ = false;             // the user moved the form since
     bool blinking_ = false;
     bool blinkPhase_ = false;
     bool closed_ = false;

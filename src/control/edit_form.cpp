@@ -4,6 +4,8 @@
 
 #include "base/conversion.h"
 #include "control/channel_information.h"
+#include "control/copy_question.h"
+#include "ui/beside.h"
 
 namespace telvar::control {
 
@@ -11,9 +13,9 @@ using model::StoreMember;
 
 namespace {
 
-constexpr const char* copyQuestion =
-    "Changes will also be copied to the other selected channels. Would you like to proceed?";
 constexpr std::size_t potentiometersOnlyMode = 2;
+
+[[nodiscard]] ui::Point cornerOf(const ui::Rect& window) noexcept { return {window.left, window.top}; }
 
 }  // namespace
 
@@ -26,6 +28,7 @@ void ChannelInformation::wireEditForm() {
         routine("changesRefused", [&] { refused = editing_ || changesRefused(); });
         return refused;
     });
+    ui::on(frmCE.Load, this, &ChannelInformation::frmCE_Load);
     ui::on(frmCE.DataChanged, this, &ChannelInformation::frmCE_DataChanged);
     ui::on(frmCE.EditClosed, this, &ChannelInformation::frmCE_EditClosed);
     ui::on(frmCE.OpenLoginWithChannelEdit, this, &ChannelInformation::frmCE_OpenLoginWithChannelEdit);
@@ -36,43 +39,62 @@ void ChannelInformation::wireEditForm() {
 
 // -- opening ---------------------------------------------------------------------------------------------------------
 
-void ChannelInformation::fgdDatabase_DblClick() {
+// The grid has made the clicked row the current one. A header is no channel.
+void ChannelInformation::fgdDatabase_DblClick(const ui::DoubleClick& click) {
     routine("fgdDatabase_DblClick", [&] {
-        const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
-        const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
-        const auto selection = fgdDatabase.selection();
-        if (current.row < 1) {
-            return;
+        if (click.at.row >= 1) {
+            openCurrentRow(click.selected);
         }
-        const bool leaves = !editFormShown() || frmCE.mayLeaveChannel();
-        endIfClosed();
-        if (!leaves) {
-            if (editFormShown()) {
-                desktop_.showModeless(frmCE);
-                returnToEditedRow(current.column);
-            }
-            return;
-        }
-        // Applying made another row current.
-        fgdDatabase.select(current, end);
-        clipboardEditing_.ClearSelection();
-        markSelected(current.row);
-        copyAgreed_.reset();
-        openEditForm(static_cast<std::int16_t>(current.row), selection);
     });
 }
 
-void ChannelInformation::editChannel() {
-    if (closed_ || !editFormShown() || fgdDatabase.row() != frmCE.channel()) {
-        fgdDatabase_DblClick();
+// `selected` is what the user had selected when the opening was asked for.
+void ChannelInformation::openCurrentRow(const ui::CellRange& selected) {
+    const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
+    const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
+    if (current.row < 1) {
         return;
     }
-    ui::resumed([this] { desktop_.showModeless(frmCE); });
+    const bool leaves = !editFormShown() || frmCE.mayLeaveChannel();
+    endIfClosed();
+    if (!leaves) {
+        if (editFormShown()) {
+            desktop_.showModeless(frmCE);
+            returnToEditedRow(current.column);
+        }
+        return;
+    }
+    // Applying made another row current.
+    fgdDatabase.select(current, end);
+    clipboardEditing_.ClearSelection();
+    markSelected(current.row);
+    openEditForm(static_cast<std::int16_t>(current.row), selected);
+}
+
+void ChannelInformation::editChannel() {
+    routine("EditChannel", [&] {
+        const auto selected = fgdDatabase.selection();
+        if (!editFormShown() || fgdDatabase.row() != frmCE.channel()) {
+            openCurrentRow(selected);
+            return;
+        }
+        if (selected.rowCount() > 1) {
+            const auto closings = formClosings_;
+            const Rows rows = rowsToCopyTo(frmCE.channel(), selected);
+            if (closings != formClosings_) {
+                return;
+            }
+            copyTo(rows);
+        }
+        if (editFormShown()) {
+            ui::resumed([this] { desktop_.showModeless(frmCE); });
+        }
+    });
 }
 
 void ChannelInformation::markSelected(int row) {
     store()->put(StoreMember::SelectedChannel, static_cast<std::int16_t>(row));
-    txtChannelSelect.setText(base::toText(store()->get(StoreMember::SelectedChannel), numberFormat_));
+    txtChannelSelect.setText(selectedChannelText());
 }
 
 void ChannelInformation::openEditForm(std::int16_t channel, const ui::CellRange& selection) {
@@ -82,43 +104,85 @@ void ChannelInformation::openEditForm(std::int16_t channel, const ui::CellRange&
         return;
     }
     const bool wasShown = editFormShown();
+    placeChosen_ = placeChosen_ || (!wasShown && placeGiven_ && *placeGiven_ != cornerOf(frmCE.bounds()));
     frmCE.setChannel(channel);
-    frmCE.setSelectedChannels(rows.first, rows.last);
+    copyTo(rows);
     ui::resumed([this] { desktop_.showModeless(frmCE); });
     endIfClosed();
     frmCE.refresh();
     if (!wasShown && editFormShown()) {
+        // Its size is that of this channel and level only now.
+        placeEditForm();
         frmCE.firstField().setFocus();
     }
 }
 
-// The selected rows, when they are several, the channel is among them and the user agrees; asked once after each
-// opening. No edits the one channel only.
+// The selected rows, when they are several, the channel is among them and the user agrees. No edits the one channel
+// only.
 ChannelInformation::Rows ChannelInformation::rowsToCopyTo(std::int16_t channel, const ui::CellRange& selection) {
     const Rows rows{static_cast<std::int16_t>(std::max(selection.firstRow, 1)),
                     static_cast<std::int16_t>(selection.lastRow)};
     if (rows.first >= rows.last || channel < rows.first || channel > rows.last) {
         return {};
     }
-    if (!copyAgreed_) {
-        bool agreed = false;
-        ui::resumed([&] { agreed = confirmation.ask(copyQuestion, messageTitle()); });
-        endIfClosed();
-        copyAgreed_ = agreed;
+    const auto table = frmCE.centralDataStore();
+    bool agreed = false;
+    ui::resumed([&] { agreed = confirmation.ask(copyQuestion(rows.first, rows.last, channel), messageTitle()); });
+    endIfClosed();
+    // The answer was about that table's channels.
+    return agreed && frmCE.centralDataStore() == table ? rows : Rows{};
+}
+
+// What the form stores goes to these rows, too, for as long as the user leaves the grid's selection as it is now.
+void ChannelInformation::copyTo(Rows rows) {
+    frmCE.setSelectedChannels(rows.first, rows.last);
+    copyingWhile_.reset();
+    if (rows.last != 0) {
+        copyingWhile_ = selectedRows();
     }
-    return *copyAgreed_ ? rows : Rows{};
+}
+
+ChannelInformation::Rows ChannelInformation::selectedRows() const {
+    const auto selection = fgdDatabase.selection();
+    return {static_cast<std::int16_t>(selection.firstRow), static_cast<std::int16_t>(selection.lastRow)};
+}
+
+// Rendering and a stay with the edited channel moved the selection, not the user.
+void ChannelInformation::keepCopying() {
+    if (copyingWhile_) {
+        copyingWhile_ = selectedRows();
+    }
+}
+
+// -- the form's place ------------------------------------------------------------------------------------------------
+
+void ChannelInformation::frmCE_Load() {
+    routine("frmCE_Load", [&] { placeEditForm(); });
+}
+
+// Beside the row that it is about. Where the form was last it stays, unless it was put there by this and hides the row.
+void ChannelInformation::placeEditForm() {
+    const auto row = fgdDatabase.currentRowOnScreen();
+    const ui::Rect now = frmCE.bounds();
+    if (row && !placeChosen_ && (!placeGiven_ || !now.intersected(*row).empty())) {
+        if (const auto at = ui::besideRow(*row, {now.width(), now.height()}, desktop_.workArea(*row))) {
+            frmCE.setBounds({at->x, at->y, at->x + now.width(), at->y + now.height()});
+        }
+    }
+    placeGiven_ = cornerOf(frmCE.bounds());
 }
 
 // -- following -------------------------------------------------------------------------------------------------------
 
 // Mouse and keys only: rows that become current while they are rendered are not the user's choice. Later, because the
-// grid moves after its key-down rule, and because a question must not come in the middle of a press.
+// grid moves after its key-down rule, and because a question must not come in the middle of a press; when nothing else
+// waits, because a key that is held moves the grid faster than the form is loaded.
 void ChannelInformation::followRowSoon() {
     if (following_ || closed_ || !editFormShown()) {
         return;
     }
     following_ = true;
-    desktop_.dispatcher().post([this, alive = std::weak_ptr(alive_)] {
+    desktop_.whenIdle([this, alive = std::weak_ptr(alive_)] {
         if (!alive.expired()) {
             following_ = false;
             fgdDatabase_SelChange();
@@ -130,6 +194,8 @@ void ChannelInformation::fgdDatabase_SelChange() {
     routine("fgdDatabase_SelChange", [&] {
         if (fgdDatabase.row() != frmCE.channel()) {
             showRowInEditForm();
+        } else if (copyingWhile_ && *copyingWhile_ != selectedRows()) {
+            copyTo({});
         }
     });
 }
@@ -148,19 +214,16 @@ void ChannelInformation::showRowInEditForm(const std::string& news) {
     }
     if (!leaves || current.row < 1) {
         returnToEditedRow(current.column);
+        keepCopying();
         return;
     }
     fgdDatabase.select(current, end);
     markSelected(current.row);
     const auto channel = static_cast<std::int16_t>(current.row);
     if (channel != frmCE.channel()) {
-        const auto closings = formClosings_;
-        const Rows rows = rowsToCopyTo(channel, fgdDatabase.selection());
-        if (closings != formClosings_) {
-            return;
-        }
         frmCE.setChannel(channel);
-        frmCE.setSelectedChannels(rows.first, rows.last);
+        // What the user agreed to was about another one.
+        copyTo({});
     }
     frmCE.refresh();
 }
@@ -203,7 +266,7 @@ void ChannelInformation::distributeStoreToEditForm() {
     frmCE.setCentralDataStore(pCentralDataStore_);
     if (exchanged) {
         // What the user agreed to was about the other table.
-        frmCE.setSelectedChannels(0, 0);
+        copyTo({});
     }
     if (!pCentralDataStore_) {
         ui::resumed([this] { frmCE.close(); });
@@ -245,6 +308,7 @@ void ChannelInformation::frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo) {
         }
     });
     UpdateRowData(intRowNo);
+    keepCopying();
 }
 
 void ChannelInformation::frmCE_OpenLoginWithChannelEdit() {

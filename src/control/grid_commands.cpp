@@ -143,6 +143,7 @@ void ChannelInformation::markChanged(const model::DataStorePointer& table) {
 
 void ChannelInformation::selectAll() {
     routine("selectAll", [&] { fgdDatabase.select({1, 1}, {fgdDatabase.rows() - 1, fgdDatabase.columns() - 1}); });
+    followRowSoon();
 }
 
 void ChannelInformation::fgdDatabase_KeyDown(ui::KeyEvent& event) {

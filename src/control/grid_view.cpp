@@ -49,7 +49,7 @@ void ChannelInformation::UpdateControlsFromMemory() {
     routine("UpdateControlsFromMemory", [&] {
         history_.forget();
         frmCE.noteTableReadAnew();
-        txtChannelSelect.loadText(base::toText(store()->get(StoreMember::SelectedChannel), numberFormat_));
+        txtChannelSelect.loadText(selectedChannelText());
         followSelectedChannel();
         std::string caption =
             "Channel Information - " + base::toText(store()->get(StoreMember::DatabaseTitle), numberFormat_);

@@ -19,6 +19,13 @@ constexpr int scrollStep = 5;
 
 [[nodiscard]] constexpr bool isChannel(double number) noexcept { return number >= 1 && number <= model::channelCount; }
 
+// 0 where a value is no channel, whatever else it is.
+[[nodiscard]] std::int16_t channelOf(const base::Value& value) {
+    std::int16_t channel = 0;
+    ui::resumed([&] { channel = base::toInt16(value); });
+    return isChannel(channel) ? channel : std::int16_t{0};
+}
+
 }  // namespace
 
 void ChannelInformation::checkChannel(std::int16_t channel) {
@@ -48,14 +55,22 @@ void ChannelInformation::UpdateChannelSelection() {
 
 void ChannelInformation::followSelectedChannel() {
     fgdDatabase.setDisplay({});
-    const auto selected = base::toInt16(store()->get(StoreMember::SelectedChannel));
-    if (selected >= 1 && selected <= model::channelCount) {
+    const auto selected = channelOf(store()->get(StoreMember::SelectedChannel));
+    if (selected != 0) {
         highlight(selected);
         txtChannelSelect.loadText(std::to_string(selected));
     } else {
         txtChannelSelect.loadText("");
         setBlinking(false);
     }
+}
+
+// As the store has it; empty where that has no text.
+std::string ChannelInformation::selectedChannelText() const {
+    const auto selected = store()->get(StoreMember::SelectedChannel);
+    std::string text;
+    ui::resumed([&] { text = base::toText(selected, numberFormat_); });
+    return text;
 }
 
 void ChannelInformation::setBlinking(bool blinking) {

@@ -71,10 +71,16 @@ public:
     virtual bool pumpUntil(const std::function<bool()>& done) = 0;
 
     [[nodiscard]] virtual Size screenSize() = 0;
+    // Of the screen that most of a rectangle is on, else of the nearest one: what a window may cover, in pixels.
+    [[nodiscard]] virtual Rect workArea(const Rect& at) = 0;
     // Pixels of one line in the font of forms at that many dots per inch.
     [[nodiscard]] virtual Size measure(const std::string& text, int dpi) = 0;
 
     [[nodiscard]] virtual base::Dispatcher& dispatcher() = 0;
+    // Runs the work once, from the message loop, when nothing that the user did waits there any more and no posted work
+    // does: for what has to keep up with a held key without holding it up. From the user-interface thread only; work
+    // that is still waiting when the desktop ends is dropped.
+    virtual void whenIdle(std::function<void()> work) = 0;
 
     // By Timer: calls timer.Tick() every `interval` until stopped.
     virtual void startTimer(Timer& timer, std::chrono::milliseconds interval) = 0;

@@ -179,6 +179,10 @@ void Grid::setHighlightShown(bool shown) {
     }
 }
 
+std::optional<Rect> Grid::currentRowOnScreen() const {
+    return gridPeer() != nullptr ? gridPeer()->currentRowOnScreen() : std::nullopt;
+}
+
 void Grid::damage(const CellRange& cells) {
     if (redraw_) {
         if (gridPeer() != nullptr) {

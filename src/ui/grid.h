@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,12 @@ struct CellRange {
     [[nodiscard]] int columnCount() const noexcept { return lastColumn - firstColumn + 1; }
 };
 
+// What a double-click was made on.
+struct DoubleClick {
+    Cell at;             // row 0 and column 0 are headers
+    CellRange selected;  // before its first press, where the row of that was among several; else what is selected now
+};
+
 // Codes as the published interface has them.
 enum class Alignment : std::uint8_t { LeftCentre = 1, Centre = 4, RightCentre = 7 };
 
@@ -58,6 +65,8 @@ public:
     // Column widths, the first row or column shown, or the highlight frame changed.
     virtual void layoutChanged() noexcept = 0;
     virtual void highlightChanged() noexcept = 0;
+    // The visible part of the current row, in pixels of the screen; nothing where it cannot be seen.
+    [[nodiscard]] virtual std::optional<Rect> currentRowOnScreen() const { return std::nullopt; }
 };
 
 class Grid : public Widget {
@@ -119,9 +128,12 @@ public:
     [[nodiscard]] bool highlightShown() const noexcept { return highlightShown_; }
     void setHighlightShown(bool shown);
 
+    // Where the user sees the current row, in pixels of the screen; nothing without a window or while it is scrolled out.
+    [[nodiscard]] std::optional<Rect> currentRowOnScreen() const;
+
     base::Event<const MouseEvent&> MouseDown;
     base::Event<> Click;
-    base::Event<> DblClick;
+    base::Event<const DoubleClick&> DblClick;
     base::Event<> SelectionChanged;  // by the user or by program
 
 private:

@@ -132,7 +132,6 @@ void GridInput::press(Cell hit, bool extend) {
     }
     const Selection unit = unitAt(hit);
     if (hit.row > 0 && grid_.selection().rowCount() > 1 && selected(hit)) {
-        beforeCollapse_ = Selection{{grid_.row(), grid_.column()}, {grid_.rowSel(), grid_.columnSel()}};
         collapsing_ = unit;
         return;
     }
@@ -160,8 +159,9 @@ void GridInput::mouseDown(const MouseEvent& event, const GridLayout& layout) {
     const auto hit = layout.hit(event.at);
     if (event.button == MouseButton::Left) {
         cancelDrag();
-        beforeCollapse_.reset();
+        press_.reset();
         if (hit) {
+            press_ = DoubleClick{.at = *hit, .selected = grid_.selection()};
             press(*hit, (event.shift & shift::shift) != 0);
             pressed_ = hit;
             drag_ = unitOf(*hit);
@@ -209,14 +209,24 @@ void GridInput::mouseUp(const MouseEvent& event, const GridLayout& layout) {
 }
 
 void GridInput::doubleClick(const MouseEvent& event, const GridLayout& layout) {
-    if (event.button != MouseButton::Left || !layout.hit(event.at)) {
+    const auto hit = layout.hit(event.at);
+    if (event.button != MouseButton::Left || !hit) {
         return;
     }
+    collapse();
     cancelDrag();
-    if (const auto before = std::exchange(beforeCollapse_, std::nullopt)) {
-        grid_.select(before->current, before->end);
+    DoubleClick click =
+        std::exchange(press_, std::nullopt).value_or(DoubleClick{.at = *hit, .selected = grid_.selection()});
+    if (click.at.row > 0 && grid_.row() != click.at.row) {
+        const Selection unit = unitAt(click.at);
+        grid_.select(unit.current, unit.end);
     }
-    grid_.DblClick();
+    const bool amongSeveral = click.selected.rowCount() > 1 && click.selected.firstRow <= click.at.row &&
+                              click.selected.lastRow >= click.at.row;
+    if (!amongSeveral) {
+        click.selected = grid_.selection();
+    }
+    grid_.DblClick(click);
 }
 
 void GridInput::cancelDrag() noexcept {

@@ -30,7 +30,8 @@ public:
     // Ends the drag, collapses a selection of several rows that was pressed inside, scrolls the pressed cell into view
     // (not sooner, so that the second press of a double-click hits the same cell), and raises Click.
     void mouseUp(const MouseEvent& event, const GridLayout& layout);
-    // The second press. A selection of several rows that the first press hit is put back as it was.
+    // The second press, which is on the cell that the first one hit: the release between them may have scrolled. That
+    // cell's row is the current one by then. The grid's DblClick follows.
     void doubleClick(const MouseEvent& event, const GridLayout& layout);
     // The drag is over without a release, as when the window loses the mouse.
     void cancelDrag() noexcept;
@@ -61,8 +62,8 @@ private:
     Grid& grid_;
     Unit drag_ = Unit::None;
     std::optional<Cell> pressed_;              // by the left button, until it is released
-    std::optional<Selection> collapsing_;      // of several rows, pressed inside and not yet released
-    std::optional<Selection> beforeCollapse_;  // what a double-click puts back
+    std::optional<Selection> collapsing_;  // to this, when a press inside several rows is released
+    std::optional<DoubleClick> press_;  // the left button's last, with what it found selected
 };
 
 }  // namespace telvar::ui

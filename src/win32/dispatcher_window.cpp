@@ -41,6 +41,47 @@ void DispatcherWindow::runNext() {
     work();
 }
 
+// -- work that waits for everything else ----------------------------------------------------------------------------
+
+void DispatcherWindow::whenIdle(std::function<void()> work) {
+    if (handle() == nullptr) {
+        return;
+    }
+    idle_.push_back(std::move(work));
+    if (idle_.size() == 1) {
+        askForIdle();
+    }
+}
+
+void DispatcherWindow::askForIdle() {
+    if (PostMessageW(handle(), idleAsked, 0, 0) == FALSE) {
+        SetTimer(handle(), idleTimer, USER_TIMER_MINIMUM, nullptr);
+    }
+}
+
+// A posted message comes before the user's input, however much of that waits. A timer comes after all of it.
+void DispatcherWindow::lookForIdle() {
+    const bool busy = HIWORD(GetQueueStatus(QS_KEY | QS_MOUSEBUTTON | QS_POSTMESSAGE)) != 0;
+    if (!busy || SetTimer(handle(), idleTimer, USER_TIMER_MINIMUM, nullptr) == 0) {
+        runIdle();
+    }
+}
+
+void DispatcherWindow::runIdle() {
+    KillTimer(handle(), idleTimer);
+    if (idle_.empty()) {
+        return;
+    }
+    const auto kept = holder_ ? holder_() : nullptr;
+    const auto work = std::move(idle_.front());
+    idle_.pop_front();
+    // Asked before the work runs, which may pump messages itself.
+    if (!idle_.empty()) {
+        askForIdle();
+    }
+    work();
+}
+
 void DispatcherWindow::start(ui::Timer& timer, std::chrono::milliseconds interval) {
     stop(timer);
     const auto id = ++lastTimer_;
@@ -73,6 +114,8 @@ void DispatcherWindow::close() noexcept {
         KillTimer(handle(), id);
     }
     timers_.clear();
+    KillTimer(handle(), idleTimer);
+    const auto droppedIdle = std::exchange(idle_, {});
     std::deque<std::function<void()>> dropped;
     {
         // A worker that posts meanwhile finds either the window or none.
@@ -87,8 +130,15 @@ LRESULT DispatcherWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     case workPosted:
         runNext();
         return 0;
+    case idleAsked:
+        lookForIdle();
+        return 0;
     case WM_TIMER:
-        tick(wParam);
+        if (wParam == idleTimer) {
+            runIdle();
+        } else {
+            tick(wParam);
+        }
         return 0;
     default:
         return defaultMessage(message, wParam, lParam);

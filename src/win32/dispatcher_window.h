@@ -25,6 +25,8 @@ public:
     void setHolder(std::function<std::shared_ptr<void>()> holder) { holder_ = std::move(holder); }
 
     void post(std::function<void()> work) override;
+    // As Desktop::whenIdle; on the window's own thread.
+    void whenIdle(std::function<void()> work);
 
     void start(ui::Timer& timer, std::chrono::milliseconds interval);
     void stop(const ui::Timer& timer) noexcept;
@@ -37,6 +39,8 @@ protected:
 
 private:
     static constexpr UINT workPosted = WM_APP;
+    static constexpr UINT idleAsked = WM_APP + 1;
+    static constexpr UINT_PTR idleTimer = 1;  // those of ui::Timer come after it
 
     struct Running {
         ui::Timer* timer;
@@ -45,12 +49,16 @@ private:
 
     void runNext();
     void tick(UINT_PTR id) const;
+    void askForIdle();
+    void lookForIdle();
+    void runIdle();
 
     std::mutex lock_;
     std::deque<std::function<void()>> queue_;
     bool announced_ = false;
     std::map<UINT_PTR, Running> timers_;
-    UINT_PTR lastTimer_ = 0;
+    UINT_PTR lastTimer_ = idleTimer;
+    std::deque<std::function<void()>> idle_;
     std::function<std::shared_ptr<void>()> holder_;
 };
 

@@ -115,6 +115,18 @@ void GridWindow::highlightChanged() noexcept {
     }
 }
 
+std::optional<ui::Rect> GridWindow::currentRowOnScreen() const {
+    if (grid_ == nullptr || !painter_ || IsWindowVisible(handle()) == FALSE) {
+        return std::nullopt;
+    }
+    RECT row = rectOf(layout().highlightRect());
+    if (IsRectEmpty(&row) != FALSE) {
+        return std::nullopt;
+    }
+    MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&row), 2);
+    return rectOf(row);
+}
+
 void GridWindow::resized() {
     RECT client{};
     GetClientRect(handle(), &client);

@@ -50,6 +50,7 @@ public:
     void cellsChanged(const ui::CellRange& cells) noexcept override;
     void layoutChanged() noexcept override;
     void highlightChanged() noexcept override;
+    [[nodiscard]] std::optional<ui::Rect> currentRowOnScreen() const override;
 
 protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;

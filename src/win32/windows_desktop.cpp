@@ -12,6 +12,7 @@
 #include "win32/gdi.h"
 #include "win32/modal_time.h"
 #include "win32/module.h"
+#include "win32/placement.h"
 
 namespace telvar::win32 {
 
@@ -171,6 +172,8 @@ bool WindowsDesktop::pumpUntil(const std::function<bool()>& done) {
 
 ui::Size WindowsDesktop::screenSize() { return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
 
+ui::Rect WindowsDesktop::workArea(const ui::Rect& at) { return screenAt(at); }
+
 std::shared_ptr<const FormFont> WindowsDesktop::font(int dpi) {
     auto& font = fonts_[dpi];
     if (!font) {
@@ -185,6 +188,8 @@ ui::Size WindowsDesktop::measure(const std::string& text, int dpi) {
 }
 
 base::Dispatcher& WindowsDesktop::dispatcher() { return *messages_; }
+
+void WindowsDesktop::whenIdle(std::function<void()> work) { messages_->whenIdle(std::move(work)); }
 
 void WindowsDesktop::startTimer(ui::Timer& timer, std::chrono::milliseconds interval) {
     messages_->start(timer, interval);

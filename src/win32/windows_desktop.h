@@ -54,8 +54,10 @@ public:
     bool doEvents() override;
     bool pumpUntil(const std::function<bool()>& done) override;
     [[nodiscard]] ui::Size screenSize() override;
+    [[nodiscard]] ui::Rect workArea(const ui::Rect& at) override;
     [[nodiscard]] ui::Size measure(const std::string& text, int dpi) override;
     [[nodiscard]] base::Dispatcher& dispatcher() override;
+    void whenIdle(std::function<void()> work) override;
     void startTimer(ui::Timer& timer, std::chrono::milliseconds interval) override;
     void stopTimer(ui::Timer& timer) noexcept override;
 

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "control_world.h"
+#include "support/answering_store.h"
 #include "support/failing_store.h"
 #include "support/recording_store.h"
 
@@ -13,10 +14,12 @@ using Widths = std::vector<int>;
 class Access : public ControlWorld {
 protected:
     Access() { control->Prepare(); }
-    // Of columns 9 to 26.
-    [[nodiscard]] Widths widths() const {
+    // Of columns 9 to 26, and of the ones before them, which every level shows.
+    [[nodiscard]] Widths widths() const { return widthsFrom(9, 26); }
+    [[nodiscard]] Widths firstWidths() const { return widthsFrom(0, 8); }
+    [[nodiscard]] Widths widthsFrom(int first, int last) const {
         Widths all;
-        for (int column = 9; column <= 26; ++column) {
+        for (int column = first; column <= last; ++column) {
             all.push_back(grid().columnWidth(column));
         }
         return all;
@@ -67,7 +70,7 @@ TEST_P(Levels, ShowTheirColumns) {
         control->UpdateAccess(GetParam().level);
         EXPECT_EQ(widths(), GetParam().expected) << "after level " << before;
     }
-    EXPECT_EQ(grid().columnWidth(8), 1350);
+    EXPECT_EQ(firstWidths(), (Widths{400, 1100, 1100, 950, 950, 1100, 700, 1370, 1350}));
     EXPECT_EQ(control->accessLevel(), GetParam().level);
     EXPECT_EQ(control->frmCE.accessLevel(), GetParam().level);
     EXPECT_EQ(boxes(), Boxes{});
@@ -109,6 +112,53 @@ TEST_F(Access, AFailingStoreIsToldAndTheLevelIsRemembered) {
     EXPECT_EQ(grid().columnWidth(9), 0);
     control->setCentralDataStore(nullptr);
     control->UpdateAccess(3);
+    EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateAccess")}));
+}
+
+struct Unreadable {
+    const char* name;
+    base::Value board;
+};
+class UnreadableBoard : public Access, public testing::WithParamInterface<Unreadable> {};
+
+TEST_P(UnreadableBoard, CountsAsNotFittedAndIsToldOnce) {
+    store->put(StoreMember::P25BoardFitted, true);
+    control->DistributeDataStoreLink();
+    for (const std::int16_t before : std::array<std::int16_t, 2>{5, 3}) {
+        control->setCentralDataStore(store);
+        control->UpdateAccess(before);
+        ASSERT_EQ(grid().columnWidth(26), 900);
+        decorate<AnsweringStore>()->answer(StoreMember::P25BoardFitted, GetParam().board);
+        control->DistributeDataStoreLink();
+        grid().setColumnAlignment(26, ui::Alignment::LeftCentre);
+        control->UpdateAccess(4);
+        EXPECT_EQ(widths(), noWidths) << "after level " << before;
+        EXPECT_EQ(grid().cellAlignment(1, 26), ui::Alignment::Centre);
+        EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateAccess")}));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, UnreadableBoard,
+                         testing::Values(Unreadable{"NullOrObject", base::Unusable{}},
+                                         Unreadable{"Text", std::string("fitted")}),
+                         [](const auto& unreadable) { return std::string(unreadable.param.name); });
+
+TEST_F(Access, ABoardThatTheStoreCannotTellOfCountsAsNotFittedAtEveryLevelBelowFullAccess) {
+    store->put(StoreMember::P25BoardFitted, true);
+    const auto failing = decorate<FailingStore>();
+    for (std::int16_t level = 0; level < 5; ++level) {
+        failing->failAt(0);
+        control->UpdateAccess(5);
+        failing->failAt(1);
+        control->UpdateAccess(level);
+        EXPECT_EQ(widths(), noWidths) << "level " << level;
+        EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateAccess")}));
+    }
+    control->setCentralDataStore(nullptr);
+    control->UpdateAccess(5);
+    EXPECT_EQ(boxes(), Boxes{});
+    control->UpdateAccess(4);
+    EXPECT_EQ(widths(), noWidths);
     EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateAccess")}));
 }
 
@@ -162,6 +212,18 @@ TEST_F(Access, TheHostSwitchesTheRadiosCommand) {
     EXPECT_FALSE(control->cmdChannelSelect.enabled());
     control->EnableMyCommands("RS232");
     EXPECT_TRUE(control->cmdChannelSelect.enabled());
+}
+
+TEST_F(Access, TheHostsSwitchRaisesNothingAndAsksNobody) {
+    const auto recording = decorate<RecordingStore>();
+    for (const std::string name : {"RS232", "rs232", "All", ""}) {
+        control->DisableMyCommands(name);
+        control->EnableMyCommands(name);
+    }
+    EXPECT_EQ(events, Log{});
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_EQ(recording->calls(), Log{});
+    EXPECT_EQ(link->calls, Log{});
 }
 
 TEST_F(Access, AnyOtherNameIsIgnored) {

@@ -12,6 +12,8 @@
 #include "support/table_builder.h"
 #include "support/temporary_folder.h"
 #include "support/test_desktop.h"
+#include "ui/grid_input.h"
+#include "ui/grid_layout.h"
 
 namespace telvar::tests {
 
@@ -56,6 +58,29 @@ protected:
     void happened(const std::string& what) { events.push_back(what); }
 
     [[nodiscard]] ui::Grid& grid() const { return control->fgdDatabase; }
+    // On the current cell, with what is selected now.
+    void doubleClickCurrent() {
+        grid().DblClick({.at = {grid().row(), grid().column()}, .selected = grid().selection()});
+    }
+    // The user at the grid: keys and the left button as its window hands them in, each with what the message loop runs
+    // afterwards. The view has room for every channel.
+    void press(int code, unsigned shift = ui::shift::none) {
+        ui::GridInput(grid()).keyDown({.code = code, .shift = shift}, gridLayout());
+        desktop.doEvents();
+    }
+    void click(ui::Cell cell) {
+        ui::GridInput mouse(grid());
+        click(mouse, cell);
+    }
+    void doubleClickOn(ui::Cell cell) {
+        ui::GridInput mouse(grid());
+        click(mouse, cell);
+        mouse.doubleClick(pressAt(cell), gridLayout());
+        mouse.mouseUp(pressAt(cell), gridLayout());
+        desktop.doEvents();
+    }
+    [[nodiscard]] ui::GridLayout gridLayout() const { return {grid(), {4000, 5000}, {}}; }
+
     [[nodiscard]] Boxes boxes() { return desktop.takeBoxes(); }
     [[nodiscard]] ui::CellRange selection() const { return grid().selection(); }
     // Columns 0 to 26 of one row.
@@ -83,6 +108,18 @@ protected:
     }
     [[nodiscard]] std::int16_t selectedChannel() { return base::toInt16(store->get(StoreMember::SelectedChannel)); }
 
+private:
+    [[nodiscard]] ui::MouseEvent pressAt(ui::Cell cell) const {
+        const ui::Rect at = gridLayout().cellRect(cell);
+        return {.button = ui::MouseButton::Left, .shift = ui::shift::none, .at = {at.left + 1, at.top + 1}};
+    }
+    void click(ui::GridInput& mouse, ui::Cell cell) {
+        mouse.mouseDown(pressAt(cell), gridLayout());
+        mouse.mouseUp(pressAt(cell), gridLayout());
+        desktop.doEvents();
+    }
+
+protected:
     TemporaryFolder folder;
     TestDesktop desktop;
     std::shared_ptr<model::MemoryDataStore> store = std::make_shared<model::MemoryDataStore>();
@@ -100,6 +137,7 @@ namespace telvar::ui {
 inline void PrintTo(const CellRange& range, std::ostream* stream) {
     *stream << range.firstRow << ',' << range.firstColumn << " to " << range.lastRow << ',' << range.lastColumn;
 }
+inline void PrintTo(const Point& point, std::ostream* stream) { *stream << point.x << ',' << point.y; }
 inline void PrintTo(const Rect& rect, std::ostream* stream) {
     *stream << rect.left << ',' << rect.top << " to " << rect.right << ',' << rect.bottom;
 }

@@ -1,89 +1,15 @@
 // The edit form as the control opens it and keeps it in step with the grid: double-click, following the current row,
-// edits that were not applied, exchanged and refreshed tables, several selected channels, locked data, and a control
-// that is closed meanwhile.
+// edits that were not applied, exchanged and refreshed tables, locked data, and a control that is closed meanwhile.
 #include <algorithm>
 
-#include "control_world.h"
+#include "edit_form_world.h"
 #include "support/recording_store.h"
-#include "ui/option_button.h"
 
 namespace telvar::tests {
 namespace {
 
 using control::GridCommand;
 using ui::Answer;
-
-const std::string copyQuestion =
-    "Changes will also be copied to the other selected channels. Would you like to proceed?";
-
-ui::MessageBox question(const std::string& text) {
-    return {.text = text, .title = "Bench 3", .icon = ui::Icon::Exclamation, .buttons = ui::Buttons::YesNo};
-}
-ui::MessageBox applyQuestion(int channel) {
-    return question("Channel " + std::to_string(channel) + " has changes that have not been applied. Apply them now?");
-}
-ui::MessageBox discardQuestion(int channel) {
-    return question("Discard the changes to channel " + std::to_string(channel) + "?");
-}
-
-class ControlEditForm : public ControlWorld {
-protected:
-    ControlEditForm() {
-        for (std::int16_t channel = 1; channel <= 12; ++channel) {
-            fill(*store, channel,
-                 {{ChannelKey::TxFreq, 150'000'000 + channel * 25'000}, {ChannelKey::RxFreq, 151'000'000}});
-        }
-        store->put(StoreMember::MessageTitle, base::textValue("Bench 3"));
-        control->DistributeDataStoreLink();
-        control->DistributeRadioCommsLink();
-        control->Prepare();
-        control->UpdateControlsFromMemory();
-        control->UpdateAccess(5);
-        events.clear();
-    }
-
-    [[nodiscard]] editform::frmChannelEdit& form() const { return control->frmCE; }
-    [[nodiscard]] bool open() const { return desktop.isOpen(form()); }
-    [[nodiscard]] std::string shown() const { return form().txtEditChannel.text(); }
-
-    void doubleClick(int row) {
-        grid().setCurrent({row, 1});
-        grid().DblClick();
-    }
-    // What mouse and keys do: the grid's own rule, then the move, then whatever was queued.
-    void userMovesTo(int row) {
-        ui::KeyEvent key{.code = ui::key::down};
-        grid().KeyDown(key);
-        grid().setCurrent({row, 2});
-        desktop.doEvents();
-    }
-    void userPresses(int row) {
-        grid().setCurrent({row, 2});
-        grid().MouseDown(ui::MouseEvent{});
-        desktop.doEvents();
-    }
-    void edit(const std::string& megahertz = "160.5") { form().txtTxFrequency.userTyped(megahertz); }
-    [[nodiscard]] double stored(std::int16_t channel, ChannelKey key = ChannelKey::TxFreq) {
-        return base::toDouble(store->channel(channel).get(key));
-    }
-    // The user's answer in the question that can be switched off.
-    void answerCopying(bool yes, bool never = false) {
-        desktop.duringModal = [this, yes, never](ui::Form& box) {
-            auto& asked = dynamic_cast<editing::frmMsgBox&>(box);
-            ++copyQuestions;
-            askedText = asked.lblMsg.caption();
-            askedTitle = asked.caption();
-            if (never) {
-                asked.chkDoNotAskAgain.userClick();
-            }
-            (yes ? asked.cmdYes : asked.cmdNo).userPress();
-        };
-    }
-
-    int copyQuestions = 0;
-    std::string askedText;
-    std::string askedTitle;
-};
 
 // -- opening ---------------------------------------------------------------------------------------------------------
 
@@ -118,6 +44,22 @@ TEST_F(ControlEditForm, ADoubleClickWithNoCurrentRowDoesNothing) {
     doubleClick(0);
     EXPECT_FALSE(open());
     EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, ADoubleClickOnAHeaderOpensNothing) {
+    grid().setCurrent({7, 3});
+    for (const ui::Cell header : {ui::Cell{0, 2}, ui::Cell{0, 0}}) {
+        doubleClickOn(header);
+        EXPECT_FALSE(open());
+        EXPECT_EQ(selectedChannel(), 1);
+    }
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ControlEditForm, ADoubleClickOnARowsNumberOpensItsChannel) {
+    doubleClickOn({7, 0});
+    EXPECT_EQ(shown(), "7");
+    EXPECT_EQ(selectedChannel(), 7);
 }
 
 TEST_F(ControlEditForm, AFailureToShowTheFormIsIgnored) {
@@ -224,6 +166,27 @@ TEST_F(ControlEditForm, ManyMovesBeforeTheMessageLoopRunsEndInOneReload) {
         grid().KeyDown(key);
         grid().setCurrent({row, 1});
     }
+    desktop.doEvents();
+    EXPECT_EQ(shown(), "9");
+    EXPECT_EQ(std::ranges::count(recording->calls(), "SelectedChannel="), 1);
+}
+
+// A key that is held: each comes when the one before it has been handled.
+TEST_F(ControlEditForm, AHeldKeyReloadsTheFormOnlyWhenNoKeyWaitsAnyMore) {
+    const auto recording = std::make_shared<RecordingStore>(*store);
+    control->setCentralDataStore(recording);
+    control->DistributeDataStoreLink();
+    doubleClick(1);
+    recording->forget();
+    std::function<void()> nextKey = [&] {
+        ui::KeyEvent key{.code = ui::key::down};
+        grid().KeyDown(key);
+        grid().setCurrent({grid().row() + 1, 1});
+        if (grid().row() < 9) {
+            desktop.dispatcher().post(nextKey);
+        }
+    };
+    nextKey();
     desktop.doEvents();
     EXPECT_EQ(shown(), "9");
     EXPECT_EQ(std::ranges::count(recording->calls(), "SelectedChannel="), 1);
@@ -567,95 +530,12 @@ TEST_F(ControlEditForm, ApplyDisablesUndoOfTheGrid) {
     EXPECT_FALSE(control->commandEnabled(GridCommand::Undo));
 }
 
-// -- several selected channels ---------------------------------------------------------------------------------------
-
-TEST_F(ControlEditForm, AsksBeforeItOpensWithSeveralSelectedChannels) {
-    answerCopying(true);
-    grid().select({5, 1}, {8, 3});
-    grid().DblClick();
-    EXPECT_EQ(copyQuestions, 1);
-    EXPECT_EQ(askedText, copyQuestion);
-    EXPECT_EQ(askedTitle, "Bench 3");
-    EXPECT_EQ(form().lblSelectedChannels.caption(), "Also applies to channels 5 to 8");
-    EXPECT_TRUE(form().lblSelectedChannels.visible());
-}
-
-TEST_F(ControlEditForm, CopiesToTheOtherSelectedChannelsAndRendersThem) {
-    answerCopying(true);
-    grid().select({5, 1}, {8, 3});
-    grid().DblClick();
-    form().ckScanChannel.userClick();
-    form().cmdApply.userPress();
-    for (std::int16_t channel = 5; channel <= 8; ++channel) {
-        EXPECT_TRUE(base::isTrue(store->channel(channel).get(ChannelKey::scan))) << channel;
-        const auto cells = renderedRow(*store, channel);
-        EXPECT_EQ(grid().text(channel, 8), cells[8]) << channel;
-        EXPECT_EQ(grid().text(channel, 5), cells[5]) << channel;
-    }
-    EXPECT_FALSE(base::isTrue(store->channel(4).get(ChannelKey::scan)));
-    EXPECT_FALSE(base::isTrue(store->channel(9).get(ChannelKey::scan)));
-    EXPECT_EQ(grid().row(), 5);
-}
-
-TEST_F(ControlEditForm, NoEditsTheOneChannelOnly) {
-    answerCopying(false);
-    grid().select({5, 1}, {8, 3});
-    grid().DblClick();
-    EXPECT_EQ(shown(), "5");
-    EXPECT_FALSE(form().lblSelectedChannels.visible());
-    form().ckScanChannel.userClick();
-    form().cmdApply.userPress();
-    EXPECT_TRUE(base::isTrue(store->channel(5).get(ChannelKey::scan)));
-    EXPECT_FALSE(base::isTrue(store->channel(6).get(ChannelKey::scan)));
-}
-
-TEST_F(ControlEditForm, AsksAtEveryOpeningUnlessTheUserSwitchesItOff) {
-    answerCopying(true);
-    for (int time = 1; time <= 2; ++time) {
-        grid().select({5, 1}, {8, 3});
-        grid().DblClick();
-        EXPECT_EQ(copyQuestions, time);
-        form().cmdCancel.userPress();
-    }
-    answerCopying(true, true);
-    for (int time = 1; time <= 2; ++time) {
-        grid().select({5, 1}, {8, 3});
-        grid().DblClick();
-        EXPECT_EQ(copyQuestions, 3);
-        EXPECT_TRUE(form().lblSelectedChannels.visible());
-        form().cmdCancel.userPress();
-    }
-}
-
-TEST_F(ControlEditForm, AReloadOfTheSameChannelNeitherAsksNorForgetsTheOthers) {
-    answerCopying(true);
-    doubleClick(5);
-    grid().select({5, 1}, {8, 1});
-    desktop.clipboard = "161.25";
-    control->run(GridCommand::Paste);
-    EXPECT_EQ(copyQuestions, 0);
-    EXPECT_FALSE(form().lblSelectedChannels.visible());
-    grid().DblClick();
-    EXPECT_EQ(copyQuestions, 1);
-    form().cmdApply.userPress();
-    control->RefreshEditForm();
-    EXPECT_EQ(form().lblSelectedChannels.caption(), "Also applies to channels 5 to 8");
-    EXPECT_TRUE(form().lblSelectedChannels.visible());
-}
-
-TEST_F(ControlEditForm, AnotherStoreIsEditedChannelByChannelAtFirst) {
-    answerCopying(true);
-    grid().select({5, 1}, {8, 3});
-    grid().DblClick();
-    control->setCentralDataStore(std::make_shared<model::MemoryDataStore>());
-    control->DistributeDataStoreLink();
-    EXPECT_FALSE(form().lblSelectedChannels.visible());
-}
+// -- forms that end meanwhile ----------------------------------------------------------------------------------------
 
 TEST_F(ControlEditForm, ClosingTheFormsInTheCopyQuestionOpensNothing) {
     desktop.duringModal = [this](ui::Form&) { control->closeForms(); };
     grid().select({5, 1}, {8, 3});
-    grid().DblClick();
+    doubleClickCurrent();
     EXPECT_FALSE(open());
     EXPECT_EQ(events, Log{});
 }
@@ -708,28 +588,6 @@ TEST_F(ControlEditForm, ATableReadAnewBehindTheQuestionGetsNoEditsOfTheFormerOne
     EXPECT_EQ(stored(4), 170'000'000);
     EXPECT_EQ(shown(), "4");
     EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
-}
-
-TEST_F(ControlEditForm, OneSelectedChannelIsNoQuestion) {
-    answerCopying(true);
-    grid().select({5, 1}, {5, 20});
-    grid().DblClick();
-    EXPECT_EQ(copyQuestions, 0);
-    EXPECT_FALSE(form().lblSelectedChannels.visible());
-}
-
-TEST_F(ControlEditForm, AnotherChannelTakesTheSelectionAnew) {
-    answerCopying(true);
-    grid().select({5, 1}, {8, 3});
-    grid().DblClick();
-    userMovesTo(10);
-    EXPECT_EQ(shown(), "10");
-    EXPECT_FALSE(form().lblSelectedChannels.visible());
-    grid().select({2, 1}, {3, 1});
-    control->RefreshEditForm();
-    EXPECT_EQ(shown(), "2");
-    EXPECT_EQ(form().lblSelectedChannels.caption(), "Also applies to channels 2 to 3");
-    EXPECT_EQ(copyQuestions, 1);
 }
 
 // -- the control ends ------------------------------------------------------------------------------------------------

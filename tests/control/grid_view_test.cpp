@@ -1,5 +1,8 @@
+#include <algorithm>
 #include <array>
 #include <filesystem>
+#include <functional>
+#include <iterator>
 
 #include "control_world.h"
 #include "support/answering_store.h"
@@ -30,6 +33,18 @@ protected:
         }
         return all;
     }
+};
+
+class CellsChanged : public ui::GridPeer {
+public:
+    void show(ui::Aspect /*changed*/) noexcept override {}
+    void takeFocus() noexcept override {}
+    void widgetEnds() noexcept override {}
+    void cellsChanged(const CellRange& range) noexcept override { cells.push_back(range); }
+    void layoutChanged() noexcept override { ++layouts; }
+    void highlightChanged() noexcept override {}
+    std::vector<CellRange> cells;
+    int layouts = 0;
 };
 
 const Log unconfigured = [] {
@@ -98,6 +113,20 @@ TEST_F(GridView, PrepareLeavesTheCornerCurrentAndDrawingOn) {
     EXPECT_EQ(boxes(), Boxes{});
 }
 
+// Each change that the grid's window hears of while drawing is on would be a change of its own.
+TEST_F(GridView, PrepareSwitchesDrawingOffBeforeItsFirstStepAndOnAfterItsLast) {
+    CellsChanged peer;
+    grid().attach(peer);
+    int moves = 0;
+    grid().SelectionChanged.connect([&] { ++moves; });
+    control->Prepare();
+    EXPECT_EQ(peer.cells, (std::vector<CellRange>{{0, 0, 255, 26}}));
+    EXPECT_EQ(peer.layouts, 1);
+    EXPECT_EQ(moves, 1);
+    EXPECT_TRUE(grid().redraw());
+    grid().detach();
+}
+
 TEST_F(GridView, PrepareNeedsNoStore) {
     control->setCentralDataStore(nullptr);
     control->Prepare();
@@ -163,17 +192,6 @@ TEST_F(GridView, OneFrequencyIsEnoughToBeConfigured) {
     EXPECT_EQ(grid().text(1, 2), "145.000000");
     EXPECT_EQ(grid().text(1, 5), "Duplex");
 }
-
-class CellsChanged : public ui::GridPeer {
-public:
-    void show(ui::Aspect /*changed*/) noexcept override {}
-    void takeFocus() noexcept override {}
-    void widgetEnds() noexcept override {}
-    void cellsChanged(const CellRange& range) noexcept override { cells.push_back(range); }
-    void layoutChanged() noexcept override {}
-    void highlightChanged() noexcept override {}
-    std::vector<CellRange> cells;
-};
 
 TEST_F(GridView, EqualCellsAreNotRewritten) {
     fillDistinct(*store, 2);
@@ -319,6 +337,47 @@ TEST_F(GridView, DrawingIsOffOnlyWhileTheRowsAreRendered) {
     EXPECT_TRUE(grid().redraw());
 }
 
+class PutStore : public StoreDecorator {
+public:
+    using StoreDecorator::StoreDecorator;
+    std::function<void(const std::string&)> onPut;
+
+protected:
+    void onCall(const StoreCall& call) override {
+        if (call.kind == StoreCall::Kind::Put) {
+            onPut(describe(call));
+        }
+    }
+};
+
+TEST_F(GridView, ARefreshMakesTheHeaderRowCurrentThenSwitchesDrawingOffAndOnAgainBeforeItsLastSteps) {
+    Log steps;
+    const auto note = [&](const std::string& what) {
+        const std::string step = what + (grid().redraw() ? "" : ", drawing off");
+        if (steps.empty() || steps.back() != step) {
+            steps.push_back(step);
+        }
+    };
+    decorate<PutStore>()->onPut = note;
+    control->Prepare();
+    store->put(StoreMember::SelectedChannel, std::int16_t{7});
+    grid().SelectionChanged.connect([&] { note("row " + std::to_string(grid().row())); });
+    control->NewWindowCaption.connect([&](std::string&) { note("caption"); });
+    control->IncrementProgressBar.connect([&] { note("step"); });
+    control->UpdateControlsFromMemory();
+    EXPECT_EQ(steps, (Log{"row 7", "caption", "row 0", "step, drawing off", "row 255", "GridLoaded=", "row 1"}));
+}
+
+TEST_F(GridView, ARefreshWritesNothingButThatTheGridIsLoaded) {
+    fillMixed();
+    const auto recording = decorate<RecordingStore>();
+    control->UpdateControlsFromMemory();
+    Log writes;
+    std::ranges::copy_if(recording->calls(), std::back_inserter(writes),
+                         [](const std::string& call) { return call.ends_with('='); });
+    EXPECT_EQ(writes, Log{"GridLoaded="});
+}
+
 TEST_F(GridView, TheRowIsFinishedBeforeItsStepIsRaised) {
     fillMixed();
     Log seen;
@@ -430,28 +489,12 @@ TEST_F(GridView, TheHostMayCallBackInsideARefresh) {
     EXPECT_EQ(selection(), (CellRange{1, 1, 1, 1}));
 }
 
-struct WrongType {
-    const char* name;
-    StoreMember member;
-    base::Value value;
-};
-class WrongMember : public GridView, public testing::WithParamInterface<WrongType> {};
-
-TEST_P(WrongMember, IsAFailureOfTheRefresh) {
-    const auto answering = decorate<AnsweringStore>();
-    answering->answer(GetParam().member, GetParam().value);
+TEST_F(GridView, ATitleOfNoUseIsAFailureOfTheRefresh) {
+    decorate<AnsweringStore>()->answer(StoreMember::DatabaseTitle, base::Unusable{});
     control->UpdateControlsFromMemory();
     EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateControlsFromMemory")}));
     EXPECT_TRUE(grid().redraw());
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    All, WrongMember,
-    testing::Values(WrongType{"SelectedChannelText", StoreMember::SelectedChannel, std::string("none")},
-                    WrongType{"SelectedChannelTooLarge", StoreMember::SelectedChannel, std::int32_t{70'000}},
-                    WrongType{"SelectedChannelObject", StoreMember::SelectedChannel, base::Unusable{}},
-                    WrongType{"TitleObject", StoreMember::DatabaseTitle, base::Unusable{}}),
-    [](const auto& wrong) { return std::string(wrong.param.name); });
 
 TEST_F(GridView, NumbersOfAnyTypeServeAsSelectedChannelAndTitle) {
     const auto answering = decorate<AnsweringStore>();
@@ -503,6 +546,15 @@ TEST_F(GridView, WhiteOnAnUnpaintedRowOnlyLogs) {
     EXPECT_EQ(colours(5), std::vector<ui::Colour>(27, 0U));
     EXPECT_EQ(selection(), (CellRange{5, 3, 5, 3}));
     EXPECT_EQ(TemporaryFolder::read(logPath), "Row to change: 5\r\nRow colour: 16777215\r\n");
+}
+
+TEST_F(GridView, SeveralSelectedRowsStaySelectedWhereTheCurrentOneNeedsNoPaint) {
+    grid().select({5, 3}, {9, 6});
+    control->SetRowBackColour(5, 0xFFFFFF);
+    EXPECT_EQ(selection(), (CellRange{5, 3, 9, 6}));
+    EXPECT_EQ(grid().row(), 5);
+    control->SetRowBackColour(6, 0xFFFFFF);
+    EXPECT_EQ(selection(), (CellRange{6, 3, 6, 3}));
 }
 
 TEST_F(GridView, WhiteOnAPaintedRowPaintsIt) {

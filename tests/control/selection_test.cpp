@@ -56,19 +56,57 @@ TEST_F(ChannelSelection, TheSelectionFollowsTheStoresChannel) {
     EXPECT_EQ(typed(), "42");
 }
 
-class NoChannel : public ChannelSelection, public testing::WithParamInterface<std::int16_t> {};
+struct NoChannelValue {
+    const char* name;
+    base::Value value;
+};
+class NoChannel : public ChannelSelection, public testing::WithParamInterface<NoChannelValue> {};
 
 TEST_P(NoChannel, EmptiesTheBoxAndKeepsTheSelection) {
     control->HighLightChannel(3);
     type("12");
-    store->put(StoreMember::SelectedChannel, GetParam());
+    decorate<AnsweringStore>()->answer(StoreMember::SelectedChannel, GetParam().value);
     control->UpdateChannelSelection();
     EXPECT_EQ(typed(), "");
     EXPECT_EQ(selection(), (CellRange{3, 1, 3, 26}));
     EXPECT_EQ(boxes(), Boxes{});
+    desktop.advance(200ms);
+    EXPECT_FALSE(grid().highlightShown());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, NoChannel, testing::Values(0, -1, 256, 32767));
+TEST_P(NoChannel, LetsARefreshGoOn) {
+    fillDistinct(*store, 255);
+    decorate<AnsweringStore>()->answer(StoreMember::SelectedChannel, GetParam().value);
+    control->UpdateControlsFromMemory();
+    EXPECT_EQ(typed(), "");
+    EXPECT_EQ(grid().text(255, 1), renderedRow(*store, 255)[1]);
+    EXPECT_EQ(store->get(StoreMember::GridLoaded), base::Value{true});
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_P(NoChannel, ReadBackAfterADoubleClickIsShownAsTheTextThatItHas) {
+    control->DistributeDataStoreLink();
+    decorate<AnsweringStore>()->answer(StoreMember::SelectedChannel, GetParam().value);
+    grid().select({7, 3}, {7, 3});
+    doubleClickCurrent();
+    std::string text;
+    if (!std::holds_alternative<base::Unusable>(GetParam().value)) {
+        text = base::toText(GetParam().value);
+    }
+    EXPECT_EQ(typed(), text);
+    EXPECT_TRUE(desktop.isOpen(control->frmCE));
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, NoChannel,
+    testing::Values(NoChannelValue{"Zero", std::int16_t{0}}, NoChannelValue{"Minus1", std::int16_t{-1}},
+                    NoChannelValue{"Minus5", std::int32_t{-5}}, NoChannelValue{"Beyond", std::int16_t{256}},
+                    NoChannelValue{"Largest", std::int16_t{32767}}, NoChannelValue{"TooLarge", std::int32_t{70'000}},
+                    NoChannelValue{"FarTooLarge", 1e300}, NoChannelValue{"Text", std::string("none")},
+                    NoChannelValue{"EmptyText", std::string()}, NoChannelValue{"Empty", base::Empty{}},
+                    NoChannelValue{"NullOrObject", base::Unusable{}}),
+    [](const auto& value) { return std::string(value.param.name); });
 
 TEST_F(ChannelSelection, FollowingResetsTheGridsDisplaySettings) {
     grid().setDisplay({.backColor = ui::red, .foreColor = ui::green, .gridLines = false, .selectionShown = false});
@@ -200,7 +238,7 @@ TEST_F(ChannelSelection, ADoubleClickMakesTheGridsRowTheSelectedChannel) {
     control->DistributeDataStoreLink();
     const auto recording = decorate<RecordingStore>();
     grid().select({7, 3}, {7, 3});
-    grid().DblClick();
+    doubleClickCurrent();
     EXPECT_EQ(selectedChannel(), 7);
     EXPECT_EQ(typed(), "7");
     EXPECT_EQ(recording->calls(), (Log{"SelectedChannel=", "SelectedChannel"}));
@@ -213,22 +251,94 @@ TEST_F(ChannelSelection, ADoubleClickShowsWhatTheStoreMakesOfTheChannel) {
     const auto answering = decorate<AnsweringStore>();
     answering->answer(StoreMember::SelectedChannel, base::Value{std::int16_t{42}});
     grid().select({7, 3}, {7, 3});
-    grid().DblClick();
+    doubleClickCurrent();
     EXPECT_EQ(typed(), "42");
 }
 
-TEST_F(ChannelSelection, ADoubleClickLeavesSeveralSelectedRowsSelected) {
+TEST_F(ChannelSelection, ADoubleClickInsideSeveralRowsSelectsTheClickedChannel) {
     control->DistributeDataStoreLink();
     desktop.duringModal = [](ui::Form& asked) { dynamic_cast<editing::frmMsgBox&>(asked).cmdNo.userPress(); };
     grid().select({3, 1}, {8, 5});
-    grid().DblClick();
-    EXPECT_EQ(selection(), (ui::CellRange{3, 1, 8, 5}));
-    EXPECT_EQ(selectedChannel(), 3);
+    doubleClickOn({6, 2});
+    EXPECT_EQ(selection(), (ui::CellRange{6, 2, 6, 2}));
+    EXPECT_EQ(selectedChannel(), 6);
+    EXPECT_EQ(typed(), "6");
+}
+
+TEST_F(ChannelSelection, ADoubleClickOnAHeaderSelectsNoChannel) {
+    type("9");
+    doubleClickOn({0, 2});
+    EXPECT_EQ(selectedChannel(), 1);
+    EXPECT_EQ(typed(), "9");
+}
+
+class NotingPeer : public ui::WidgetPeer {
+public:
+    NotingPeer(Log& log, ui::Aspect aspect, std::string name) : log_(log), aspect_(aspect), name_(std::move(name)) {}
+    void show(ui::Aspect changed) noexcept override {
+        if (changed == aspect_) {
+            log_.push_back(name_);
+        }
+    }
+    void takeFocus() noexcept override {}
+    void widgetEnds() noexcept override {}
+
+private:
+    Log& log_;
+    ui::Aspect aspect_;
+    std::string name_;
+};
+
+// Repaints and scrolls.
+class NotingGridPeer : public ui::GridPeer {
+public:
+    explicit NotingGridPeer(Log& log) : log_(log) {}
+    void show(ui::Aspect changed) noexcept override {
+        if (changed == ui::Aspect::Everything) {
+            log_.emplace_back("grid repainted");
+        }
+    }
+    void takeFocus() noexcept override {}
+    void widgetEnds() noexcept override {}
+    void cellsChanged(const CellRange& /*range*/) noexcept override {}
+    void layoutChanged() noexcept override { log_.emplace_back("grid scrolled"); }
+    void highlightChanged() noexcept override {}
+
+private:
+    Log& log_;
+};
+
+class NotingStore : public StoreDecorator {
+public:
+    using StoreDecorator::StoreDecorator;
+    Log* log = nullptr;
+
+protected:
+    void onCall(const StoreCall& call) override {
+        if (log != nullptr) {
+            log->push_back(describe(call));
+        }
+    }
+};
+
+TEST_F(ChannelSelection, ADoubleClickClearsTheSelectionThenNamesTheChannelThenShowsIt) {
+    const auto noting = decorate<NotingStore>();
+    noting->log = &events;
+    NotingGridPeer gridPeer(events);
+    NotingPeer boxPeer(events, ui::Aspect::Text, "number shown");
+    grid().select({7, 3}, {7, 3});
+    grid().attach(gridPeer);
+    control->txtChannelSelect.attach(boxPeer);
+    events.clear();
+    doubleClickCurrent();
+    EXPECT_EQ(events, (Log{"grid repainted", "SelectedChannel=", "SelectedChannel", "number shown"}));
+    grid().detach();
+    control->txtChannelSelect.detach();
 }
 
 TEST_F(ChannelSelection, ADoubleClickThatFailsIsToldOnce) {
     control->setCentralDataStore(nullptr);
-    grid().DblClick();
+    doubleClickCurrent();
     EXPECT_EQ(boxes(), (Boxes{errorIn("fgdDatabase_DblClick")}));
 }
 
@@ -256,6 +366,19 @@ TEST_F(ChannelSelection, TheButtonSwitchesTheRadio) {
     EXPECT_EQ(boxes(), Boxes{});
     control->EnableMyCommands("RS232");
     EXPECT_TRUE(control->cmdChannelSelect.enabled());
+}
+
+TEST_F(ChannelSelection, TheButtonIsDisabledBeforeTheHourglassAndTheGridScrollsBeforeTheDiagnosticsPause) {
+    NotingGridPeer gridPeer(events);
+    NotingPeer buttonPeer(events, ui::Aspect::Enabled, "button disabled");
+    grid().attach(gridPeer);
+    control->cmdChannelSelect.attach(buttonPeer);
+    events.clear();
+    type("100");
+    press();
+    EXPECT_EQ(events, (Log{"button disabled", "HourglassOverWindow", "grid scrolled", "PauseDiagnostics"}));
+    grid().detach();
+    control->cmdChannelSelect.detach();
 }
 
 TEST_F(ChannelSelection, ARadioThatMayNotChangeItsChannelIsLeftAlone) {

@@ -60,6 +60,22 @@ INSTANTIATE_TEST_SUITE_P(All, GridSize,
                                          Sizing{"JustWideAndHighEnough", 6, 59, 96, {0, 0, 1, 0}}),
                          [](const auto& sizing) { return std::string(sizing.param.name); });
 
+// At 144 dots per inch 80 twips are 8 pixels and 880 are 88.
+TEST_F(Surface, AControlOfExactly80By880TwipsHasAGridOfNothing) {
+    resize(1200, 900, 144);
+    resize(8, 88, 144);
+    EXPECT_EQ(gridBounds(), (Rect{0, 0, 0, 0}));
+}
+
+TEST_F(Surface, APixelLessThan80TwipsLeavesTheWidthAndOneLessThan880TheHeight) {
+    resize(1200, 900, 144);
+    resize(7, 88, 144);
+    EXPECT_EQ(gridBounds(), (Rect{0, 0, 1192, 0}));
+    resize(1200, 900, 144);
+    resize(8, 87, 144);
+    EXPECT_EQ(gridBounds(), (Rect{0, 0, 0, 812}));
+}
+
 TEST_F(Surface, TheControlStartsWithAGoodSize) {
     EXPECT_EQ(control->panel().size(), (ui::Size{630, 520}));
     EXPECT_EQ(gridBounds(), (Rect{0, 0, 625, 461}));

@@ -143,7 +143,7 @@ TEST_F(Transfer, NothingChangesTheTableWhileItIsBeingLoaded) {
     control->UpdateControlsFromMemory();
     desktop.clipboard = "451";
     control->run(control::GridCommand::Paste);
-    grid().DblClick();
+    doubleClickCurrent();
     control->LoadChannelInfoFromTelvar();
     store->put(StoreMember::CommsBusy, true);
     const auto before = tableText(*store);

@@ -45,7 +45,7 @@ ui::Answer TestDesktop::show(const ui::MessageBox& box) {
     return answer;
 }
 
-void TestDesktop::open(ui::Form& form) {
+void TestDesktop::open(ui::Form& form, bool modal) {
     if (noWindows) {
         throw base::Failure("No window can be made");
     }
@@ -54,8 +54,10 @@ void TestDesktop::open(ui::Form& form) {
     }
     const ui::Size size = form.wantedSize(ui::Metrics(*this, ui::standardDpi));
     form.setSize(size, ui::standardDpi);
-    const ui::Size screen = screenSize();
-    const ui::Point at{(screen.width - size.width) / 2, (screen.height - size.height) / 2};
+    const bool middle = modal || form.bounds().empty();
+    const ui::Point at =
+        middle ? ui::Point{(screen.left + screen.right - size.width) / 2, (screen.top + screen.bottom - size.height) / 2}
+               : ui::Point{form.bounds().left, form.bounds().top};
     form.setBounds({at.x, at.y, at.x + size.width, at.y + size.height});
     form.Load();
 }
@@ -65,10 +67,10 @@ void TestDesktop::close(ui::Form& form) {
     hide(form);
 }
 
-void TestDesktop::showModeless(ui::Form& form) { open(form); }
+void TestDesktop::showModeless(ui::Form& form) { open(form, false); }
 
 void TestDesktop::showModal(ui::Form& form) {
-    open(form);
+    open(form, true);
     if (duringModal) {
         duringModal(form);
     }
@@ -107,7 +109,7 @@ void TestDesktop::setClipboardText(const std::string& text) {
 
 bool TestDesktop::doEvents() {
     ++pumps_;
-    while (dispatcher_.runOne()) {
+    while (dispatcher_.runOne() || idle_.runOne()) {
     }
     if (!steps_.empty()) {
         runOne();
@@ -130,7 +132,7 @@ bool TestDesktop::pumpUntil(const std::function<bool()>& done) {
 }
 
 bool TestDesktop::runOne() {
-    if (dispatcher_.runOne()) {
+    if (dispatcher_.runOne() || idle_.runOne()) {
         return true;
     }
     if (steps_.empty()) {

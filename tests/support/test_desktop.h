@@ -39,6 +39,7 @@ public:
     void close(ui::Form& form);
     // No form can be shown.
     bool noWindows = false;
+    ui::Rect screen{0, 0, 1024, 768};
     // What the user does in a modal form. It has to hide the form; else the test fails and the form is hidden.
     std::function<void(ui::Form&)> duringModal;
     // The item that the user chooses in the next pop-up menus, by name; none closes the menu without a choice.
@@ -59,7 +60,8 @@ public:
     bool clipboardLocked = false;
 
     // -- queued work and waiting ------------------------------------------------------------------------------------
-    // Something that happens, one a turn, in the next waits and doEvents: the world's answer to a wait.
+    // Something that happens, one a turn, in the next waits and doEvents: the world's answer to a wait. Between two turns
+    // nothing waits, so that work for idle times is run.
     void whenPumping(std::function<void()> step) { steps_.push_back(std::move(step)); }
     [[nodiscard]] int pumps() const noexcept { return pumps_; }
     // The message loop is quitting: every wait meets that when it has done what was pending before.
@@ -90,10 +92,12 @@ public:
     bool doEvents() override;
     // Fails the test instead of hanging when nothing is left that could make progress.
     bool pumpUntil(const std::function<bool()>& done) override;
-    [[nodiscard]] ui::Size screenSize() override { return {1024, 768}; }
+    [[nodiscard]] ui::Size screenSize() override { return {screen.width(), screen.height()}; }
+    [[nodiscard]] ui::Rect workArea(const ui::Rect& /*at*/) override { return screen; }
     // Every character is 6 by 13 pixels at 96 dpi.
     [[nodiscard]] ui::Size measure(const std::string& text, int dpi) override;
     [[nodiscard]] base::Dispatcher& dispatcher() override { return dispatcher_; }
+    void whenIdle(std::function<void()> work) override { idle_.post(std::move(work)); }
     void startTimer(ui::Timer& timer, std::chrono::milliseconds interval) override;
     void stopTimer(ui::Timer& timer) noexcept override { timers_.erase(&timer); }
 
@@ -113,12 +117,14 @@ private:
         std::chrono::milliseconds due;
     };
 
-    // What comes before a form is visible: its size, its place in the middle of the screen, and Load.
-    void open(ui::Form& form);
-    // One piece of queued work, else one step; answers whether there was any.
+    // What comes before a form is visible: its size, its place, and Load. A modal form comes in the middle of the screen,
+    // another one where it was last.
+    void open(ui::Form& form, bool modal);
+    // One piece of queued work, else of idle work, else one step; answers whether there was any.
     bool runOne();
 
     Queue dispatcher_;
+    Queue idle_;
     std::deque<ui::Answer> answers_;
     Boxes boxes_;
     std::set<const ui::Form*> shown_;

@@ -43,7 +43,10 @@ struct InputWorld : testing::Test {
             log.push_back("mouse " + std::to_string(static_cast<int>(event.button)));
         });
         grid.Click.connect([this] { log.push_back("click"); });
-        grid.DblClick.connect([this] { log.push_back("double " + std::to_string(grid.row())); });
+        grid.DblClick.connect([this](const ui::DoubleClick& click) {
+            log.push_back("double " + std::to_string(click.at.row));
+            twiceClicked = click;
+        });
     }
     [[nodiscard]] Selection selection() const {
         return {{grid.row(), grid.column()}, {grid.rowSel(), grid.columnSel()}};
@@ -72,6 +75,7 @@ struct InputWorld : testing::Test {
     ui::GridLayout layout{grid, {400, 232}, {.dpi = 96, .rowHeight = 20, .headerHeight = 32}};
     ui::GridInput input{grid};
     std::vector<std::string> log;
+    ui::DoubleClick twiceClicked;
     int swallowed = -1;
 };
 
@@ -340,11 +344,20 @@ TEST_F(InputWorld, APressInsideASelectionOfOneRowMovesAtOnce) {
     EXPECT_EQ(selection(), at(3, 2));
 }
 
-TEST_F(InputWorld, ADoubleClickInsideSeveralRowsLeavesThemSelected) {
+TEST_F(InputWorld, ADoubleClickInsideSeveralRowsIsOnTheClickedCellAndTellsTheRows) {
     grid.select({3, 1}, {8, 5});
     doubleClick(in(5, 2));
-    EXPECT_EQ(selection(), (Selection{{3, 1}, {8, 5}}));
-    EXPECT_EQ(log, (Log{"mouse 1", "click", "double 3"}));
+    EXPECT_EQ(selection(), at(5, 2));
+    EXPECT_EQ(log, (Log{"mouse 1", "click", "double 5"}));
+    EXPECT_EQ(twiceClicked.at, (Cell{5, 2}));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{3, 1, 8, 5}));
+}
+
+TEST_F(InputWorld, ADoubleClickInAnUnselectedColumnOfSelectedRowsTellsTheRows) {
+    grid.select({3, 1}, {8, 2});
+    doubleClick(in(5, 3));
+    EXPECT_EQ(selection(), at(5, 3));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{3, 1, 8, 2}));
 }
 
 TEST_F(InputWorld, ADoubleClickElsewhereIsOnTheClickedRow) {
@@ -352,6 +365,45 @@ TEST_F(InputWorld, ADoubleClickElsewhereIsOnTheClickedRow) {
     doubleClick(in(9, 2));
     EXPECT_EQ(selection(), at(9, 2));
     EXPECT_EQ(log, (Log{"mouse 1", "click", "double 9"}));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{9, 2, 9, 2}));
+}
+
+TEST_F(InputWorld, ASecondDoubleClickTellsTheFormerRowsNoMore) {
+    grid.select({3, 1}, {8, 5});
+    doubleClick(in(5, 2));
+    doubleClick(in(5, 2));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{5, 2, 5, 2}));
+}
+
+TEST_F(InputWorld, ADoubleClickOnARowsNumberSelectsTheRow) {
+    grid.select({3, 1}, {8, 5});
+    doubleClick(in(5, 0));
+    EXPECT_EQ(selection(), (Selection{{5, 1}, {5, 12}}));
+    EXPECT_EQ(twiceClicked.at, (Cell{5, 0}));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{3, 1, 8, 5}));
+}
+
+TEST_F(InputWorld, ADoubleClickOnAColumnsHeaderSaysSo) {
+    grid.select({3, 1}, {8, 5});
+    doubleClick(in(0, 2));
+    EXPECT_EQ(twiceClicked.at, (Cell{0, 2}));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{1, 2, 99, 2}));
+}
+
+TEST_F(InputWorld, ADoubleClickWithShiftIsOnTheClickedRow) {
+    grid.select({3, 2}, {3, 2});
+    click(in(6, 2), shift::shift);
+    input.doubleClick({MouseButton::Left, shift::shift, in(6, 2)}, layout);
+    EXPECT_EQ(selection(), at(6, 2));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{6, 2, 6, 2}));
+}
+
+TEST_F(InputWorld, ADoubleClickWhoseFirstReleaseWasLostIsOnTheClickedCell) {
+    grid.select({3, 1}, {8, 5});
+    mouseDown(in(5, 2));
+    input.doubleClick({MouseButton::Left, shift::none, in(5, 2)}, layout);
+    EXPECT_EQ(selection(), at(5, 2));
+    EXPECT_EQ(twiceClicked.selected, (CellRange{3, 1, 8, 5}));
 }
 
 TEST_F(InputWorld, ADoubleClickOnAPartlyVisibleRowIsOnThatRow) {

@@ -529,7 +529,7 @@ TEST_F(GridWindows, TheMenuKeyCountsAsTheRightButtonAtTheCurrentCell) {
 
 TEST_F(GridWindows, ADoubleClickIsReported) {
     int twice = 0;
-    widgets.grid.DblClick.connect([&] { ++twice; });
+    widgets.grid.DblClick.connect([&](const ui::DoubleClick&) { ++twice; });
     press({4, 3});
     release({4, 3});
     SendMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, at({4, 3}));
