@@ -240,7 +240,7 @@ private:
     void changeTable(const std::function<bool()>& edit, const std::function<void()>& mark);
     [[nodiscard]] bool editTable(GridCommand command);
     void markTableFilled();
-    static void markChanged(const model::DataStorePointer& table);
+    void markChanged(const model::DataStorePointer& table) const;
     void startFill(void (editing::frmFill::*offer)());
     void takeSelectedRows(editing::frmFill& form) const;
     [[nodiscard]] bool fillRefused();

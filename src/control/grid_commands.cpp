@@ -103,19 +103,23 @@ bool ChannelInformation::changesRefused() {
 }
 
 void ChannelInformation::changeTable(const std::function<bool()>& edit, const std::function<void()>& mark) {
-    const Raised editing(editing_);
-    // Rendering a row makes it current; the next command has to land where the user was.
-    const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
-    const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
     const auto before = valuesInEditForm();
-    const bool changed = edit();
-    endIfClosed();
-    ui::resumed([&] { fgdDatabase.select(current, end); });
-    if (changed) {
-        mark();
-        if (before != valuesInEditForm()) {
-            showRowInEditForm();
+    bool changed = false;
+    {
+        const Raised editing(editing_);
+        // Rendering a row makes it current; the next command has to land where the user was.
+        const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
+        const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
+        changed = edit();
+        endIfClosed();
+        ui::resumed([&] { fgdDatabase.select(current, end); });
+        if (changed) {
+            mark();
         }
+    }
+    // The form asks about its edits, which may be applied now that the command has ended.
+    if (changed && before != valuesInEditForm()) {
+        showRowInEditForm();
     }
 }
 
@@ -136,8 +140,9 @@ bool ChannelInformation::editTable(GridCommand command) {
     return false;
 }
 
-void ChannelInformation::markChanged(const model::DataStorePointer& table) {
+void ChannelInformation::markChanged(const model::DataStorePointer& table) const {
     table->put(StoreMember::DataModified, true);
+    endIfClosed();
     table->put(StoreMember::ChannelDataModified, true);
 }
 

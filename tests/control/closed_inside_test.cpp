@@ -97,7 +97,8 @@ public:
 private:
     void stop(const std::string& name) {
         log_.push_back(name);
-        if (control->closed() || seen_[name]++ >= 3 || ++stops_ != closeAt_) {
+        // The writes of one channel are one thing.
+        if (control->closed() || seen_[name.substr(0, name.find('.'))]++ >= 3 || ++stops_ != closeAt_) {
             return;
         }
         closedAfter_ = log_.size();

@@ -310,6 +310,17 @@ TEST_F(ControlEditForm, AsksBeforeACommandThatChangedItsChannelReplacesEdits) {
     EXPECT_EQ(form().txtTxFrequency.text(), "160.5");
 }
 
+TEST_F(ControlEditForm, AppliesEditsOnRequestAfterACommandThatChangedItsChannel) {
+    doubleClick(4);
+    edit();
+    desktop.clipboard = "161.25";
+    desktop.answerWith(Answer::Yes);
+    control->run(GridCommand::Paste);
+    EXPECT_EQ(boxes(), Boxes{applyQuestion(4)});
+    EXPECT_EQ(stored(4), 160'500'000);
+    EXPECT_EQ(grid().text(4, 1), "160.500000");
+}
+
 TEST_F(ControlEditForm, IsLeftAloneByACommandThatChangedOtherChannels) {
     doubleClick(4);
     edit();

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <vector>
 
 namespace telvar::tests {
 namespace {
@@ -28,7 +29,70 @@ protected:
         SetTimer(nullptr, 0, USER_TIMER_MINIMUM, &letGoAtTick);
     }
 
+    // Runs the message loop until it is so; a test fails when that takes longer than five seconds.
+    template <class Condition>
+    static void loopUntil(Condition&& condition) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        const UINT_PTR wake = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, nullptr);
+        while (!condition()) {
+            ASSERT_LT(std::chrono::steady_clock::now(), end);
+            MSG message;
+            ASSERT_TRUE(GetMessageW(&message, nullptr, 0, 0));
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        KillTimer(nullptr, wake);
+    }
+    // Keys as from a keyboard, which wait behind all posted messages.
+    static void pressDown(std::size_t times) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = VK_DOWN;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(VK_DOWN, MAPVK_VK_TO_VSC));
+        input.ki.dwFlags = KEYEVENTF_EXTENDEDKEY;
+        std::vector<INPUT> inputs(times, input);
+        ASSERT_EQ(SendInput(static_cast<UINT>(times), inputs.data(), sizeof(INPUT)), times);
+    }
+    // A host's window that leaves room on the screen, at its upper left corner.
+    void showSmall() {
+        show();
+        SetWindowPos(host(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        pump();
+    }
+    [[nodiscard]] static RECT rectOf(HWND window) {
+        RECT rect{};
+        GetWindowRect(window, &rect);
+        return rect;
+    }
+    // Of the row that a double-click of these tests hits.
+    [[nodiscard]] RECT clickedRow() const {
+        RECT client{};
+        GetClientRect(gridWindow(), &client);
+        RECT row{0, 110, client.right, 111};
+        MapWindowPoints(gridWindow(), nullptr, reinterpret_cast<POINT*>(&row), 2);
+        return row;
+    }
+    // The next question with that button is read and answered.
+    void answerSoon() {
+        self = this;
+        questions.clear();
+        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, &answerAtTick);
+    }
+    Texts questions;
+
 private:
+    static void CALLBACK answerAtTick(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+        const HWND yes = button("Yes");
+        if (yes == nullptr) {
+            return;
+        }
+        KillTimer(nullptr, timer);
+        for (const HWND text : children(L"Static")) {
+            self->questions.push_back(textOf(text));
+        }
+        PostMessageW(yes, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
+        PostMessageW(yes, WM_LBUTTONUP, 0, MAKELPARAM(4, 4));
+    }
     static void CALLBACK letGoAtTick(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
         KillTimer(nullptr, timer);
         self->letGo();
@@ -80,6 +144,80 @@ TEST_F(EditFormInAHost, FollowsKeysAndClicksOnTheGrid) {
     pump();
     EXPECT_LT(currentRow(), opened);
     EXPECT_EQ(textOf(channelField()), std::to_string(currentRow()));
+}
+
+TEST_F(EditFormInAHost, ADoubleClickInsideSeveralSelectedRowsOpensTheClickedChannelAndNamesTheOthers) {
+    show();
+    PostMessageW(gridWindow(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(120, 60));
+    PostMessageW(gridWindow(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(120, 160));
+    PostMessageW(gridWindow(), WM_LBUTTONUP, 0, MAKELPARAM(120, 160));
+    pump();
+    const LONG first = currentRow();
+    answerSoon();
+    doubleClick();
+    loopUntil([this] { return !questions.empty(); });
+    loopUntil([] { return form() != nullptr && textOf(form()) == "Channel Edit"; });
+    const LONG clicked = currentRow();
+    EXPECT_GT(clicked, first);
+    EXPECT_EQ(textOf(channelField()), std::to_string(clicked));
+    EXPECT_EQ(base::toInt32(com::valueOf(get(*store, "SelectedChannel"))), clicked);
+    const std::string text = "Changes will also be copied to the other selected channels. Would you like to proceed?\n"
+                             "The other channels are " +
+                             std::to_string(first) + " to " + std::to_string(clicked - 1) + " and ";
+    EXPECT_EQ(questions.front().substr(0, text.size()), text);
+}
+
+TEST_F(EditFormInAHost, ADoubleClickOnAColumnsHeaderOpensNothing) {
+    show();
+    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {
+        PostMessageW(gridWindow(), message, MK_LBUTTON, MAKELPARAM(120, 5));
+    }
+    pump();
+    EXPECT_EQ(form(), nullptr);
+    EXPECT_EQ(boxes.texts(), Texts{});
+}
+
+TEST_F(EditFormInAHost, AHeldKeyReloadsItOnceWhenNoKeyWaitsAnyMore) {
+    auto hooked = com::make<HookedStore>(store.get());
+    show(hooked.get());
+    doubleClick();
+    const LONG opened = currentRow();
+    SetForegroundWindow(host());
+    SetFocus(gridWindow());
+    pump();
+    const DISPID selected = numberOf(*store, "SelectedChannel");
+    int reloads = 0;
+    hooked->beforePut = [&](DISPID member) { reloads += member == selected ? 1 : 0; };
+    constexpr int times = 20;
+    pressDown(times);
+    loopUntil([&] { return textOf(channelField()) == std::to_string(opened + times); });
+    EXPECT_EQ(currentRow(), opened + times);
+    EXPECT_EQ(reloads, 1);
+    hooked->beforePut = nullptr;
+}
+
+TEST_F(EditFormInAHost, OpensBesideTheRowOrBelowItAndLeavesItInSight) {
+    showSmall();
+    doubleClick();
+    const RECT row = clickedRow();
+    const RECT window = rectOf(form());
+    RECT common{};
+    EXPECT_FALSE(IntersectRect(&common, &row, &window)) << window.left << ',' << window.top;
+    EXPECT_GE(window.left, 0);
+    EXPECT_GE(window.top, 0);
+    EXPECT_LE(window.right, GetSystemMetrics(SM_CXSCREEN));
+    EXPECT_LE(window.bottom, GetSystemMetrics(SM_CYSCREEN));
+}
+
+TEST_F(EditFormInAHost, OpensWhereTheUserMovedIt) {
+    showSmall();
+    doubleClick();
+    SetWindowPos(form(), nullptr, 40, 30, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    pump();
+    press("Cancel");
+    doubleClick();
+    EXPECT_EQ(rectOf(form()).left, 40);
+    EXPECT_EQ(rectOf(form()).top, 30);
 }
 
 TEST_F(EditFormInAHost, EnterMovesFromAFrequencyToOkWhichStoresAndCloses) {

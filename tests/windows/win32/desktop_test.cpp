@@ -186,6 +186,57 @@ TEST_F(Desktops, MayEndInTheirOwnWork) {
     pump();
 }
 
+// As from a keyboard: posted messages come before these, a timer after them.
+void pressKeys(WORD key, std::size_t times) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    std::vector<INPUT> inputs(times, input);
+    ASSERT_EQ(SendInput(static_cast<UINT>(times), inputs.data(), sizeof(INPUT)), times);
+}
+
+TEST_F(Desktops, RunIdleWorkWhenNoKeyWaitsAnyMore) {
+    SetForegroundWindow(top.handle());
+    SetFocus(windowOf(widgets.grid));
+    pump();
+    int keys = 0;
+    std::vector<int> keysBefore;
+    widgets.grid.KeyDown.connect([&](ui::KeyEvent&) {
+        if (++keys == 1) {
+            desktop.whenIdle([&] { keysBefore.push_back(keys); });
+        }
+    });
+    constexpr int times = 10;
+    pressKeys('A', times);
+    until([&] { return !keysBefore.empty(); });
+    EXPECT_EQ(keysBefore, std::vector<int>{times});
+}
+
+TEST_F(Desktops, RunIdleWorkInOrderAfterPostedWork) {
+    std::vector<int> done;
+    desktop.whenIdle([&] {
+        desktop.whenIdle([&] { done.push_back(5); });
+        done.push_back(3);
+    });
+    desktop.whenIdle([&] { done.push_back(4); });
+    desktop.dispatcher().post([&] { done.push_back(1); });
+    desktop.dispatcher().post([&] { done.push_back(2); });
+    until([&] { return done.size() == 5; });
+    EXPECT_EQ(done, (std::vector<int>{1, 2, 3, 4, 5}));
+}
+
+TEST_F(Desktops, DropIdleWorkThatStillWaitsAtTheirEnd) {
+    auto other = std::make_unique<WindowsDesktop>();
+    bool ran = false;
+    other->whenIdle([&] {
+        ran = true;
+        other.reset();
+    });
+    other->whenIdle([] { ADD_FAILURE() << "ran after the end"; });
+    until([&] { return ran; });
+    pump();
+}
+
 TEST_F(Desktops, AQuitMessageEndsAWaitAndIsPostedAgain) {
     PostQuitMessage(42);
     EXPECT_FALSE(desktop.pumpUntil([] { return false; }));

@@ -538,6 +538,23 @@ TEST_F(GridWindows, ADoubleClickIsReported) {
     EXPECT_EQ(widgets.grid.row(), 4);
 }
 
+TEST_F(GridWindows, TellsWhereTheCurrentRowIsOnTheScreen) {
+    widgets.grid.setCurrent({3, 2});
+    const auto row = widgets.grid.currentRowOnScreen();
+    ASSERT_TRUE(row);
+    const ui::Rect inWindow = layout().highlightRect();
+    POINT corner{inWindow.left, inWindow.top};
+    ClientToScreen(window, &corner);
+    EXPECT_EQ(*row, (ui::Rect{static_cast<int>(corner.x), static_cast<int>(corner.y),
+                              static_cast<int>(corner.x) + inWindow.width(),
+                              static_cast<int>(corner.y) + inWindow.height()}));
+    widgets.grid.setTopRow(100);
+    EXPECT_EQ(widgets.grid.currentRowOnScreen(), std::nullopt);
+    widgets.grid.setTopRow(1);
+    ShowWindow(top.handle(), SW_HIDE);
+    EXPECT_EQ(widgets.grid.currentRowOnScreen(), std::nullopt);
+}
+
 // ---- keys
 
 TEST_F(GridWindows, KeysMoveAndExtendTheSelection) {
