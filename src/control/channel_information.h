@@ -152,8 +152,8 @@ public:
     Confirmation confirmation;
 
     // For hosts that offer the form without the mouse: as a double-click on the current row, but a form that shows it
-    // already keeps what was typed and comes to the front, after the question about other selected channels if there are
-    // any.
+    // already keeps what was typed and comes to the front, after the question about other selected channels if there
+    // are any.
     void editChannel();
     // Before the table goes: the user applies or drops the edits in the open form, or wants to stay (False).
     [[nodiscard]] bool leaveEdits();
@@ -312,7 +312,8 @@ private:
     bool editing_ = false;            // a command that changes the table is under way
     bool filling_ = false;            // the fill dialog is shown
     bool following_ = false;          // the edit form will be asked to follow the current row
-    std::optional<Rows> copyingWhile_;     // the rows that stay selected while the form copies to others; none: it does not
+    // The rows that are selected for as long as the form copies to others; nothing while it does not.
+    std::optional<Rows> copyingWhile_;
     std::optional<ui::Point> placeGiven_;  // the form's upper left corner as it was opened last
     bool placeChosen_ = false;             // the user moved the form since
     bool blinking_ = false;

@@ -128,7 +128,8 @@ public:
     [[nodiscard]] bool highlightShown() const noexcept { return highlightShown_; }
     void setHighlightShown(bool shown);
 
-    // Where the user sees the current row, in pixels of the screen; nothing without a window or while it is scrolled out.
+    // Where the user sees the current row, in pixels of the screen; nothing without a window or while it is scrolled
+    // out.
     [[nodiscard]] std::optional<Rect> currentRowOnScreen() const;
 
     base::Event<const MouseEvent&> MouseDown;

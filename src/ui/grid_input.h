@@ -61,9 +61,9 @@ private:
 
     Grid& grid_;
     Unit drag_ = Unit::None;
-    std::optional<Cell> pressed_;              // by the left button, until it is released
+    std::optional<Cell> pressed_;          // by the left button, until it is released
     std::optional<Selection> collapsing_;  // to this, when a press inside several rows is released
-    std::optional<DoubleClick> press_;  // the left button's last, with what it found selected
+    std::optional<DoubleClick> press_;     // the left button's last, with what it found selected
 };
 
 }  // namespace telvar::ui

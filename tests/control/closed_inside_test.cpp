@@ -38,8 +38,8 @@ public:
     }
     void TestBody() override {}
 
-    // From now on everything is listed, and the control is closed inside the stop of that number, counted from 1; the same
-    // thing is a stop up to three times. 0 closes it nowhere.
+    // From now on everything is listed, and the control is closed inside the stop of that number, counted from 1; the
+    // same thing is a stop up to three times. 0 closes it nowhere.
     void watch(int closeAt) {
         closeAt_ = closeAt;
         const auto stopsAt = [this](const char* name) { return [this, name](auto&...) { stop(name); }; };
@@ -175,57 +175,72 @@ const std::string discard4 = "box: Discard the changes to channel 4?";
 INSTANTIATE_TEST_SUITE_P(
     All, ClosedInsideEachStop,
     testing::Values(
-        Situation{"DoubleClick", nothing, [](Watched& w) { w.doubleClickOn({4, 2}); },
+        Situation{"DoubleClick",
+                  nothing,
+                  [](Watched& w) { w.doubleClickOn({4, 2}); },
                   {"SelectionChanged", "SelectedChannel=", "form Load"}},
-        Situation{"DoubleClickInsideSeveralRows", [](Watched& w) { w.grid().select({5, 1}, {8, 3}); },
+        Situation{"DoubleClickInsideSeveralRows",
+                  [](Watched& w) { w.grid().select({5, 1}, {8, 3}); },
                   [](Watched& w) { w.doubleClickOn({6, 2}); },
                   {"SelectionChanged", "SelectedChannel=", "question", "form Load"}},
-        Situation{"DoubleClickThatApplies", edited,
+        Situation{"DoubleClickThatApplies",
+                  edited,
                   [](Watched& w) {
                       applies(w);
                       w.doubleClickOn({9, 2});
                   },
                   {apply4, "form DataChanged", "DataModified=", "ChannelDataModified=", "ChannelTable(3).TxFreq=",
                    "form NeedToUpdateFlexGrid", "SelectedChannel="}},
-        Situation{"DoubleClickThatDiscards", edited,
+        Situation{"DoubleClickThatDiscards",
+                  edited,
                   [](Watched& w) {
                       discards(w);
                       w.doubleClickOn({9, 2});
                   },
                   {apply4, discard4, "SelectedChannel="}},
-        Situation{"DoubleClickThatStays", edited,
+        Situation{"DoubleClickThatStays",
+                  edited,
                   [](Watched& w) {
                       stays(w);
                       w.doubleClick(9);
                   },
                   {apply4, discard4, "SelectionChanged"}},
-        Situation{"TheKeyForEditingAgain", openedForSeveral, [](Watched& w) { w.control->editChannel(); },
-                  {"question"}},
-        Situation{"FollowingAKey", opened, [](Watched& w) { w.press(ui::key::down); },
+        Situation{
+            "TheKeyForEditingAgain", openedForSeveral, [](Watched& w) { w.control->editChannel(); }, {"question"}},
+        Situation{"FollowingAKey",
+                  opened,
+                  [](Watched& w) { w.press(ui::key::down); },
                   {"SelectionChanged", "SelectedChannel="}},
-        Situation{"FollowingAKeyThatApplies", edited,
+        Situation{"FollowingAKeyThatApplies",
+                  edited,
                   [](Watched& w) {
                       applies(w);
                       w.press(ui::key::down);
                   },
                   {"SelectionChanged", apply4, "form DataChanged", "DataModified=", "form NeedToUpdateFlexGrid",
                    "SelectedChannel="}},
-        Situation{"FollowingAKeyThatDiscards", edited,
+        Situation{"FollowingAKeyThatDiscards",
+                  edited,
                   [](Watched& w) {
                       discards(w);
                       w.press(ui::key::down);
                   },
                   {apply4, discard4, "SelectedChannel="}},
-        Situation{"FollowingAKeyThatStays", edited,
+        Situation{"FollowingAKeyThatStays",
+                  edited,
                   [](Watched& w) {
                       stays(w);
                       w.press(ui::key::down);
                   },
                   {apply4, discard4, "SelectionChanged"}},
-        Situation{"Apply", edited, [](Watched& w) { w.form().cmdApply.userPress(); },
-                  {"form DataChanged", "DataModified=", "ChannelDataModified=", "ChannelTable(3).TxFreq=",
-                   "form NeedToUpdateFlexGrid"}},
-        Situation{"ApplyToSeveral", openedForSeveral, [](Watched& w) { w.form().cmdApply.userPress(); },
+        Situation{"Apply",
+                  edited,
+                  [](Watched& w) { w.form().cmdApply.userPress(); },
+                  {"form DataChanged",
+                   "DataModified=", "ChannelDataModified=", "ChannelTable(3).TxFreq=", "form NeedToUpdateFlexGrid"}},
+        Situation{"ApplyToSeveral",
+                  openedForSeveral,
+                  [](Watched& w) { w.form().cmdApply.userPress(); },
                   {"form DataChanged", "ChannelTable(4).scan=", "ChannelTable(7).scan=", "form NeedToUpdateFlexGrid",
                    "SelectionChanged"}},
         Situation{"ApplyOfARefusedField",
@@ -242,12 +257,18 @@ INSTANTIATE_TEST_SUITE_P(
                   },
                   [](Watched& w) { w.form().cmdApply.userPress(); },
                   {"box: Data is locked. Clear 'Lock Data' to make changes."}},
-        Situation{"Ok", edited, [](Watched& w) { w.form().cmdOk.userPress(); },
-                  {"form DataChanged", "DataModified=", "form NeedToUpdateFlexGrid", "form EditClosed",
-                   "EditWindowClosed"}},
-        Situation{"Cancel", edited, [](Watched& w) { w.form().cmdCancel.userPress(); },
+        Situation{
+            "Ok",
+            edited,
+            [](Watched& w) { w.form().cmdOk.userPress(); },
+            {"form DataChanged", "DataModified=", "form NeedToUpdateFlexGrid", "form EditClosed", "EditWindowClosed"}},
+        Situation{"Cancel",
+                  edited,
+                  [](Watched& w) { w.form().cmdCancel.userPress(); },
                   {"form EditClosed", "EditWindowClosed"}},
-        Situation{"Login", opened, [](Watched& w) { w.form().cmdAdvanced.userPress(); },
+        Situation{"Login",
+                  opened,
+                  [](Watched& w) { w.form().cmdAdvanced.userPress(); },
                   {"form OpenLoginWithChannelEdit", "OpenLoginWithChannelEdit"}},
         Situation{"LiveUpdate",
                   [](Watched& w) {
@@ -269,15 +290,15 @@ INSTANTIATE_TEST_SUITE_P(
                   [](Watched& w) { w.form().mnuPopUpMenuPaste.userChoose(); },
                   {"form PopUpMenuClick", "ChannelTable(3).TxFreq=", "DataModified=", "ChannelDataModified=", apply4,
                    discard4}},
-        Situation{"PasteUnderEditsThatAreApplied",
-                  [](Watched& w) {
-                      edited(w);
-                      w.desktop.clipboard = "161.25";
-                      applies(w);
-                  },
-                  [](Watched& w) { w.control->run(GridCommand::Paste); },
-                  {"ChannelTable(3).TxFreq=", "DataModified=", apply4, "form DataChanged",
-                   "form NeedToUpdateFlexGrid"}},
+        Situation{
+            "PasteUnderEditsThatAreApplied",
+            [](Watched& w) {
+                edited(w);
+                w.desktop.clipboard = "161.25";
+                applies(w);
+            },
+            [](Watched& w) { w.control->run(GridCommand::Paste); },
+            {"ChannelTable(3).TxFreq=", "DataModified=", apply4, "form DataChanged", "form NeedToUpdateFlexGrid"}},
         Situation{"LeavingTheTableWithApply",
                   [](Watched& w) {
                       edited(w);
@@ -316,7 +337,8 @@ INSTANTIATE_TEST_SUITE_P(
                       w.grid().setCurrent({9, 1});
                       discards(w);
                   },
-                  [](Watched& w) { w.control->RefreshEditForm(); }, {apply4, discard4, "SelectedChannel="}}),
+                  [](Watched& w) { w.control->RefreshEditForm(); },
+                  {apply4, discard4, "SelectedChannel="}}),
     [](const auto& situation) { return std::string(situation.param.name); });
 
 }  // namespace

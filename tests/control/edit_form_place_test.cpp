@@ -79,8 +79,7 @@ TEST_F(EditFormPlace, IsInTheMiddleWhereTheScreenHasNoRoomOnAnySideOfTheRow) {
 
 TEST_F(EditFormPlace, IsInTheMiddleWhereTheRowCannotBeSeen) {
     openOver(std::nullopt);
-    EXPECT_EQ(corner(),
-              (Point{(3000 - form().bounds().width()) / 2, (2000 - form().bounds().height()) / 2}));
+    EXPECT_EQ(corner(), (Point{(3000 - form().bounds().width()) / 2, (2000 - form().bounds().height()) / 2}));
 }
 
 TEST_F(EditFormPlace, IsKeptForAnotherRowThatItDoesNotHide) {

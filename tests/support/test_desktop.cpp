@@ -55,9 +55,9 @@ void TestDesktop::open(ui::Form& form, bool modal) {
     const ui::Size size = form.wantedSize(ui::Metrics(*this, ui::standardDpi));
     form.setSize(size, ui::standardDpi);
     const bool middle = modal || form.bounds().empty();
-    const ui::Point at =
-        middle ? ui::Point{(screen.left + screen.right - size.width) / 2, (screen.top + screen.bottom - size.height) / 2}
-               : ui::Point{form.bounds().left, form.bounds().top};
+    const ui::Point at = middle ? ui::Point{(screen.left + screen.right - size.width) / 2,
+                                            (screen.top + screen.bottom - size.height) / 2}
+                                : ui::Point{form.bounds().left, form.bounds().top};
     form.setBounds({at.x, at.y, at.x + size.width, at.y + size.height});
     form.Load();
 }

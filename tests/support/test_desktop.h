@@ -60,8 +60,8 @@ public:
     bool clipboardLocked = false;
 
     // -- queued work and waiting ------------------------------------------------------------------------------------
-    // Something that happens, one a turn, in the next waits and doEvents: the world's answer to a wait. Between two turns
-    // nothing waits, so that work for idle times is run.
+    // Something that happens, one a turn, in the next waits and doEvents: the world's answer to a wait. Between two
+    // turns nothing waits, so that work for idle times is run.
     void whenPumping(std::function<void()> step) { steps_.push_back(std::move(step)); }
     [[nodiscard]] int pumps() const noexcept { return pumps_; }
     // The message loop is quitting: every wait meets that when it has done what was pending before.
@@ -117,8 +117,8 @@ private:
         std::chrono::milliseconds due;
     };
 
-    // What comes before a form is visible: its size, its place, and Load. A modal form comes in the middle of the screen,
-    // another one where it was last.
+    // What comes before a form is visible: its size, its place, and Load. A modal form comes in the middle of the
+    // screen, another one where it was last.
     void open(ui::Form& form, bool modal);
     // One piece of queued work, else of idle work, else one step; answers whether there was any.
     bool runOne();

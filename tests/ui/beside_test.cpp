@@ -24,17 +24,11 @@ TEST(BesideARow, OnItsRightWhereThereIsRoom) {
     EXPECT_EQ(ui::besideRow({100, 50, 600, 67}, {400, 300}, screen), Place({600, 50}));
 }
 
-TEST(BesideARow, ElseOnItsLeft) {
-    EXPECT_EQ(ui::besideRow({450, 50, 950, 67}, {400, 300}, screen), Place({50, 50}));
-}
+TEST(BesideARow, ElseOnItsLeft) { EXPECT_EQ(ui::besideRow({450, 50, 950, 67}, {400, 300}, screen), Place({50, 50})); }
 
-TEST(BesideARow, ElseBelowIt) {
-    EXPECT_EQ(ui::besideRow({100, 50, 900, 67}, {400, 300}, screen), Place({100, 67}));
-}
+TEST(BesideARow, ElseBelowIt) { EXPECT_EQ(ui::besideRow({100, 50, 900, 67}, {400, 300}, screen), Place({100, 67})); }
 
-TEST(BesideARow, ElseAboveIt) {
-    EXPECT_EQ(ui::besideRow({100, 600, 900, 617}, {400, 300}, screen), Place({100, 300}));
-}
+TEST(BesideARow, ElseAboveIt) { EXPECT_EQ(ui::besideRow({100, 600, 900, 617}, {400, 300}, screen), Place({100, 300})); }
 
 TEST(BesideARow, NowhereWhereNoSideHasRoom) {
     EXPECT_EQ(ui::besideRow({100, 400, 900, 417}, {400, 500}, screen), std::nullopt);
