@@ -44,7 +44,8 @@ std::string ConsoleDesktop::messagesAsJson() const {
 }
 
 ui::Answer ConsoleDesktop::show(const ui::MessageBox& box) {
-    console_.err << file_ << ": " << box.text << '\n';
+    const std::string place = place_ ? place_() : std::string();
+    console_.err << file_ << ": " << (place.empty() ? place : place + ": ") << box.text << '\n';
     messages_.push_back(box);
     return refusal(box.buttons);
 }

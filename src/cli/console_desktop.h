@@ -2,8 +2,10 @@
 // clipboard is a text that the command was given, and there are no windows.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/console.h"
@@ -15,6 +17,9 @@ class ConsoleDesktop : public ui::Desktop {
 public:
     // `file` is what the diagnostics are about, as the user named it.
     ConsoleDesktop(const Console& console, std::string file) : console_(console), file_(std::move(file)) {}
+
+    // Where in the file what is being told lies; empty where that is not known.
+    void setPlace(std::function<std::string()> place) { place_ = std::move(place); }
 
     // What was told, in order. A routine that tells something did not go through.
     [[nodiscard]] const std::vector<ui::MessageBox>& messages() const noexcept { return messages_; }
@@ -53,6 +58,7 @@ private:
 
     const Console& console_;
     std::string file_;
+    std::function<std::string()> place_;
     std::vector<ui::MessageBox> messages_;
     std::optional<std::string> clipboard_;
     NoLoop dispatcher_;

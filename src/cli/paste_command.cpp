@@ -55,11 +55,24 @@ public:
         WindowlessGrid grid(console, shownName(file_, "standard input"), edit->contents);
         grid.desktop().setClipboardText(*text);
         grid.grid().select({row_, *column}, {row_ + rows_ - 1, *column});
-        editing::ClipboardEditing(grid.surroundings(), grid.history()).PasteToCells();
-        return keepEdit(console, file_, *edit, grid);
+        editing::ClipboardEditing clipboard(grid.surroundings(), grid.history());
+        grid.desktop().setPlace([&clipboard] {
+            const auto& refused = clipboard.lastRefusal();
+            return refused ? editing::placeOf(*refused) : std::string();
+        });
+        clipboard.PasteToCells();
+        return keepEdit(console, file_, *edit, grid, asJson(clipboard.lastRefusal()));
     }
 
 private:
+    [[nodiscard]] static std::string asJson(const std::optional<editing::RefusedCell>& refused) {
+        if (!refused) {
+            return {};
+        }
+        return ", \"refused\": {\"channel\": " + std::to_string(refused->row) +
+               ", \"column\": " + std::to_string(refused->column) + "}";
+    }
+
     [[nodiscard]] std::optional<std::string> problemWith(const Console& console,
                                                          std::optional<std::int16_t> column) const {
         if (!column || *column < 1 || *column > editing::lastColumn) {

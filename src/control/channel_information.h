@@ -127,6 +127,11 @@ public:
     // their menu items are disabled, and whatever would change the table while such a command is under way.
     [[nodiscard]] bool commandEnabled(GridCommand command) const noexcept;
     void run(GridCommand command);
+    // What the last paste refused, and how many were refused so far; the box that tells it does not say where.
+    [[nodiscard]] const std::optional<editing::RefusedCell>& lastRefusal() const noexcept {
+        return clipboardEditing_.lastRefusal();
+    }
+    [[nodiscard]] int refusedPastes() const noexcept { return clipboardEditing_.refusals(); }
     // Every channel and every column, headers excluded.
     void selectAll();
 

@@ -8,6 +8,7 @@
 #include "base/checked.h"
 #include "base/text.h"
 #include "editing/cell_storing.h"
+#include "editing/columns.h"
 #include "editing/validators.h"
 
 namespace telvar::editing {
@@ -72,6 +73,13 @@ std::string withUnifiedBreaks(std::string_view text) {
     return base::replacedAll(base::replacedAll(text, "\r\n", "\r"), "\n", "\r");
 }
 
+std::string placeOf(const RefusedCell& cell) {
+    const bool known = cell.column >= 1 && cell.column <= lastColumn;
+    const auto index = static_cast<std::size_t>(cell.column);
+    return "channel " + std::to_string(cell.row) + ", " +
+           (known ? std::string(columns[index].header) : "column " + std::to_string(cell.column));
+}
+
 void ClipboardEditing::CopySelection() {
     trapped(surroundings_, "CopySelection", [&] {
         const auto block = recordExtent();
@@ -82,6 +90,7 @@ void ClipboardEditing::CopySelection() {
 
 bool ClipboardEditing::PasteToCells() {
     bool wrote = false;
+    lastRefusal_.reset();
     trapped(surroundings_, "PasteToCells", [&] {
         // Taken first: every re-rendered row moves the grid's current cell.
         const auto where = target();
@@ -167,6 +176,8 @@ ClipboardEditing::CellOutcome ClipboardEditing::pasteCell(std::string_view text,
     const auto cell = base::trimmed(text);
     const auto error = validateCell(context, column, cell);
     if (!error.empty()) {
+        lastRefusal_ = {.row = row, .column = column};
+        ++refusals_;
         surroundings_.stayOpen();
         surroundings_.desktop.show({.text = "Error during pasting data. " + error + ". Unable to continue."});
         surroundings_.stayOpen();

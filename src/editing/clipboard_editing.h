@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,16 @@ namespace telvar::editing {
 // A clipboard text with a carriage return alone for every line break, whichever it has.
 [[nodiscard]] std::string withUnifiedBreaks(std::string_view text);
 
+// A cell whose text a paste refused.
+struct RefusedCell {
+    std::int16_t row = 0;  // the channel
+    std::int16_t column = 0;
+    bool operator==(const RefusedCell&) const = default;
+};
+
+// For people: "channel 12, Tx Subtone", by the column's heading, or its number where there is no such column.
+[[nodiscard]] std::string placeOf(const RefusedCell& cell);
+
 class ClipboardEditing {
 public:
     ClipboardEditing(const GridSurroundings& surroundings, UndoHistory& history) noexcept
@@ -29,6 +40,11 @@ public:
     // Answers whether it wrote anything.
     bool DeleteSelectedCells();
     void ClearSelection();
+
+    // Where the last paste was refused, known before the box that tells it; nothing while it was not.
+    [[nodiscard]] const std::optional<RefusedCell>& lastRefusal() const noexcept { return lastRefusal_; }
+    // Pastes that were refused so far.
+    [[nodiscard]] int refusals() const noexcept { return refusals_; }
 
     // Rows of the last recorded extent, 0 after ClearSelection.
     [[nodiscard]] int extentRows() const noexcept { return extentRows_; }
@@ -50,6 +66,8 @@ private:
 
     const GridSurroundings& surroundings_;
     UndoHistory& history_;
+    std::optional<RefusedCell> lastRefusal_;
+    int refusals_ = 0;
     int extentRows_ = 0;
 };
 

@@ -148,18 +148,22 @@ TEST_F(Paste, PutsOneLineIntoEverySelectedRow) {
 
 TEST_F(Paste, LeavesTheFileAloneWhenACellIsRefused) {
     EXPECT_EQ(unchanged(1, at("7", "1"), "145.5\t145.5\tnonsense"),
-              path + ": Error during pasting data. Invalid DCS value (not found in the table) TX Subtone. Unable to "
-                     "continue.\n");
+              path + ": channel 7, Tx Subtone: Error during pasting data. Invalid DCS value (not found in the table) "
+                     "TX Subtone. Unable to continue.\n");
+    EXPECT_EQ(unchanged(1, at("7", "1"), "145.5\n145.5\n145.5\tnonsense"),
+              path + ": channel 9, Rx Frequency (MHz): Error during pasting data. Error in validating channel "
+                     "frequency (Type mismatch) RX Freq. Unable to continue.\n");
     EXPECT_EQ(unchanged(1, at("7", "17"), "30"),
-              path + ": Error during pasting data. Invalid Synthesizer Step size value (out of range) TX Synth Step "
-                     "Size. Unable to continue.\n");
+              path + ": channel 7, SynthStepTX: Error during pasting data. Invalid Synthesizer Step size value (out of "
+                     "range) TX Synth Step Size. Unable to continue.\n");
     EXPECT_EQ(unchanged(1, at("7", "26"), "0001\t1"),
-              path + ": Error during pasting data. Unknown Column type. Unable to continue.\n");
+              path + ": channel 7, column 27: Error during pasting data. Unknown Column type. Unable to continue.\n");
     EXPECT_EQ(unchanged(1, at("255", "1"), "145\n146"), path + ": Error in PasteToCells()\n");
     EXPECT_EQ(telvar(at("7", "Scan", {"--json"}), "maybe").out,
               "{\"file\": \"" + path +
-                  "\", \"changed\": false, \"messages\": [{\"text\": \"Error during pasting data. Invalid scan data "
-                  "value Scan. Unable to continue.\", \"title\": \"Tesslin\", \"icon\": \"none\"}]}\n");
+                  "\", \"changed\": false, \"refused\": {\"channel\": 7, \"column\": 6}, \"messages\": [{\"text\": "
+                  "\"Error during pasting data. Invalid scan data value Scan. Unable to continue.\", \"title\": "
+                  "\"Tesslin\", \"icon\": \"none\"}]}\n");
 }
 
 TEST_F(Paste, AnswersInJson) {
@@ -180,8 +184,8 @@ TEST_F(Paste, TakesTheTextFromAFileToo) {
         telvar({"paste", "-", "--row", "7", "--column", "1", "--text", text}, TemporaryFolder::read(path));
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.out, "");
-    EXPECT_EQ(refused.err, "standard input: Error during pasting data. Error in validating channel frequency (Type "
-                           "mismatch) RX Freq. Unable to continue.\n");
+    EXPECT_EQ(refused.err, "standard input: channel 7, Tx Frequency (MHz): Error during pasting data. Error in "
+                           "validating channel frequency (Type mismatch) RX Freq. Unable to continue.\n");
 }
 
 TEST_F(Paste, RefusesArgumentsThatMeanNothing) {

@@ -73,9 +73,8 @@ TEST_F(Program, TellsARefusedEditByItsStatus) {
     const auto pasted =
         shell("printf 145.5,abc | tr , '\\t' | \"$T\" paste --row 2 --column 1 " + quotedPath + " 2>&1");
     EXPECT_EQ(pasted.status, 1);
-    EXPECT_EQ(pasted.out, path +
-                              ": Error during pasting data. Error in validating channel frequency (Type mismatch) RX "
-                              "Freq. Unable to continue.\n");
+    EXPECT_EQ(pasted.out, path + ": channel 2, Rx Frequency (MHz): Error during pasting data. Error in validating "
+                                 "channel frequency (Type mismatch) RX Freq. Unable to continue.\n");
     const auto filled = shell("\"$T\" fill --from 1 --to 2 --start 19 " + quotedPath + " 2>&1");
     EXPECT_EQ(filled.status, 1);
     EXPECT_EQ(filled.out, path + ": Transmit frequency must be between 20 and 1000 MHz or 0 to disable.\n");

@@ -69,9 +69,8 @@ TEST_F(Program, ValidatesPastesAndFillsAsTheGridDoes) {
     TemporaryFolder::write(cells, "145.5\tabc");
     const auto failed = telvar({"paste", path, "--row", "2", "--column", "1", "--text", cells});
     EXPECT_EQ(failed.exitCode, 1U);
-    EXPECT_EQ(failed.output, path +
-                                 ": Error during pasting data. Error in validating channel frequency (Type mismatch) "
-                                 "RX Freq. Unable to continue.\n");
+    EXPECT_EQ(failed.output, path + ": channel 2, Rx Frequency (MHz): Error during pasting data. Error in validating "
+                                    "channel frequency (Type mismatch) RX Freq. Unable to continue.\n");
     EXPECT_EQ(TemporaryFolder::read(path), before);
 }
 
