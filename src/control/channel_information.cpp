@@ -54,6 +54,7 @@ void ChannelInformation::UserControl_Initialize() {
 void ChannelInformation::fillPanel() {
     lblSoftwareChannelSelect.setCaption("Software Channel Select");
     txtChannelSelect.setCaption("Software Channel Select");
+    txtChannelSelect.setTakesEnter(true);
     cmdChannelSelect.setCaption("Select");
     frLockMode.setCaption("Lock Mode");
     ckLockData.setCaption("Lock Data");
@@ -64,6 +65,7 @@ void ChannelInformation::fillPanel() {
              &optLockMode[0], &optLockMode[1], &optLockMode[2], &ckLockData}) {
         panel_.add(*child);
     }
+    panel_.setFocusFallback(&fgdDatabase);
 }
 
 void ChannelInformation::wire() {
@@ -73,7 +75,9 @@ void ChannelInformation::wire() {
     ui::on(fgdDatabase.MouseDown, this, &ChannelInformation::fgdDatabase_MouseDown);
     ui::on(fgdDatabase.Click, this, &ChannelInformation::followRowSoon);
     ui::on(fgdDatabase.DblClick, this, &ChannelInformation::fgdDatabase_DblClick);
-    ui::on(cmdChannelSelect.Click, this, &ChannelInformation::cmdChannelSelect_Click);
+    ui::on(txtChannelSelect.GotFocus, this, &ChannelInformation::txtChannelSelect_GotFocus);
+    ui::on(txtChannelSelect.KeyPress, this, &ChannelInformation::txtChannelSelect_KeyPress);
+    ui::on(cmdChannelSelect.Click, this, &ChannelInformation::cmdChannelSelect_Press);
     for (std::int16_t index = 0; index < static_cast<std::int16_t>(optLockMode.size()); ++index) {
         optLockMode[static_cast<std::size_t>(index)].Click.connect([this, index] { optLockMode_Click(index); });
     }

@@ -160,6 +160,8 @@ public:
     // already keeps what was typed and comes to the front, after the question about other selected channels if there
     // are any.
     void editChannel();
+    // The keyboard goes to the grid, from wherever it is; nothing while no window shows it.
+    void focusGrid();
     // Before the table goes: the user applies or drops the edits in the open form, or wants to stay (False).
     [[nodiscard]] bool leaveEdits();
 
@@ -183,6 +185,9 @@ private:
     void UserControl_Resize();
     void UserControl_Terminate();
     void Timer1_Timer();
+    void txtChannelSelect_GotFocus();
+    void txtChannelSelect_KeyPress(ui::KeyPressEvent& event);
+    void cmdChannelSelect_Press();
     void cmdChannelSelect_Click();
     void optLockMode_Click(std::int16_t Index);
     void fgdDatabase_KeyDown(ui::KeyEvent& event);

@@ -21,6 +21,7 @@ constexpr std::size_t potentiometersOnlyMode = 2;
 
 void ChannelInformation::wireEditForm() {
     frmCE.setGrid(&fgdDatabase);
+    frmCE.setFocusAfter(&fgdDatabase);
     frmCE.setPotentiometersOnly(&optLockMode[potentiometersOnlyMode]);
     // A message box inside may end the control, and the form must not fail for it.
     frmCE.setChangesRefused([this] {

@@ -112,6 +112,28 @@ void ChannelInformation::stepChannel(std::int16_t wrapAt, std::int16_t wrapTo, s
     }
 }
 
+void ChannelInformation::txtChannelSelect_GotFocus() { txtChannelSelect.selectAll(); }
+
+void ChannelInformation::txtChannelSelect_KeyPress(ui::KeyPressEvent& event) {
+    if (event.code == ui::key::enter) {
+        event.code = 0;
+        cmdChannelSelect.userPress();
+    }
+}
+
+// The user's press. It disables the button, which could not keep the focus, and what follows it in tab order is an
+// option that the next arrow key would change: the user goes on in the grid.
+void ChannelInformation::cmdChannelSelect_Press() {
+    focusGrid();
+    cmdChannelSelect_Click();
+}
+
+void ChannelInformation::focusGrid() {
+    if (!closed_ && fgdDatabase.isUsable() && fgdDatabase.isShown()) {
+        fgdDatabase.setFocus();
+    }
+}
+
 void ChannelInformation::cmdChannelSelect_Click() {
     if (selecting_) {
         leaveChannelForLast();

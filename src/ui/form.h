@@ -30,10 +30,15 @@ public:
         Resize();
     }
 
+    // Who gets the focus when the child that has it can no longer have it; null for the next one in tab order.
+    void setFocusFallback(Widget* child) noexcept { focusFallback_ = child; }
+    [[nodiscard]] Widget* focusFallback() const noexcept { return focusFallback_; }
+
     base::Event<> Resize;
 
 private:
     std::vector<Widget*> children_;
+    Widget* focusFallback_ = nullptr;
     Size size_;
     int dpi_ = standardDpi;
 };
@@ -74,6 +79,11 @@ public:
         Form& form_;
     };
 
+    // Who gets the focus when the form is hidden while it has it; null for who had it before. Must outlive the form's
+    // use.
+    void setFocusAfter(Widget* widget) noexcept { focusAfter_ = widget; }
+    [[nodiscard]] Widget* focusAfter() const noexcept { return focusAfter_; }
+
     // By the desktop, each time before the form becomes visible: its size and dots per inch are set, and its bounds to
     // the middle of its owner's window. A handler may set other bounds.
     base::Event<> Load;
@@ -84,6 +94,7 @@ private:
     Desktop* desktop_ = nullptr;
     Layout layout_;
     base::Connection resized_;
+    Widget* focusAfter_ = nullptr;
     int fitHeld_ = 0;
     bool fitAsked_ = false;
 };

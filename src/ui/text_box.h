@@ -42,6 +42,10 @@ public:
     [[nodiscard]] bool readOnly() const noexcept { return readOnly_; }
     void setReadOnly(bool readOnly) { change(readOnly_, readOnly, Aspect::Enabled); }
 
+    // Whether Enter is meant for this box, as a KeyPress, and not for its form or host.
+    [[nodiscard]] bool takesEnter() const noexcept { return takesEnter_; }
+    void setTakesEnter(bool takesEnter) noexcept { takesEnter_ = takesEnter; }
+
     // By the peer: the user typed, so the peer shows the text already.
     void userTyped(std::string text) {
         if (std::exchange(text_, std::move(text)) != text_) {
@@ -69,6 +73,7 @@ private:
     int selLength_ = 0;
     int width_ = usualWidth;
     bool readOnly_ = false;
+    bool takesEnter_ = false;
 };
 
 }  // namespace telvar::ui

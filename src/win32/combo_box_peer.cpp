@@ -32,6 +32,9 @@ public:
         if (isTyped() && isTextKey(event)) {
             return true;
         }
+        if (event.code == VK_F4 && (event.shift & ui::shift::alt) == 0) {
+            return true;  // drops the list down
+        }
         const bool moves = event.code >= ui::key::pageUp && event.code <= ui::key::down;
         const bool types = event.code >= '0' && event.code <= 'Z' && (event.shift & ui::shift::control) == 0;
         const bool closes = (event.code == ui::key::enter || event.code == ui::key::escape) &&

@@ -95,6 +95,7 @@ private:
     // To the tab stop nearest to a position, looking in that direction; else to the window.
     void focusNear(std::size_t position, int step) const noexcept;
     void focusInside();
+    [[nodiscard]] PeerPointer focusFallback() const noexcept;
     void queueFocus(const PeerPointer& peer, Move move);
     static void tell(ui::Widget& widget, Move move);
     void settleWhenFree();

@@ -83,10 +83,22 @@ void ContainerWindow::giveFocus(Peer& peer) noexcept {
     }
 }
 
+ContainerWindow::PeerPointer ContainerWindow::focusFallback() const noexcept {
+    const ui::Widget* const widget = container_ != nullptr ? container_->focusFallback() : nullptr;
+    const auto found =
+        std::ranges::find_if(peers_, [widget](const PeerPointer& peer) { return peer->widget() == widget; });
+    return widget != nullptr && found != peers_.end() ? *found : nullptr;
+}
+
 void ContainerWindow::passFocusOn(Peer& peer) noexcept {
     const HWND focus = GetFocus();
-    const bool here = focus != nullptr && (focus == peer.window() || IsChild(peer.window(), focus) != FALSE);
-    if (here && !moveFocus(peer, false, true)) {
+    if (focus == nullptr || (focus != peer.window() && IsChild(peer.window(), focus) == FALSE)) {
+        return;
+    }
+    const PeerPointer fallback = focusFallback();
+    if (fallback && fallback.get() != &peer && canFocus(*fallback)) {
+        SetFocus(fallback->window());
+    } else if (!moveFocus(peer, false, true)) {
         SetFocus(handle());
     }
 }

@@ -34,7 +34,9 @@ bool EmbeddedWindow::translateAccelerator(const MSG& message) {
     case WM_SYSKEYDOWN:
         return keyDown(message, peer);
     case WM_CHAR:
-        if (message.wParam == VK_TAB || message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) {
+        // As the keys that they come of.
+        if (message.wParam == VK_TAB || message.wParam == VK_ESCAPE ||
+            (message.wParam == VK_RETURN && !peer->takesKey({.code = ui::key::enter}))) {
             return false;
         }
         DispatchMessageW(&message);

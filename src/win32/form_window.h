@@ -32,7 +32,7 @@ public:
     // Visible, in front, with the focus. Those windows take no input from now until it closes.
     void appear(const std::vector<HWND>& disabled);
     void bringToFront() noexcept;
-    // The owner is active again and has the focus where it was.
+    // The owner is active again and has the focus where the form wants it, or where it was.
     void close() noexcept;
 
     // Takes over a key that the thread's message queue has just given out: what is left in `message` brings it back
@@ -80,6 +80,7 @@ private:
     // ---- keys (form_window_keys.cpp)
     void deliver(WPARAM number);
     bool translate(const MSG& message);
+    bool usedByHost(MSG& message);
     bool navigate(int code, const PeerPointer& focused);
     bool tab(const PeerPointer& focused, bool back);
     bool typed(wchar_t character, const PeerPointer& focused);

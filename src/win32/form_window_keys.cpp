@@ -21,9 +21,9 @@ void FormWindow::deliver(WPARAM number) {
     if (taken_.empty()) {
         return;
     }
-    const MSG message = taken_.front().message;
+    MSG message = taken_.front().message;
     taken_.pop_front();
-    if (!translate(message)) {
+    if (!translate(message) && !usedByHost(message)) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -43,6 +43,25 @@ bool FormWindow::translate(const MSG& message) {
     default:
         return false;
     }
+}
+
+// Beside the table that it edits the form is a part of the host's program: what no field uses, and no character can
+// come of, works as it does in the host's window.
+bool FormWindow::usedByHost(MSG& message) {
+    if (isModal() || message.message != WM_KEYDOWN || handle() == nullptr) {
+        return false;
+    }
+    const ui::KeyEvent event{.code = static_cast<int>(message.wParam), .shift = shiftState()};
+    const bool function = event.code >= VK_F1 && event.code <= VK_F24 && (event.shift & ui::shift::alt) == 0;
+    // With Alt as well it is AltGr, which types.
+    const bool shortcut = (event.shift & ui::shift::control) != 0 && (event.shift & ui::shift::alt) == 0;
+    const PeerPointer focused = peerOf(message.hwnd);
+    if ((!function && !shortcut) || (focused && focused->takesKey(event))) {
+        return false;
+    }
+    const auto alive = shared_from_this();
+    settleFocus();
+    return handle() != nullptr && desktop().offerToHost(message);
 }
 
 bool FormWindow::navigate(int code, const PeerPointer& focused) {

@@ -14,7 +14,10 @@ class TextBoxPeer final : public ControlPeer {
 public:
     TextBoxPeer(ui::TextBox& box, PeerHost& host) noexcept : ControlPeer(box, host) {}
 
-    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override { return isTextKey(event); }
+    [[nodiscard]] bool takesKey(const ui::KeyEvent& event) const noexcept override {
+        const bool enter = event.code == ui::key::enter && event.shift == ui::shift::none;
+        return enter ? takesEnter() : isTextKey(event);
+    }
     [[nodiscard]] bool takesCharacters() const noexcept override { return true; }
 
     void accessKey() override {
@@ -57,6 +60,10 @@ protected:
 
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         const LRESULT result = ControlPeer::message(message, wParam, lParam);
+        // Else a dialog's loop presses the host's button.
+        if (message == WM_GETDLGCODE && wParam == VK_RETURN && takesEnter()) {
+            return result | DLGC_WANTMESSAGE;
+        }
         // The control does not tell when the user moves the selection.
         if (message == WM_KEYDOWN || message == WM_LBUTTONUP) {
             readSelection();
@@ -66,6 +73,7 @@ protected:
 
 private:
     [[nodiscard]] ui::TextBox* box() const noexcept { return static_cast<ui::TextBox*>(widget()); }
+    [[nodiscard]] bool takesEnter() const noexcept { return box() != nullptr && box()->takesEnter(); }
 
     void readSelection() const noexcept {
         DWORD start = 0;

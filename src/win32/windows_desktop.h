@@ -31,6 +31,8 @@ public:
         // Called before every message of a form, every tick and every piece of queued work; what it answers is released
         // afterwards. Lets the owner of the forms live to the end of what its last user let go of it in.
         std::function<std::shared_ptr<void>()> holder;
+        // A key that a modeless form has no use for: whether the host used it.
+        std::function<bool(MSG& key)> hostKey;
     };
 
     WindowsDesktop();
@@ -68,6 +70,11 @@ public:
     // Answers a window's WM_SETCURSOR; False leaves the pointer to the window.
     [[nodiscard]] bool showPointer() const noexcept;
     void widgetShown(const ui::Widget& widget, HWND window) { windows_[&widget] = window; }
+    // Null for a widget that no window shows.
+    [[nodiscard]] HWND windowOf(const ui::Widget& widget) const noexcept {
+        const auto found = windows_.find(&widget);
+        return found != windows_.end() ? found->second : nullptr;
+    }
     void windowGone(HWND window) noexcept {
         std::erase_if(windows_, [window](const auto& entry) { return entry.second == window; });
     }
@@ -76,6 +83,10 @@ public:
     [[nodiscard]] const ControlsContext& controls() const noexcept { return controls_; }
     [[nodiscard]] std::shared_ptr<void> holdOwner() const { return site_.holder ? site_.holder() : nullptr; }
     void formGone(const FormWindow& window) noexcept;
+    [[nodiscard]] bool offerToHost(MSG& key) const {
+        const auto hostKey = site_.hostKey;
+        return hostKey && hostKey(key);
+    }
 
 private:
     // ---- forms (windows_desktop_forms.cpp)
@@ -84,7 +95,7 @@ private:
     // The site's window, or all of the thread's without a site, and our forms: what takes no input while something else
     // is modal.
     [[nodiscard]] std::vector<HWND> othersThan(HWND window) const;
-    [[nodiscard]] std::shared_ptr<FormWindow> windowOf(const ui::Form& form) const noexcept;
+    [[nodiscard]] std::shared_ptr<FormWindow> formWindowOf(const ui::Form& form) const noexcept;
     [[nodiscard]] std::shared_ptr<FormWindow> openWindow(const std::shared_ptr<FormWindow>& window, HWND owner);
 
     Site site_;

@@ -21,7 +21,7 @@ BOOL CALLBACK addVisible(HWND window, LPARAM windows) noexcept {
 
 }  // namespace
 
-std::shared_ptr<FormWindow> WindowsDesktop::windowOf(const ui::Form& form) const noexcept {
+std::shared_ptr<FormWindow> WindowsDesktop::formWindowOf(const ui::Form& form) const noexcept {
     const auto found = std::ranges::find_if(forms_, [&form](const auto& window) { return window->form() == &form; });
     return found != forms_.end() ? *found : nullptr;
 }
@@ -77,7 +77,7 @@ std::shared_ptr<FormWindow> WindowsDesktop::openWindow(const std::shared_ptr<For
 }
 
 void WindowsDesktop::showModal(ui::Form& form) {
-    if (windowOf(form)) {
+    if (formWindowOf(form)) {
         throw base::Failure("The form is open already");
     }
     const auto window = openWindow(std::make_shared<FormWindow>(*this, form, FormWindow::Kind::Modal), ownerOfNext());
@@ -94,7 +94,7 @@ void WindowsDesktop::showModal(ui::Form& form) {
 }
 
 void WindowsDesktop::showModeless(ui::Form& form) {
-    if (const auto open = windowOf(form)) {
+    if (const auto open = formWindowOf(form)) {
         open->bringToFront();
         return;
     }
@@ -106,11 +106,11 @@ void WindowsDesktop::showModeless(ui::Form& form) {
 }
 
 void WindowsDesktop::hide(ui::Form& form) {
-    if (const auto window = windowOf(form)) {
+    if (const auto window = formWindowOf(form)) {
         window->close();
     }
 }
 
-bool WindowsDesktop::isOpen(const ui::Form& form) const { return windowOf(form) != nullptr; }
+bool WindowsDesktop::isOpen(const ui::Form& form) const { return formWindowOf(form) != nullptr; }
 
 }  // namespace telvar::win32

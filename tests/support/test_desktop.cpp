@@ -67,6 +67,12 @@ void TestDesktop::close(ui::Form& form) {
     hide(form);
 }
 
+void TestDesktop::hide(ui::Form& form) {
+    if (shown_.erase(&form) != 0 && form.focusAfter() != nullptr) {
+        form.focusAfter()->setFocus();
+    }
+}
+
 void TestDesktop::showModeless(ui::Form& form) { open(form, false); }
 
 void TestDesktop::showModal(ui::Form& form) {

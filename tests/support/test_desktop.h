@@ -78,7 +78,7 @@ public:
     ui::Answer show(const ui::MessageBox& box) override;
     void showModal(ui::Form& form) override;
     void showModeless(ui::Form& form) override;
-    void hide(ui::Form& form) override { shown_.erase(&form); }
+    void hide(ui::Form& form) override;
     [[nodiscard]] bool isOpen(const ui::Form& form) const override { return shown_.contains(&form); }
     void popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) override;
     void setPointer(ui::Pointer pointer) override {

@@ -91,4 +91,24 @@ HRESULT ChannelInformationObject::EditChannel() noexcept {
     return method([&] { control_.editChannel(); });
 }
 
+HRESULT ChannelInformationObject::FocusGrid() noexcept {
+    return call([&] { control_.focusGrid(); });
+}
+
+HRESULT ChannelInformationObject::get_RefusedRow(LONG* row) noexcept {
+    return call([&] { deref(row) = control_.lastRefusal().value_or(editing::RefusedCell{}).row; });
+}
+
+HRESULT ChannelInformationObject::get_RefusedColumn(LONG* column) noexcept {
+    return call([&] { deref(column) = control_.lastRefusal().value_or(editing::RefusedCell{}).column; });
+}
+
+HRESULT ChannelInformationObject::get_RefusedPastes(LONG* count) noexcept {
+    return call([&] { deref(count) = control_.refusedPastes(); });
+}
+
+HRESULT ChannelInformationObject::get_DataLocked(VARIANT_BOOL* locked) noexcept {
+    return call([&] { deref(locked) = truth(control_.ckLockData.value() != 0); });
+}
+
 }  // namespace telvar::com

@@ -66,7 +66,8 @@ void ChannelInformationObject::referenceLost(ULONG left) noexcept {
 win32::WindowsDesktop::Site ChannelInformationObject::desktopSite() {
     return {.owner = [this] { return site_.ownerWindow(); },
             .enableModeless = [this](bool enable) { inPlace_.enableModeless(enable); },
-            .holder = [this] { return hold(); }};
+            .holder = [this] { return hold(); },
+            .hostKey = [this](MSG& key) { return site_.translate(key); }};
 }
 
 std::shared_ptr<void> ChannelInformationObject::hold() { return std::make_shared<Held>(*this); }

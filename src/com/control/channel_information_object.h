@@ -115,6 +115,11 @@ public:
     STDMETHODIMP get_Redraw(VARIANT_BOOL* redraw) noexcept override;
     STDMETHODIMP LeaveEdits(VARIANT_BOOL* left) noexcept override;
     STDMETHODIMP EditChannel() noexcept override;
+    STDMETHODIMP FocusGrid() noexcept override;
+    STDMETHODIMP get_RefusedRow(LONG* row) noexcept override;
+    STDMETHODIMP get_RefusedColumn(LONG* column) noexcept override;
+    STDMETHODIMP get_RefusedPastes(LONG* count) noexcept override;
+    STDMETHODIMP get_DataLocked(VARIANT_BOOL* locked) noexcept override;
 
     // ---- IOleObject, see channel_information_embedding.cpp
     STDMETHODIMP SetClientSite(IOleClientSite* site) noexcept override;
