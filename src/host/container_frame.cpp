@@ -83,7 +83,11 @@ STDMETHODIMP ContainerFrame::TranslateAccelerator(LPMSG message, WORD) noexcept 
     if (owner_ == nullptr || message == nullptr) {
         return S_FALSE;
     }
-    return ::TranslateAcceleratorW(owner_->siteWindow(), owner_->accelerators(), message) != 0 ? S_OK : S_FALSE;
+    // The control also hands on what its modeless forms, windows of their own, have no use for.
+    const HWND window = owner_->siteWindow();
+    const bool own = message->hwnd == window || IsChild(window, message->hwnd) != FALSE;
+    const HACCEL table = own ? owner_->accelerators() : owner_->formAccelerators();
+    return ::TranslateAcceleratorW(window, table, message) != 0 ? S_OK : S_FALSE;
 }
 
 STDMETHODIMP ContainerFrame::ParseDisplayName(IBindCtx*, LPOLESTR, ULONG*, IMoniker** moniker) noexcept {

@@ -117,6 +117,12 @@ private:
     void showEditMenu(HMENU menu);
     void showTable();
     void showTableName();
+    void showRefusal(IChannelGrid& grid);
+    void focusTable();
+    // "Lock Data" is ticked: the control refuses every change, and tells the user.
+    [[nodiscard]] bool dataLocked() const;
+    // The control shows what the level in force and the radio of the present table allow.
+    bool followRadio();
     void callControl(ControlMethod method);
     void editChannel();
     void goToChannel();
@@ -161,6 +167,7 @@ private:
     [[nodiscard]] HWND siteWindow() const override { return window_; }
     [[nodiscard]] RECT sitePlace() const override;
     [[nodiscard]] HACCEL accelerators() const override { return accelerators_; }
+    [[nodiscard]] HACCEL formAccelerators() const override { return formAccelerators_; }
     void showStatus(const std::wstring& text) override;
     void enableWindow(bool enabled) override;
 
@@ -190,6 +197,7 @@ private:
     Printing printing_;
     HWND window_ = nullptr;
     HACCEL accelerators_ = nullptr;
+    HACCEL formAccelerators_ = nullptr;
     StatusBar statusBar_;
     std::optional<Document> document_;
     com::ComPointer<_ChannelInformation> channels_;
@@ -200,6 +208,8 @@ private:
     HWND focused_ = nullptr;
     std::wstring caption_;
     std::optional<long> shownRevision_;
+    long refusedPastes_ = 0;       // as they were last counted
+    std::wstring refusalMessage_;  // of the last paste, while it was refused
     std::optional<LoginReason> loginReason_;
     // A script that asks gets the preview.
     PrintWish printWish_ = PrintWish::Preview;
@@ -211,6 +221,7 @@ private:
     bool preparing_ = false;  // the control checks, asks or waits before an exchange
     bool cancelWanted_ = false;
     bool loaded_ = false;                        // and not yet shown
+    bool channelSelected_ = false;               // on the radio, and not yet shown
     std::optional<std::wstring> restoreWanted_;  // and not yet begun
     bool loadRestored_ = false;                  // once the radio holds what is being restored
     bool closeWanted_ = false;

@@ -64,16 +64,21 @@ void MainWindow::logOut() { (void)enterLevel(AccessLevel::View); }
 bool MainWindow::enterLevel(AccessLevel level) {
     access_.enter(level);
     showTableName();
-    return attempt([this] {
-        const ControlCall call(*this);
-        applyAccess();
-    });
+    return followRadio();
 }
 
 void MainWindow::applyAccess() {
     statusBar_.setLevel(nameOf(access_.level()));
     auto level = static_cast<short>(access_.level());
     com::checkCall(channels_->UpdateAccess(&level));
+}
+
+// Which columns a level shows depends on the radio's boards.
+bool MainWindow::followRadio() {
+    return attempt([this] {
+        const ControlCall call(*this);
+        applyAccess();
+    });
 }
 
 void MainWindow::setPasswords() {

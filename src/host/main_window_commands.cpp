@@ -38,10 +38,14 @@ void MainWindow::run(int command) {
         openTable();
         break;
     case COMMAND_SAVE:
-        save();
+        if (mayLeaveEdits()) {
+            save();
+        }
         break;
     case COMMAND_SAVE_AS:
-        saveAs();
+        if (mayLeaveEdits()) {
+            saveAs();
+        }
         break;
     case COMMAND_REFRESH:
         refreshTable();
@@ -50,7 +54,7 @@ void MainWindow::run(int command) {
         toggleStatusBar();
         break;
     case COMMAND_FOCUS_TABLE:
-        control_->takeFocus();
+        focusTable();
         break;
     case COMMAND_FILL_DOWN:
         callControl(&_ChannelInformation::ChannelFillDown);
@@ -159,6 +163,19 @@ bool MainWindow::saveAs() {
     return true;
 }
 
+// Wherever in the control, or in its edit form, the keyboard is.
+void MainWindow::focusTable() {
+    if (const auto grid = com::ComPointer<IChannelGrid>::from(channels_)) {
+        grid->FocusGrid();
+    }
+}
+
+bool MainWindow::dataLocked() const {
+    const auto grid = com::ComPointer<IChannelGrid>::from(channels_);
+    VARIANT_BOOL locked = VARIANT_FALSE;
+    return grid && SUCCEEDED(grid->get_DataLocked(&locked)) && locked != VARIANT_FALSE;
+}
+
 // Edits on the control's form belong to the table that is open now, and applied they are changes of it.
 bool MainWindow::mayLeaveEdits() {
     const auto grid = com::ComPointer<IChannelGrid>::from(channels_);
@@ -210,6 +227,7 @@ void MainWindow::refreshTable() {
         const ControlCall call(*this);
         com::checkCall(channels_->UpdateControlsFromMemory());
     });
+    followRadio();
     statusBar_.endProgress();
     refreshState();
 }
@@ -259,7 +277,7 @@ void MainWindow::goToChannel() {
         grid->Select(*channel, 1, *channel, columns - 1);
         // An open edit form follows moves of the user's by itself, but this one is the program's.
         callControl(&_ChannelInformation::RefreshEditForm);
-        control_->takeFocus();
+        focusTable();
     }
 }
 

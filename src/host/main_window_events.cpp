@@ -1,4 +1,7 @@
 // What the control tells the program, and what the program shows of the store's state.
+#include <string>
+
+#include "com/kit/bstr.h"
 #include "com/kit/failure.h"
 #include "host/main_window.h"
 #include "host/main_window_scopes.h"
@@ -29,8 +32,33 @@ void MainWindow::refreshState() {
         const bool modified = document_->modified();
         statusBar_.setModified(modified);
         showTitle(modified);
+        if (const auto grid = com::ComPointer<IChannelGrid>::from(channels_)) {
+            showRefusal(*grid);
+        }
     } catch (const com::ComFailure&) {
         // A store that does not answer leaves what was shown last; whoever needs its answer reports the failure.
+    }
+}
+
+// The control's box does not say where. Known while the box is open.
+void MainWindow::showRefusal(IChannelGrid& grid) {
+    long pastes = 0;
+    long row = 0;
+    long column = 0;
+    com::check(grid.get_RefusedPastes(&pastes));
+    com::check(grid.get_RefusedRow(&row));
+    com::check(grid.get_RefusedColumn(&column));
+    if (pastes != refusedPastes_) {
+        refusedPastes_ = pastes;
+        com::Bstr heading;
+        const bool known = SUCCEEDED(grid.get_Header(column, heading.put()));
+        refusalMessage_ = L"Paste refused at channel " + std::to_wstring(row) + L", " +
+                          (known ? std::wstring(heading.view()) : L"column " + std::to_wstring(column));
+        showStatus(refusalMessage_);
+    } else if (row == 0 && statusBar_.message() == refusalMessage_ && !refusalMessage_.empty()) {
+        // A paste has gone through since.
+        refusalMessage_.clear();
+        showTableName();
     }
 }
 
@@ -68,11 +96,7 @@ void MainWindow::NewWindowCaption(const std::wstring& caption) {
     refreshState();
 }
 
-void MainWindow::EditWindowClosed() {
-    if (control_) {
-        control_->takeFocus();
-    }
-}
+void MainWindow::EditWindowClosed() { focusTable(); }
 
 // The control also refreshes itself, after a load for instance.
 void MainWindow::IncrementProgressBar() {

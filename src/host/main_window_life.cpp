@@ -1,5 +1,7 @@
 // How the program starts and ends: the window, the three components and how they are joined.
+#include <algorithm>
 #include <array>
+#include <vector>
 
 #include "com/kit/failure.h"
 #include "com/kit/text.h"
@@ -22,6 +24,20 @@ constexpr int firstHeight = 680;
 constexpr UINT stateInterval = 250;
 // From one question how the radio is to the next, in milliseconds.
 constexpr UINT pollInterval = 1000;
+
+// From the control's edit form the program's commands are reached as from its window, but for those that act on the
+// grid's selection: whoever types in a form does not look there.
+constexpr std::array commandsOfForms{COMMAND_NEW,   COMMAND_OPEN,   COMMAND_SAVE,    COMMAND_SAVE_AS,    COMMAND_PRINT,
+                                     COMMAND_GO_TO, COMMAND_LOG_IN, COMMAND_REFRESH, COMMAND_FOCUS_TABLE};
+
+HACCEL acceleratorsOfForms(HACCEL all) {
+    std::vector<ACCEL> table(static_cast<std::size_t>(CopyAcceleratorTableW(all, nullptr, 0)));
+    CopyAcceleratorTableW(all, table.data(), static_cast<int>(table.size()));
+    std::erase_if(table, [](const ACCEL& key) {
+        return std::ranges::find(commandsOfForms, static_cast<int>(key.cmd)) == commandsOfForms.end();
+    });
+    return CreateAcceleratorTableW(table.data(), static_cast<int>(table.size()));
+}
 
 ATOM registerClass(WNDPROC procedure) {
     WNDCLASSEXW description{};
@@ -69,8 +85,10 @@ MainWindow::~MainWindow() {
     if (window_ != nullptr) {
         DestroyWindow(window_);
     }
-    if (accelerators_ != nullptr) {
-        DestroyAcceleratorTable(accelerators_);
+    for (const HACCEL table : {accelerators_, formAccelerators_}) {
+        if (table != nullptr) {
+            DestroyAcceleratorTable(table);
+        }
     }
 }
 
@@ -88,6 +106,7 @@ void MainWindow::open(const std::wstring& file) {
 void MainWindow::createWindow() {
     static const ATOM windowClass = registerClass(procedure);
     accelerators_ = LoadAcceleratorsW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(RESOURCE_MAIN));
+    formAccelerators_ = acceleratorsOfForms(accelerators_);
     const std::optional<Placement> remembered = loadPlacement(settings_);
     const RECT place = remembered ? remembered->rectangle : firstPlace();
     placedMaximised_ = remembered && remembered->maximised;

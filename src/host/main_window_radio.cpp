@@ -16,6 +16,7 @@ namespace telvar::host {
 namespace {
 
 // Codes of exchanges, as the link tells them.
+constexpr long selectionTask = 11;
 constexpr long loadTask = 22;
 constexpr long restoreTask = 31;
 constexpr long levelsTask = 33;
@@ -57,9 +58,10 @@ bool MainWindow::runForRadio(int command) {
 
 void MainWindow::sendToRadio() { exchange(&_ChannelInformation::SendChannelInfoToTelvar, L"Sending to the radio"); }
 
-// What arrives takes the place of the open table, as another file would.
+// What arrives takes the place of the open table, as another file would. A locked one the control refuses, so that
+// nothing needs to be asked first.
 void MainWindow::loadFromRadio() {
-    if (mayDiscard()) {
+    if (dataLocked() || mayDiscard()) {
         exchange(&_ChannelInformation::LoadChannelInfoFromTelvar, L"Loading from the radio");
     }
 }
@@ -143,6 +145,7 @@ void MainWindow::exchangeEnded(long task, bool succeeded, const std::wstring& me
         releaseCommands();
     }
     loaded_ = loaded_ || (succeeded && task == loadTask);
+    channelSelected_ = channelSelected_ || (succeeded && task == selectionTask);
     loadRestored_ = loadRestored_ && succeeded && task == restoreTask;
     // Levels are sent again and again while a slider moves.
     if (!succeeded && task != levelsTask && !message.empty()) {
@@ -160,6 +163,11 @@ void MainWindow::answerExchange() {
     if (std::exchange(loaded_, false)) {
         refreshTable();
     }
+    if (std::exchange(channelSelected_, false)) {
+        callControl(&_ChannelInformation::UpdateChannelSelection);
+        // An open edit form follows moves of the user's by itself, but this one is the program's.
+        callControl(&_ChannelInformation::RefreshEditForm);
+    }
     if (const std::wstring sentence = std::exchange(failedExchange_, {}); !sentence.empty()) {
         tell(sentence);
     }
@@ -168,7 +176,7 @@ void MainWindow::answerExchange() {
         PostMessageW(window_, WM_CLOSE, 0, 0);
     }
     // What was done here since the restore began would be overwritten unseen.
-    if (std::exchange(loadRestored_, false) && mayDiscard()) {
+    if (std::exchange(loadRestored_, false) && (dataLocked() || mayDiscard())) {
         exchange(&_ChannelInformation::LoadChannelInfoFromTelvar, L"Loading from the radio");
     }
 }
@@ -191,6 +199,7 @@ void MainWindow::chooseConnection() {
         radio_.setTraceFile(choice.trace);
     });
     if (taken) {
+        followRadio();
         const std::wstring address = radio_.connection();
         showStatus(L"The radio is now at " + address + L".");
         if (!settings_.setText(connectionSetting, address)) {

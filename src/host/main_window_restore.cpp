@@ -9,6 +9,13 @@
 
 namespace telvar::host {
 
+namespace {
+
+constexpr wchar_t lockedSentence[] =
+    L"Data is locked, so the restored table could not be shown here. Clear 'Lock Data', or restore without showing it.";
+
+}  // namespace
+
 void MainWindow::restoreBackup() {
     std::optional<RestoreChoice> choice;
     const bool asked = attempt([&] {
@@ -16,6 +23,10 @@ void MainWindow::restoreBackup() {
         const std::wstring folder = radio_.backupFolder();
         const std::vector<Backup> backups = backupsIn(folder);
         choice = askBackup(window_, backups, folder);
+        if (choice && choice->load && dataLocked()) {
+            tell(lockedSentence);
+            choice.reset();
+        }
         if (choice && !askRestore(window_, choice->backup)) {
             choice.reset();
         }

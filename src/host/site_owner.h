@@ -20,6 +20,8 @@ public:
     // Where the control lies, in pixels of that window.
     [[nodiscard]] virtual RECT sitePlace() const = 0;
     [[nodiscard]] virtual HACCEL accelerators() const = 0;
+    // Those that hold while a form of the control's has the keyboard.
+    [[nodiscard]] virtual HACCEL formAccelerators() const { return nullptr; }
     virtual void showStatus(const std::wstring& text) = 0;
     // False while the control shows something modal.
     virtual void enableWindow(bool enabled) = 0;

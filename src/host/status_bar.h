@@ -23,6 +23,7 @@ public:
     void setVisible(bool visible);
 
     void setMessage(const std::wstring& text);
+    [[nodiscard]] const std::wstring& message() const noexcept { return message_; }
     void setLevel(const std::wstring& text) { setText(2, text); }
     void setChannels(const std::wstring& text) { setText(3, text); }
     // What is known of the radio in two words, and as a sentence for the mouse that rests on it. A progress bar covers

@@ -16,11 +16,13 @@
 
 #include "Tesslin.h"
 #include "VexloDataStore.h"
+#include "VexloRadioLink.h"
 #include "com/kit/bstr.h"
 #include "com/kit/failure.h"
 #include "com/kit/pointer.h"
 #include "host/keyboard.h"
 #include "installed_servers.h"
+#include "support/windows/edit_form_driver.h"
 
 // No header of the compiler declares them.
 extern "C" {
@@ -243,6 +245,51 @@ TEST_P(ForeignKeys, CopyAndPaste) {
     press({VK_DOWN});
     press({VK_CONTROL, 'V'});
     EXPECT_TRUE(pumpUntil([this] { return cell(2, 1) == L"446.006250"; })) << testing::PrintToString(cell(2, 1));
+}
+
+TEST_P(ForeignKeys, EnterInTheChannelBoxPressesSelectAndNoButtonOfTheHost) {
+    ComPointer<IRadioLink> link;
+    com::check(
+        CoCreateInstance(__uuidof(RadioLink), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IRadioLink), link.putVoid()));
+    com::check(link->putref_DataStore(store.get()));
+    com::check(control->putref_plibRadioComms(link.get()));
+    const HWND box = FindWindowExW(GetParent(gridWindow), nullptr, L"Edit", nullptr);
+    ASSERT_NE(box, nullptr);
+    SetFocus(box);
+    SetWindowTextW(box, L"12");
+    press({VK_RETURN});
+    const auto selected = [this] {
+        short channel = 0;
+        com::check(store->get_SelectedChannel(&channel));
+        return channel;
+    };
+    EXPECT_TRUE(pumpUntil([&] { return selected() == 12; })) << selected();
+    EXPECT_EQ(GetFocus(), gridWindow);
+    EXPECT_EQ(commands, std::vector<int>{});
+    com::check(control->putref_plibRadioComms(nullptr));
+    com::check(link->putref_DataStore(nullptr));
+}
+
+// The host's site has no answer to a key, so each goes on to the field.
+TEST_P(ForeignKeys, OfTheEditFormStayThere) {
+    com::check(grid->EditChannel());
+    pump();
+    ASSERT_NE(EditFormDriver::form(), nullptr);
+    const HWND field = EditFormDriver::frequencyField();
+    SetForegroundWindow(EditFormDriver::form());
+    SetFocus(field);
+    pump();
+    host::press({VK_F5});
+    host::press({VK_CONTROL, 'S'});
+    host::press({VK_CONTROL, 'A'});
+    host::press({'1'});
+    host::press({'4'});
+    EXPECT_TRUE(pumpUntil([&] { return EditFormDriver::textOf(field) == "14"; })) << EditFormDriver::textOf(field);
+    EXPECT_EQ(GetFocus(), field);
+    EXPECT_EQ(commands, std::vector<int>{});
+    host::press({VK_ESCAPE});
+    EXPECT_TRUE(pumpUntil([] { return EditFormDriver::form() == nullptr; }));
+    EXPECT_TRUE(pumpUntil([this] { return GetFocus() == gridWindow; }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Loops, ForeignKeys, testing::Values(Loop::Good, Loop::Dialog, Loop::Plain), nameOfLoop);

@@ -50,23 +50,29 @@ struct RadioCommands : Program {
         com::check(program->document().store()->get_CommsBusy(&busy));
         return busy != VARIANT_FALSE;
     }
-    // The control's own button for the radio, which it disables during an exchange.
-    [[nodiscard]] bool selectButtonEnabled() {
-        HWND button = nullptr;
+    // A button or box of the control by its caption.
+    [[nodiscard]] HWND buttonNamed(const std::wstring& caption) {
+        struct Search {
+            const std::wstring& caption;
+            HWND found = nullptr;
+        } search{caption};
         EnumChildWindows(
             program->window(),
-            [](HWND child, LPARAM found) -> BOOL {
+            [](HWND child, LPARAM wanted) -> BOOL {
+                auto& it = *reinterpret_cast<Search*>(wanted);
                 std::wstring text(32, L'\0');
                 text.resize(static_cast<std::size_t>(GetWindowTextW(child, text.data(), 32)));
-                if (text == L"Select" || text == L"&Select") {
-                    *reinterpret_cast<HWND*>(found) = child;
-                }
+                std::erase(text, L'&');
+                it.found = text == it.caption ? child : it.found;
                 return TRUE;
             },
-            reinterpret_cast<LPARAM>(&button));
-        EXPECT_NE(button, nullptr);
-        return IsWindowEnabled(button) != FALSE;
+            reinterpret_cast<LPARAM>(&search));
+        EXPECT_NE(search.found, nullptr) << com::narrow(caption);
+        return search.found;
     }
+    [[nodiscard]] HWND lockDataBox() { return buttonNamed(L"Lock Data"); }
+    // The control's own button for the radio, which it disables during an exchange.
+    [[nodiscard]] bool selectButtonEnabled() { return IsWindowEnabled(buttonNamed(L"Select")) != FALSE; }
     [[nodiscard]] bool hourglassShows() {
         return SendMessageW(program->window(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)) == TRUE;
     }

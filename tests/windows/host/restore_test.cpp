@@ -152,6 +152,19 @@ TEST_F(RestoreBackup, UnsavedChangesAreAskedAboutBeforeAnythingIsSent) {
     EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
 }
 
+TEST_F(RestoreBackup, ALockedTableIsToldBeforeAnythingIsSent) {
+    sendTwoTables();
+    SendMessageW(lockDataBox(), BM_CLICK, 0, 0);
+    expectChoice(true);
+    dialogs.expectBox(IDOK);
+    command(COMMAND_RADIO_RESTORE);
+    ASSERT_EQ(dialogs.shown().size(), 2U);
+    EXPECT_NE(dialogs.shown()[1].find(L"Data is locked"), std::wstring::npos) << com::narrow(dialogs.shown()[1]);
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+    EXPECT_EQ(frequency(), later);
+}
+
 TEST_F(RestoreBackup, NothingIsSentWithoutAConfirmation) {
     sendTwoTables();
     expectChoice(true);
