@@ -1,8 +1,4 @@
 // The project's own tools: what they must refuse, since a check that accepts everything is not noticed.
-#include <sys/wait.h>
-
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -11,28 +7,13 @@
 
 #include "support/build_paths.h"
 #include "support/temporary_folder.h"
+#include "tool_run.h"
 
 namespace telvar::tests {
 namespace {
 
 using testing::HasSubstr;
 using testing::Not;
-
-struct Result {
-    int status = 0;
-    std::string output;
-};
-
-Result run(const std::string& command) {
-    Result result;
-    FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-    std::array<char, 4096> buffer{};
-    while (const std::size_t size = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-        result.output.append(buffer.data(), size);
-    }
-    result.status = WEXITSTATUS(pclose(pipe));
-    return result;
-}
 
 const std::string tools = TELVAR_SOURCE_DIR "/tools/";
 
@@ -47,10 +28,10 @@ protected:
             TemporaryFolder::write(folder_ / ("src/" + folder + "/README.md"), "x");
         }
     }
-    Result check() {
+    ToolRun check() {
         std::filesystem::create_directories(folder_ / "tools");
         std::filesystem::copy_file(tools + "layers.txt", folder_ / "tools/layers.txt");
-        return run(tools + "check_layers " + folder_.name());
+        return runTool(tools + "check_layers " + folder_.name());
     }
 
 private:
@@ -61,14 +42,14 @@ TEST_F(CheckLayers, AcceptsWhatARowNames) {
     add("src/ui/grid.h", "#include \"base/value.h\"\n#include \"ui/widget.h\"\n#include <vector>\n");
     add("src/os/windows/clock.cpp", "#include <windows.h>\nwchar_t name[3];\n");
     add("src/os/posix/clock.cpp", "#include <unistd.h>\n");
-    const Result result = check();
+    const ToolRun result = check();
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, "");
 }
 
 TEST_F(CheckLayers, RefusesAFolderThatIsNotNamed) {
     add("src/model/store.cpp", "// head\n#include \"ui/grid.h\"\n");
-    const Result result = check();
+    const ToolRun result = check();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output, "src/model/store.cpp:2: model may not include ui (\"ui/grid.h\")\n");
 }
@@ -76,7 +57,7 @@ TEST_F(CheckLayers, RefusesAFolderThatIsNotNamed) {
 TEST_F(CheckLayers, RefusesWindowsInPortableCode) {
     add("src/ui/grid.cpp",
         "#include <windows.h>\n// wchar_t in a comment\nauto text = L\"x\";\n#ifdef _WIN32\n#endif\n");
-    const Result result = check();
+    const ToolRun result = check();
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.output, HasSubstr("grid.cpp:1: <windows.h> belongs to Windows"));
     EXPECT_THAT(result.output, HasSubstr("grid.cpp:3: wide characters"));
@@ -97,9 +78,11 @@ protected:
         std::filesystem::permissions(folder_ / "test_x", std::filesystem::perms::owner_all);
         TemporaryFolder::write(folder_ / "tests.txt", "test_x " + (folder_ / "test_x") + "\n");
     }
-    Result runTests(const std::string& options = {}) { return run(tools + "run_tests " + folder_.name() + options); }
+    ToolRun runTests(const std::string& options = {}) {
+        return runTool(tools + "run_tests " + folder_.name() + options);
+    }
     // An emulator that gives up silently so many times before it starts the program.
-    Result runEmulated(int failures) {
+    ToolRun runEmulated(int failures) {
         const std::string path = folder_ / "emulator";
         TemporaryFolder::write(path, "#!/usr/bin/env bash\necho >>'" + path + ".starts'\n" + "[ $(wc -l <'" + path +
                                          ".starts') -gt " + std::to_string(failures) +
@@ -125,7 +108,7 @@ TEST_F(RunTests, CountsWhatTheReportSays) {
 
 TEST_F(RunTests, AnEmulatorThatDoesNotStartTheProgramIsStartedOnceMoreAndSaidSo) {
     program(std::string(report) + "</testsuite></testsuites>\nE\necho ran\n");
-    const Result once = runEmulated(1);
+    const ToolRun once = runEmulated(1);
     EXPECT_EQ(once.status, 0);
     EXPECT_THAT(once.output, HasSubstr("test_x: the emulator did not start it (ended with status 1); once more"));
     EXPECT_EQ(counts(), "1 0 1\n");
@@ -139,7 +122,7 @@ TEST_F(RunTests, AnEmulatorThatNeverStartsTheProgramFailsTheRun) {
 
 TEST_F(RunTests, AProgramThatBeganIsNotStartedAgain) {
     program("echo began; exit 3\n");
-    const Result result = runEmulated(0);
+    const ToolRun result = runEmulated(0);
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.output, Not(HasSubstr("once more")));
 }
@@ -147,7 +130,7 @@ TEST_F(RunTests, AProgramThatBeganIsNotStartedAgain) {
 TEST_F(RunTests, AFailedTestFailsTheRun) {
     program(std::string(report) + "<testcase classname='A' name='Bad' status='run' result='completed'>"
                                   "<failure message='no'/></testcase></testsuite></testsuites>\nE\nexit 1\n");
-    const Result result = runTests();
+    const ToolRun result = runTests();
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.output, HasSubstr("FAILED A.Bad"));
     EXPECT_EQ(counts(), "1 1 1\n");
@@ -161,7 +144,7 @@ TEST_F(RunTests, ASilentProgramHasNotRun) {
 
 TEST_F(RunTests, AProgramThatFailsAfterItsTestsFails) {
     program(std::string(report) + "</testsuite></testsuites>\nE\necho leaked; exit 23\n");
-    const Result result = runTests();
+    const ToolRun result = runTests();
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.output, HasSubstr("ended with status 23\n      leaked"));
     EXPECT_EQ(counts(), "1 1 1\n");
@@ -169,7 +152,7 @@ TEST_F(RunTests, AProgramThatFailsAfterItsTestsFails) {
 
 TEST_F(RunTests, ACrashIsCountedOnceBesideTheTestsBeforeIt) {
     program("printf '[ RUN      ] A.One\\n[       OK ] A.One (0 ms)\\n[ RUN      ] A.Two\\n'; exit 5\n");
-    const Result result = runTests();
+    const ToolRun result = runTests();
     EXPECT_THAT(result.output, HasSubstr("ended with status 5 in A.Two"));
     EXPECT_EQ(counts(), "1 1 0\n");
 }
