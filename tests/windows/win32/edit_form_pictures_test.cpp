@@ -75,7 +75,7 @@ TEST_F(EditFormPictures, AHintAtTheFoot) {
     form->txtRxFrequency.LostFocus();
     form->txtTxFrequency.GotFocus();
     expectReadableForm("hint");
-    form->txtTxSynthStepSize.setText("12345678901234567890123");
+    form->txtTxSynthStepSize.setText("12345678901234567890kHz");
     form->txtTxSynthStepSize.LostFocus();
     form->UpdateAccess(0);
     EXPECT_EQ(form->lblHint.caption(),
