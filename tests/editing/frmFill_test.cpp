@@ -675,7 +675,7 @@ TEST_F(FillDialog, EndsWhereTheOwnerEnds) {
     EXPECT_TRUE(grid.redraw());
 }
 
-// Ends the owner inside the n-th call.
+// Lets something happen inside each write.
 class EndingStore : public StoreDecorator {
 public:
     using StoreDecorator::StoreDecorator;
@@ -688,6 +688,16 @@ protected:
         }
     }
 };
+
+TEST_F(FillDialog, MakesEachChannelsRowCurrentBeforeItIsWritten) {
+    const auto watching = std::make_shared<EndingStore>(*table);
+    std::vector<int> rows;
+    watching->onWrite = [&] { rows.push_back(grid.row()); };
+    form.setCentralDataStore(watching);
+    choose("3", "5", "450", "0");
+    EXPECT_TRUE(form.fill());
+    EXPECT_EQ(rows, (std::vector<int>{3, 4, 5}));
+}
 
 TEST_F(FillDialog, EndsWhereTheOwnerEndsInsideACallToTheStore) {
     const auto ending = std::make_shared<EndingStore>(*table);

@@ -1,10 +1,11 @@
 // The fill dialog in its window: OK pressed out of a field that is refused, by mouse, by Enter and by an access key.
+#include "form_world.h"
+
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "editing/frmFill.h"
-#include "form_world.h"
 #include "model/memory_data_store.h"
 #include "ui/menu.h"
 
