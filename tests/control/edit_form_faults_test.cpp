@@ -25,7 +25,7 @@ protected:
     void openOver(int from, int to) {
         desktop.duringModal = [](ui::Form& box) { dynamic_cast<editing::frmMsgBox&>(box).cmdYes.userPress(); };
         grid().select({from, 1}, {to, 1});
-        grid().DblClick();
+        doubleClickCurrent();
     }
     [[nodiscard]] double stored(int channel, ChannelKey key) const {
         return base::toDouble(store->channel(static_cast<std::int16_t>(channel)).get(key));
@@ -58,7 +58,7 @@ TEST_F(FormOfTheGrid, OpeningClearsTheSelectionFirstAndRepaintsTheGridForIt) {
     grid().attach(peer);
     grid().setCurrent({4, 1});
     peer.selectedAt.clear();
-    grid().DblClick();
+    doubleClickCurrent();
     grid().detach();
     EXPECT_EQ(peer.selectedAt, std::vector<int>{1});
     EXPECT_EQ(selectedChannel(), 4);
@@ -103,7 +103,7 @@ TEST_F(FormOfTheGrid, WritesNumbersWithTheControlsDecimalSeparator) {
     control->Prepare();
     control->UpdateControlsFromMemory();
     grid().setCurrent({4, 1});
-    grid().DblClick();
+    doubleClickCurrent();
     EXPECT_EQ(form().txtTxFrequency.text(), "150,000000");
     form().txtTxFrequency.setText("160,5");
     form().cmdApply.userPress();
@@ -115,7 +115,7 @@ TEST_F(FormOfTheGrid, OnlyTheLockOfChannelSettingsMeansPotentiometersOnly) {
     for (const std::size_t mode : {0U, 1U, 2U}) {
         control->optLockMode[mode].userClick();
         grid().setCurrent({4, 1});
-        grid().DblClick();
+        doubleClickCurrent();
         form().cmdApply.userPress();
         const auto told = boxes();
         ASSERT_EQ(told.size(), mode == 2 ? 1U : 0U) << mode;
@@ -133,7 +133,7 @@ TEST_F(FormOfTheGrid, TheFocusBeginsInTheNumberSoThatLeavingItProposesNothing) {
         child->GotFocus.connect([&focused, child] { focused.push_back(child->name()); });
     }
     grid().setCurrent({4, 1});
-    grid().DblClick();
+    doubleClickCurrent();
     EXPECT_EQ(focused, Log{"txtEditChannel"});
     form().txtEditChannel.LostFocus();
     EXPECT_EQ(boxes(), Boxes{});
@@ -145,7 +145,7 @@ TEST_F(FormOfTheGrid, MultipleOfTheFormerTableIsNotTakenForOneOfTheNewTables) {
     fill(*store, 4, {{ChannelKey::ModeBits, 0x04}});
     control->UpdateControlsFromMemory();
     grid().setCurrent({4, 1});
-    grid().DblClick();
+    doubleClickCurrent();
     EXPECT_EQ(form().cmbRxSubtone.text(), "Multiple");
     const auto other = std::make_shared<model::MemoryDataStore>();
     fill(*other, 4, {{ChannelKey::TxFreq, 440'000'000}, {ChannelKey::RxSub, 88.5F}});
@@ -156,7 +156,7 @@ TEST_F(FormOfTheGrid, MultipleOfTheFormerTableIsNotTakenForOneOfTheNewTables) {
 
 TEST_F(FormOfTheGrid, AnAppliedMultipleIsStillShown) {
     grid().setCurrent({4, 1});
-    grid().DblClick();
+    doubleClickCurrent();
     form().cmbRxSubtone.userTyped("Multiple");
     form().cmdApply.userPress();
     EXPECT_EQ(form().cmbRxSubtone.text(), "Multiple");
