@@ -68,7 +68,6 @@ public:
             index_ = model::channelCount - 1;
             conclude();
         } catch (const std::exception& fault) {
-            verdict_.good = false;
             tell("Error in channel " + number() + ".  Please check information entered." + lineBreak + fault.what());
         }
         return verdict_;

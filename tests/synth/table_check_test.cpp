@@ -115,6 +115,13 @@ TEST_F(TableCheck, OneChannelOffItsGridInEitherDirectionOrBothIsOneEntry) {
     expectRefused(divideReport("7"));
 }
 
+TEST_F(TableCheck, EachDirectionIsCheckedByItsOwnFrequency) {
+    set(7, {{ChannelKey::TxFreq, good}, {ChannelKey::RxFreq, offGrid}});
+    expectRefused(divideReport("7"));
+    set(7, {{ChannelKey::TxFreq, offGrid}, {ChannelKey::RxFreq, good}});
+    expectRefused(divideReport("7"));
+}
+
 TEST_F(TableCheck, ADirectionWithoutFrequencyIsNotChecked) {
     set(7, {{ChannelKey::TxFreq, good}, {ChannelKey::RxSynthStep, 0}});
     expectGood();
@@ -169,6 +176,28 @@ TEST_F(TableCheck, AnyModuloSelectorButOneIsFive) {
     set(7, {{ChannelKey::Modulo, 2}});
     expectGood();
     set(7, {{ChannelKey::Modulo, 1}});
+    expectRefused(divideReport("7"));
+}
+
+TEST_F(TableCheck, EachDirectionHasStepAndModuloOfItsOwn) {
+    // The VCO on the raster of 5120 Hz, which fits the reference with modulo 5 alone.
+    constexpr std::int32_t vco = 460'800'000;
+    constexpr std::int32_t offset = 21'400'000;
+    store.put(StoreMember::LocalOscOffset, offset);
+    set(7, {{ChannelKey::RxFreq, vco - offset},
+            {ChannelKey::RxSynthStep, 5120},
+            {ChannelKey::RxModulo, 0},
+            {ChannelKey::SynthStep, 12'500},
+            {ChannelKey::Modulo, 1}});
+    expectGood();
+    set(7, {{ChannelKey::RxModulo, 1}, {ChannelKey::Modulo, 0}});
+    expectRefused(divideReport("7"));
+    set(7, {{ChannelKey::RxFreq, 0},
+            {ChannelKey::TxFreq, vco},
+            {ChannelKey::SynthStep, 5120},
+            {ChannelKey::RxSynthStep, 12'500}});
+    expectGood();
+    set(7, {{ChannelKey::RxModulo, 0}, {ChannelKey::Modulo, 1}});
     expectRefused(divideReport("7"));
 }
 

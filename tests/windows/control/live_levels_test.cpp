@@ -169,6 +169,7 @@ TEST_F(LiveLevelsInAHost, ASendThatIsCancelledBehindTheLevelsLeavesTheUpdateOn) 
     showWith(radio);
     put(*store, "TableOpen", Variant(true));
     put(*store, "ShowSendWarning", Variant(false));
+    fill(12, 450'000'000);  // which is on no raster otherwise
     press("Continuous Update");
     runUntil([&] { return truthOf(*link, "Busy"); });
     // The send waits for the levels, and is cancelled once it has begun; only then a tick can ask for their outcome.
