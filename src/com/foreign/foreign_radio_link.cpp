@@ -109,7 +109,7 @@ private:
     }
 
     ComPointer<IDispatch> link_;
-MembersOfKind members_{{L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues",
+    MembersOfKind members_{{L"SendChannelTable", L"LoadChannelTable", L"AbortTransfer", L"SendPotValues",
                             L"SelectChannel", L"Busy", L"Succeeded", L"ExchangeNumber", L"OutcomeOf"}};
 };
 
