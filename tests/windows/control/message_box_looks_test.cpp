@@ -1,5 +1,6 @@
 // What the user really sees of every message box: text, title, icon and buttons as the system's own window has them.
 #include <array>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -298,6 +299,17 @@ TEST_F(EditFormBoxLook, OfAlteredLevelsIsAnInformation) {
     press("Apply");
     EXPECT_EQ(shown(), Boxes{box("Pot values have been altered.\r\nTo permanently save changes 'Send Data to Telvar'.",
                                  "Telvar", "information")});
+}
+
+TEST_F(EditFormBoxLook, OfARadioThatDoesNotAnswer) {
+    press("Continuous Update");
+    // The form's timer ticks five times a second.
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (shown().empty() && std::chrono::steady_clock::now() < end) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 1000, QS_ALLINPUT);
+        pump();
+    }
+    EXPECT_EQ(shown(), Boxes{exclamation("The radio does not answer. Continuous update has been switched off.")});
 }
 
 TEST_F(EditFormBoxLook, OfTheQuestionAboutUnappliedEditsHasYesAndNo) {

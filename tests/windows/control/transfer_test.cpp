@@ -197,7 +197,8 @@ TEST_F(Transfer, ASecondSendInTheWaitIsRefusedInOneSentence) {
     });
     call(*control, "SendToTelvar");
     EXPECT_EQ(journal, (Texts{disableCommands, hourglass, pauseDiagnostics, "SendChannelTable"}));
-    EXPECT_EQ(boxes.texts(), Texts{anotherWaits});
+    EXPECT_EQ(boxes.shown(), (std::vector<ShownBox>{
+                                 {.text = anotherWaits, .title = "Telvar", .icon = "exclamation", .buttons = {IDOK}}}));
 }
 
 TEST_F(Transfer, TheHostMayReleaseTheControlInTheWait) {
