@@ -21,10 +21,10 @@ struct ControlFocus : Program {
             [](HWND window, LPARAM wanted) -> BOOL {
                 auto& it = *reinterpret_cast<Search*>(wanted);
                 std::array<wchar_t, 64> name{};
-                std::array<wchar_t, 64> text{};
+                std::array<wchar_t, 64> caption{};
                 GetClassNameW(window, name.data(), 64);
-                GetWindowTextW(window, text.data(), 64);
-                const bool same = it.className == name.data() && (it.text.empty() || it.text == text.data());
+                GetWindowTextW(window, caption.data(), 64);
+                const bool same = it.className == name.data() && (it.text.empty() || it.text == caption.data());
                 it.found = same ? window : nullptr;
                 return same ? FALSE : TRUE;
             },
