@@ -103,7 +103,11 @@ protected:
                     }
                     return link;
                 },
-                .pauseDiagnostics = [this] { log.emplace_back("PauseDiagnostics"); },
+                .pauseDiagnostics =
+                    [this] {
+                        log.emplace_back("PauseDiagnostics");
+                        wanted = wanted && wantedBehindTheEvent;
+                    },
                 .wanted = [this] { return wanted; }};
     }
     Log update(const LiveLevelValues& levels) {
@@ -117,6 +121,7 @@ protected:
     std::shared_ptr<LoggingStore> store = std::make_shared<LoggingStore>(*memory, log);
     std::shared_ptr<LevelsLink> link = std::make_shared<LevelsLink>(log);
     bool wanted = true;
+    bool wantedBehindTheEvent = true;
     transfer::LiveLevels live{surroundings()};
     const Log whole{"SetPotValue(0)", "SetPotValue(1)", "SetPotValue(2)", "SetPotValue(3)",  "PauseDiagnostics",
                     "CommsBusy",      "CommsTask=",     "ProgressCount=", "SendPotValues ''"};
@@ -174,6 +179,12 @@ TEST_F(LiveLevels, WhatIsNotWantedAnyMoreAfterTheWaitIsNotSentAndCountsAsNotSent
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}).back(), "CommsBusy");
     wanted = true;
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+}
+
+TEST_F(LiveLevels, WhatIsNotWantedAnyMoreBehindTheEventWaitsForNoLink) {
+    memory->put(StoreMember::CommsBusy, true);
+    wantedBehindTheEvent = false;
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}).back(), "PauseDiagnostics");
 }
 
 TEST_F(LiveLevels, AQuittingMessageLoopSendsNothingBeTheLinkQuietOrNot) {
@@ -294,6 +305,14 @@ TEST_F(LiveLevels, ALinkThatCannotTellTheNumberAtOnceIsBelieved) {
     link->dead = false;
     link->end(ExchangeOutcome::Failed);
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
+}
+
+TEST_F(LiveLevels, AnExchangeWithoutANumberIsNotTakenForTheOneBefore) {
+    EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
+    link->numbers = false;
+    EXPECT_EQ(update({9, 2, 3, 4, 0, 0}), whole);
+    link->outcomes.front() = ExchangeOutcome::Failed;
+    EXPECT_EQ(update({9, 2, 3, 4, 0, 0}), Log{});
 }
 
 TEST_F(LiveLevels, ALinkThatDiesAfterwardsIsRadioSilence) {
