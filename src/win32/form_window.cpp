@@ -205,10 +205,11 @@ void FormWindow::close() noexcept {
     const bool active = GetActiveWindow() == handle();
     const ui::Widget* const after = openForm() != nullptr ? openForm()->focusAfter() : nullptr;
     const HWND wanted = after != nullptr ? desktop().windowOf(*after) : nullptr;
-    const HWND next = wanted != nullptr && IsWindowVisible(wanted) != FALSE ? wanted : focusBefore_;
     // First, else the system would look for some other window to be active.
     disabled_.enable();
     destroy();
+    // The wanted window may have gone with the form.
+    const HWND next = wanted != nullptr && IsWindowVisible(wanted) != FALSE ? wanted : focusBefore_;
     if (active && IsWindow(next) != FALSE && GetAncestor(next, GA_ROOT) == GetActiveWindow()) {
         SetFocus(next);
     }

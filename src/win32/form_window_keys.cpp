@@ -5,6 +5,14 @@
 
 namespace telvar::win32 {
 
+namespace {
+
+[[nodiscard]] constexpr bool isModifier(int code) noexcept {
+    return code == ui::key::shift || code == ui::key::control || code == ui::key::alt || code == ui::key::capsLock;
+}
+
+}  // namespace
+
 void FormWindow::takeKey(MSG& message) {
     taken_.push_back({.number = ++lastNumber_, .message = message});
     message.hwnd = handle();
@@ -54,7 +62,8 @@ bool FormWindow::usedByHost(MSG& message) {
     const ui::KeyEvent event{.code = static_cast<int>(message.wParam), .shift = shiftState()};
     const bool function = event.code >= VK_F1 && event.code <= VK_F24 && (event.shift & ui::shift::alt) == 0;
     // With Alt as well it is AltGr, which types.
-    const bool shortcut = (event.shift & ui::shift::control) != 0 && (event.shift & ui::shift::alt) == 0;
+    const bool shortcut =
+        (event.shift & ui::shift::control) != 0 && (event.shift & ui::shift::alt) == 0 && !isModifier(event.code);
     const PeerPointer focused = peerOf(message.hwnd);
     if ((!function && !shortcut) || (focused && focused->takesKey(event))) {
         return false;

@@ -64,6 +64,9 @@ void GridWindow::show(ui::Aspect changed) noexcept {
     }
     // A grid asks for everything whenever it wants to be repainted, so what is as it should be is left alone.
     const bool everything = changed == Aspect::Everything;
+    if (!grid_->enabled() || !grid_->visible()) {
+        host_->passFocusOn(*this);
+    }
     if ((IsWindowEnabled(handle()) != FALSE) != grid_->enabled()) {
         EnableWindow(handle(), grid_->enabled());
     }
