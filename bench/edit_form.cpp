@@ -20,7 +20,7 @@ struct OpenForm : bench::RefreshedControl {
         control.DistributeDataStoreLink();
         control.UpdateAccess(5);
         control.fgdDatabase.setCurrent({channel, 1});
-        control.fgdDatabase.DblClick();
+        control.fgdDatabase.DblClick({.at = {channel, 1}, .selected = control.fgdDatabase.selection()});
     }
     // Another frequency each time: cells and values change.
     void apply() {

@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <memory>
 
 #include "editing/table_copy.h"
 #include "model/memory_data_store.h"
@@ -17,9 +18,9 @@ void storeCallsOfAFill(benchmark::State& state) {
     const auto store = bench::configuredTable();
     bench::CallList reads(*store);
     bench::renderEveryRow(reads);
-    model::MemoryDataStore backup;
+    editing::TableCopy backup(std::make_shared<model::MemoryDataStore>());
     for (auto _ : state) {
-        editing::copyTable(*store, backup);
+        backup.takeFrom(*store);
         for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
             store->channel(channel).put(model::ChannelKey::TxFreq, std::int32_t{450'000'000 + 12'500 * (channel - 1)});
         }

@@ -2,6 +2,7 @@
 // that knows nothing of it, and no danger whenever the host lets go of the control.
 #include "edit_form_world.h"
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <vector>
@@ -116,19 +117,19 @@ TEST_F(EditFormInAHost, ADoubleClickOpensItModelessOverTheHostsWindow) {
     EXPECT_EQ(boxes.texts(), Texts{});
 }
 
-TEST_F(EditFormInAHost, BeginsAtTheFirstFieldThatCanBeChanged) {
+TEST_F(EditFormInAHost, BeginsAtTheChannelsNumberWhoseLeavingChangesNothing) {
     show();
     doubleClick();
-    EXPECT_EQ(GetFocus(), frequencyField());
+    EXPECT_EQ(GetFocus(), channelField());
     DWORD first = 9;
     DWORD last = 9;
-    SendMessageW(frequencyField(), EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
+    SendMessageW(channelField(), EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
     EXPECT_EQ(first, 0U);
-    EXPECT_EQ(last, textOf(frequencyField()).size());
+    EXPECT_EQ(last, textOf(channelField()).size());
     press("Cancel");
     control->UpdateAccess(&level);
     doubleClick();
-    EXPECT_EQ(GetFocus(), frequencyField());
+    EXPECT_EQ(GetFocus(), channelField());
 }
 
 TEST_F(EditFormInAHost, FollowsKeysAndClicksOnTheGrid) {
@@ -169,7 +170,7 @@ TEST_F(EditFormInAHost, ADoubleClickInsideSeveralSelectedRowsOpensTheClickedChan
 
 TEST_F(EditFormInAHost, ADoubleClickOnAColumnsHeaderOpensNothing) {
     show();
-    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {
+    for (const UINT message : std::array<UINT, 4>{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {
         PostMessageW(gridWindow(), message, MK_LBUTTON, MAKELPARAM(120, 5));
     }
     pump();

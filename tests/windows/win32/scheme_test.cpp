@@ -238,7 +238,7 @@ TEST_F(FormsInBlack, EveryTextOfTheFillDialogIsSeen) {
 }
 
 TEST_F(FormsInBlack, EveryTextOfTheMessageBoxIsSeen) {
-    editing::frmMsgBox box(desktop, "Channels");
+    editing::frmMsgBox box(desktop);
     box.InitControls("Changes will also be copied to the other selected channels. Would you like to proceed?");
     expectSeen(box, "frmMsgBox");
 }
