@@ -104,7 +104,7 @@ void ChannelStoring::frequency(ui::TextBox& box, ChannelKey key, int column, con
     if (!megahertz) {
         return;
     }
-    read = *megahertz;
+    read = megahertz;
     if ((*megahertz < lowestFrequency || *megahertz > highestFrequency) && *megahertz != 0.0) {
         refuse(box, message);
     } else {
