@@ -128,6 +128,10 @@ std::vector<ui::Rect> FormWindow::arrangement() const {
 // the user sees black places, frames without texts, and what stood there before.
 void FormWindow::paintAtOnce() const noexcept {
     if (IsWindowVisible(handle()) != FALSE) {
+        // What a field wanted to paint while drawing was held, the system has forgotten.
+        for (HWND child = GetWindow(handle(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+            RedrawWindow(child, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+        }
         RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     }
 }
