@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "clipboard_keys.h"
 #include "edit_form_world.h"
 #include "recording_link.h"
 
@@ -69,19 +70,9 @@ struct MessageBoxLook : EditFormWorld {
         (void)ComPointer<IOleCommandTarget>::from(control)->Exec(nullptr, command, OLECMDEXECOPT_DODEFAULT, nullptr,
                                                                  nullptr);
     }
-    static void onClipboard(const std::wstring& text) {
-        ASSERT_TRUE(OpenClipboard(nullptr));
-        EmptyClipboard();
-        const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-        CopyMemory(GlobalLock(memory), text.c_str(), bytes);
-        GlobalUnlock(memory);
-        SetClipboardData(CF_UNICODETEXT, memory);
-        CloseClipboard();
-    }
     void paste(const std::wstring& text) {
         com::check(grid->Select(20, 1, 20, 1));
-        onClipboard(text);
+        putOnClipboard(text);
         run(OLECMDID_PASTE);
     }
     static void click(HWND button) {
