@@ -17,7 +17,8 @@ else()
 endif()
 
 foreach(folder IN LISTS TELVAR_FOLDERS)
-    if(TELVAR_KIND_${folder} STREQUAL "LIBRARY")
+    # The walk is for whoever builds the program.
+    if(TELVAR_KIND_${folder} STREQUAL "LIBRARY" OR folder STREQUAL "walk")
         continue()
     endif()
     get_filename_component(product ${TELVAR_NAME_${folder}} NAME_WE)

@@ -1,17 +1,17 @@
 // Levels and their passwords, and what the settings keep of them.
-#include "host/access.h"
+#include "host/shell/access.h"
 
 #include <gtest/gtest.h>
 
 #include "com/kit/failure.h"
-#include "host/password_hash.h"
+#include "host/shell/password_hash.h"
 #include "test_settings.h"
 
 namespace telvar::tests {
 
 using host::Access;
 using host::AccessLevel;
-using host::Settings;
+using win::Settings;
 
 // Of "p\u00e4ssword", by another implementation of PBKDF2-HMAC-SHA-256.
 constexpr const wchar_t* known = L"pbkdf2-sha256:1000:000102030405060708090a0b0c0d0e0f:"
@@ -56,7 +56,7 @@ TEST(PasswordHash, ADamagedOneMatchesNothing) {
 
 struct Levels : testing::Test {
     TestSettings own;
-    Settings settings{TestSettings::key};
+    win::Settings settings{TestSettings::key};
 };
 
 TEST_F(Levels, WithoutPasswordsEverybodyMayDoEverything) {
@@ -110,7 +110,7 @@ TEST_F(Levels, TheSettingsHoldNoPassword) {
 
 TEST(ClosedSettings, APasswordThatCannotBeKeptIsAFailure) {
     RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Telvar\\Gone");
-    Settings gone(L"Software\\Telvar\\Gone");
+    win::Settings gone(L"Software\\Telvar\\Gone");
     RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\Telvar\\Gone");
     Access access(gone);
     EXPECT_THROW(access.setPassword(AccessLevel::Everything, L"chief"), com::ComFailure);

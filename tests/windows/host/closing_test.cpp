@@ -7,9 +7,9 @@
 #include "VexloDataStore.h"
 #include "com/kit/failure.h"
 #include "dialog_answers.h"
-#include "host/control_events.h"
-#include "host/embedded_control.h"
-#include "host/event_sink.h"
+#include "host/embed/control_events.h"
+#include "host/embed/embedded_control.h"
+#include "host/embed/event_sink.h"
 #include "support/windows/loaded_server.h"
 
 namespace telvar::tests {

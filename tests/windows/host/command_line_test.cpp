@@ -1,4 +1,4 @@
-#include "host/command_line.h"
+#include "host/shell/command_line.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,6 @@ TEST(CommandLine, NothingMeansANewTable) {
     const auto options = readCommandLine({});
     ASSERT_TRUE(options);
     EXPECT_EQ(options->file, L"");
-    EXPECT_FALSE(options->walks());
     EXPECT_EQ(options->settingsKey, L"Software\\Telvar\\Host");
 }
 
@@ -25,16 +24,6 @@ TEST(CommandLine, ARelativeFileIsTakenFromTheCurrentFolder) {
     ASSERT_TRUE(options);
     EXPECT_EQ(options->file.substr(1, 2), L":\\");
     EXPECT_TRUE(options->file.ends_with(L"\\marine.telvar"));
-}
-
-TEST(CommandLine, AWalkNeedsAFolderAndATable) {
-    const auto options = readCommandLine({L"--walk", L"C:\\out", L"C:\\a.telvar"});
-    ASSERT_TRUE(options);
-    EXPECT_TRUE(options->walks());
-    EXPECT_EQ(options->walkFolder, L"C:\\out");
-    EXPECT_EQ(options->file, L"C:\\a.telvar");
-    EXPECT_EQ(readCommandLine({L"--walk"}).error(), L"The option --walk needs a folder.");
-    EXPECT_EQ(readCommandLine({L"--walk", L"C:\\out"}).error(), L"The option --walk needs a channel table to open.");
 }
 
 TEST(CommandLine, TheSettingsKeyCanBeChosen) {

@@ -6,7 +6,7 @@
 
 #include "com/kit/variant.h"
 #include "fake_control.h"
-#include "host/embedded_control.h"
+#include "host/embed/embedded_control.h"
 
 namespace telvar::tests {
 

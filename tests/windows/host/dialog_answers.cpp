@@ -7,7 +7,7 @@
 #include <array>
 
 #include "com/kit/text.h"
-#include "host/walk.h"
+#include "walk/walk.h"
 
 namespace telvar::tests {
 
@@ -70,7 +70,7 @@ void CALLBACK DialogAnswers::ticked(HWND, UINT, UINT_PTR, DWORD) noexcept {
 }
 
 void DialogAnswers::tick() {
-    const HWND dialog = host::Walk::dialog();
+    const HWND dialog = walk::Walk::dialog();
     if (dialog == nullptr || dialog == answered_) {
         answered_ = dialog;
         return;

@@ -21,7 +21,7 @@ struct ShortcutsInTheEditForm : Program, EditFormDriver {
     void pressInForm(std::initializer_list<WORD> chord) {
         SetForegroundWindow(form());
         ASSERT_TRUE(pumpUntil([] { return GetForegroundWindow() == form(); }));
-        host::press(chord);
+        walk::press(chord);
         pump();
     }
     void edit() {

@@ -1,4 +1,4 @@
-#include "host/event_sink.h"
+#include "host/embed/event_sink.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 #include "Tesslin.h"
 #include "com/kit/connection_point.h"
 #include "com/kit/variant.h"
-#include "host/control_events.h"
+#include "host/embed/control_events.h"
 
 namespace telvar::tests {
 

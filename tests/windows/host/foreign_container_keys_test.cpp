@@ -20,9 +20,9 @@
 #include "com/kit/bstr.h"
 #include "com/kit/failure.h"
 #include "com/kit/pointer.h"
-#include "host/keyboard.h"
 #include "installed_servers.h"
 #include "support/windows/edit_form_driver.h"
+#include "walk/keyboard.h"
 
 // No header of the compiler declares them.
 extern "C" {
@@ -151,7 +151,7 @@ struct ForeignKeys : testing::TestWithParam<Loop> {
     void press(std::initializer_list<WORD> chord) {
         SetForegroundWindow(host);
         ASSERT_TRUE(pumpUntil([this] { return GetForegroundWindow() == host; }));
-        host::press(chord);
+        walk::press(chord);
         pump();
     }
     // The first cell, by the mouse, as a user enters the grid.
@@ -279,15 +279,15 @@ TEST_P(ForeignKeys, OfTheEditFormStayThere) {
     SetForegroundWindow(EditFormDriver::form());
     SetFocus(field);
     pump();
-    host::press({VK_F5});
-    host::press({VK_CONTROL, 'S'});
-    host::press({VK_CONTROL, 'A'});
-    host::press({'1'});
-    host::press({'4'});
+    walk::press({VK_F5});
+    walk::press({VK_CONTROL, 'S'});
+    walk::press({VK_CONTROL, 'A'});
+    walk::press({'1'});
+    walk::press({'4'});
     EXPECT_TRUE(pumpUntil([&] { return EditFormDriver::textOf(field) == "14"; })) << EditFormDriver::textOf(field);
     EXPECT_EQ(GetFocus(), field);
     EXPECT_EQ(commands, std::vector<int>{});
-    host::press({VK_ESCAPE});
+    walk::press({VK_ESCAPE});
     EXPECT_TRUE(pumpUntil([] { return EditFormDriver::form() == nullptr; }));
     EXPECT_TRUE(pumpUntil([this] { return GetFocus() == gridWindow; }));
 }

@@ -1,5 +1,5 @@
 // Going to a channel by its number.
-#include "host/channel_dialog.h"
+#include "host/shell/channel_dialog.h"
 
 #include "base/readable_colour.h"
 #include "open_program.h"
@@ -95,15 +95,15 @@ TEST_F(GoTo, ARefusalCanBeReadInEveryScheme) {
 TEST_F(GoTo, IsDoneFromTheKeyboardAlone) {
     start();
     dialogs.expect([](HWND) {
-        host::press({'9'});
-        host::press({'0'});
-        host::press({VK_RETURN});
+        walk::press({'9'});
+        walk::press({'0'});
+        walk::press({VK_RETURN});
     });
     press({VK_CONTROL, 'G'});
     EXPECT_TRUE(pumpUntil([this] { return row() == 90; }));
     dialogs.expect([](HWND) {
-        host::press({'7'});
-        host::press({VK_ESCAPE});
+        walk::press({'7'});
+        walk::press({VK_ESCAPE});
     });
     press({VK_CONTROL, 'G'});
     EXPECT_TRUE(pumpUntil([this] { return dialogs.shown().size() == 2; }));

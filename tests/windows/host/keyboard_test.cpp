@@ -80,7 +80,7 @@ TEST_F(Keyboard, DeleteAsksBeforeItDeletes) {
     start(sample("gmrs.telvar", "a.telvar"));
     select(1, 1, 1, 1);
     const std::wstring before = cell(1, 1);
-    dialogs.expect([](HWND) { host::press({VK_ESCAPE}); });
+    dialogs.expect([](HWND) { walk::press({VK_ESCAPE}); });
     press({VK_DELETE});
     EXPECT_TRUE(pumpUntil([this] { return dialogs.shown().size() == 1; }));
     EXPECT_EQ(cell(1, 1), before);

@@ -40,7 +40,7 @@ struct Login : Program {
         command(COMMAND_LOG_IN);
     }
     static void protect(AccessLevel level, const wchar_t* password) {
-        host::Settings own(TestSettings::key);
+        win::Settings own(TestSettings::key);
         host::Access(own).setPassword(level, password);
     }
     [[nodiscard]] bool columnShows(long index) {
@@ -73,7 +73,7 @@ TEST_F(Login, ALevelWithoutAPasswordIsEnteredWithEnterAlone) {
         EXPECT_EQ(textOf(dialog, DIALOG_NOTE), L"This level needs no password.");
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, LOGIN_PASSWORD)));
         EXPECT_EQ(GetFocus(), GetDlgItem(dialog, LOGIN_LEVEL));
-        host::press({VK_RETURN});
+        walk::press({VK_RETURN});
     });
     press({VK_CONTROL, 'L'});
     EXPECT_TRUE(pumpUntil([this] { return program->accessLevel() == AccessLevel::EditChannels; }));
@@ -159,7 +159,7 @@ TEST_F(Login, APasswordIsChangedAndTakenAway) {
     });
     command(COMMAND_SET_PASSWORDS);
     EXPECT_EQ(statusText(0), L"The level Everything needs no password.");
-    host::Settings own(TestSettings::key);
+    win::Settings own(TestSettings::key);
     EXPECT_FALSE(own.has(L"Password5"));
 }
 
@@ -183,7 +183,7 @@ TEST_F(Login, AHigherLevelIsNeverOpenAboveAProtectedOne) {
         SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     command(COMMAND_SET_PASSWORDS);
-    host::Settings own(TestSettings::key);
+    win::Settings own(TestSettings::key);
     EXPECT_TRUE(own.has(L"Password5"));
 }
 

@@ -325,7 +325,7 @@ TEST_F(Program, TheFileMenuListsTheRecentFiles) {
     EXPECT_EQ(text(COMMAND_RECENT_FIRST), host::RecentFiles::menuText(0, file));
     EXPECT_EQ(GetMenuItemCount(menu), before);
     command(COMMAND_NEW);
-    host::Settings others(TestSettings::key);
+    win::Settings others(TestSettings::key);
     host::RecentFiles(others).remove(file);
     SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
     EXPECT_EQ(text(COMMAND_RECENT_FIRST), L"No recent files");

@@ -17,13 +17,13 @@
 #include "com/kit/text.h"
 #include "com/kit/variant.h"
 #include "dialog_answers.h"
-#include "host/keyboard.h"
-#include "host/main_window.h"
-#include "host/resource.h"
+#include "host/shell/main_window.h"
+#include "host/shell/resource.h"
 #include "installed_servers.h"
 #include "support/build_paths.h"
 #include "support/temporary_folder.h"
 #include "test_settings.h"
+#include "walk/keyboard.h"
 
 namespace telvar::tests {
 
@@ -84,7 +84,7 @@ protected:
     void press(std::initializer_list<WORD> chord) {
         SetForegroundWindow(program->window());
         ASSERT_TRUE(pumpUntil([this] { return GetForegroundWindow() == program->window(); }));
-        host::press(chord);
+        walk::press(chord);
         pump();
     }
     void command(int identifier) {
@@ -157,7 +157,7 @@ protected:
     }
     [[nodiscard]] bool isOpen() { return program->window() != nullptr; }
     [[nodiscard]] std::vector<std::wstring> recentFiles() {
-        host::Settings own(TestSettings::key);
+        win::Settings own(TestSettings::key);
         return host::RecentFiles(own).paths();
     }
 

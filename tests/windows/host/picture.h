@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <string>
 
-#include "host/scaling.h"
-#include "host/screenshot.h"
 #include "support/build_paths.h"
+#include "walk/screenshot.h"
+#include "win/scaling.h"
 
 namespace telvar::tests {
 
@@ -19,8 +19,8 @@ inline void takePicture(HWND window, const std::string& name) {
     std::filesystem::create_directories(pictures);
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     GdiFlush();
-    const auto file = pictures / (name + "_" + std::to_string(host::dpiOf(window)) + ".png");
-    host::savePicture(window, file.wstring());
+    const auto file = pictures / (name + "_" + std::to_string(win::dpiOf(window)) + ".png");
+    walk::savePicture(window, file.wstring());
     EXPECT_GT(std::filesystem::file_size(file), 1'000U);
 }
 

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "base/failure.h"
-#include "host/print_job.h"
-#include "host/resource.h"
+#include "host/shell/print_job.h"
+#include "host/shell/resource.h"
 #include "recording_printer.h"
 
 namespace telvar::tests {
@@ -15,7 +15,7 @@ using Calls = std::vector<std::wstring>;
 
 namespace {
 
-constexpr host::print::Paper paper{{6000, 6000}, {300, 300, 300, 300}};
+constexpr desk::Paper paper{{6000, 6000}, {300, 300, 300, 300}};
 // Rows that make several pages of that paper.
 constexpr int several = 60;
 
@@ -30,7 +30,7 @@ struct PrintJob : testing::Test {
     ~PrintJob() override { DestroyWindow(owner); }
 
     [[nodiscard]] host::PrintDocument documentOf(int rows) const {
-        host::print::Table table{.title = "Title", .columns = {{.header = "Channel"}, {.header = "Head"}}};
+        desk::PrintedTable table{.title = "Title", .columns = {{.header = "Channel"}, {.header = "Head"}}};
         for (int row = 1; row <= rows; ++row) {
             table.rows.push_back({.cells = {std::to_string(row), "cell"}});
         }

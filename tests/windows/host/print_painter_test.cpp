@@ -16,10 +16,10 @@ using Texts = std::vector<std::wstring>;
 
 namespace {
 
-constexpr host::print::Paper a4{{11'906, 16'838}, {850, 850, 850, 850}};
+constexpr desk::Paper a4{{11'906, 16'838}, {850, 850, 850, 850}};
 
-host::print::Table table(int rows, int columns = 3) {
-    host::print::Table made{.title = "Küste & Hafen", .made = "21/11/2026 14:05"};
+desk::PrintedTable table(int rows, int columns = 3) {
+    desk::PrintedTable made{.title = "Küste & Hafen", .made = "21/11/2026 14:05"};
     made.columns = {{.header = "Channel", .width = 400}};
     for (int column = 1; column < columns; ++column) {
         made.columns.push_back({.header = "Head " + std::to_string(column), .width = 1050, .centred = column > 8});
@@ -96,7 +96,7 @@ TEST_F(PagePainting, ColumnsThatDoNotFitGoOnBesideTheChannelNumber) {
 }
 
 TEST_F(PagePainting, AHeaderIsBrokenAtItsBlanksAndTheColumnHoldsItsLongestWord) {
-    host::print::Table made = table(1, 2);
+    desk::PrintedTable made = table(1, 2);
     made.columns[1] = {.header = "Tx Frequency (MHz)", .width = 900};
     const auto document = painter.compose(made, a4);
     const Texts texts = page(document, 0);
@@ -106,7 +106,7 @@ TEST_F(PagePainting, AHeaderIsBrokenAtItsBlanksAndTheColumnHoldsItsLongestWord) 
 }
 
 TEST_F(PagePainting, AColumnIsAsWideAsTheControlShowsItAndWiderForALongCell) {
-    host::print::Table made = table(1, 3);
+    desk::PrintedTable made = table(1, 3);
     made.columns[1].width = 5000;
     made.rows[0].cells[2] = "a cell that is much longer than its column is wide";
     const auto document = painter.compose(made, a4);
@@ -120,7 +120,7 @@ TEST_F(PagePainting, AColumnIsAsWideAsTheControlShowsItAndWiderForALongCell) {
 }
 
 TEST_F(PagePainting, WhatIsWiderThanThePaperIsCutWithDots) {
-    host::print::Table made = table(1, 2);
+    desk::PrintedTable made = table(1, 2);
     made.title = std::string(400, 'W');
     made.rows[0].cells[1] = std::string(400, 'M');
     const auto document = painter.compose(made, a4);

@@ -1,5 +1,5 @@
 // The preview: paged, zoomed and left by the keyboard alone, and what its buttons do.
-#include "host/print_preview.h"
+#include "host/shell/print_preview.h"
 
 #include "picture.h"
 #include "print_program.h"
@@ -8,10 +8,10 @@ namespace telvar::tests {
 
 struct PrintPreview : PrintProgram {
     static std::function<void()> key(WORD code) {
-        return [code] { host::press({code}); };
+        return [code] { walk::press({code}); };
     }
     static std::function<void()> chord(WORD first, WORD second) {
-        return [first, second] { host::press({first, second}); };
+        return [first, second] { walk::press({first, second}); };
     }
     [[nodiscard]] std::function<void()> cancel() {
         return [this] { PostMessageW(previewed, WM_COMMAND, IDCANCEL, 0); };

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/print_page_view.h"
+#include "host/print/page_view.h"
 #include "open_program.h"
 #include "recording_printer.h"
 #include "timed_steps.h"

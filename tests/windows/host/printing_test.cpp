@@ -7,9 +7,9 @@
 #include <cstdint>
 
 #include "com/kit/text.h"
-#include "host/print/html.h"
-#include "host/print_page_dialogs.h"
-#include "host/print_system.h"
+#include "desk/html.h"
+#include "host/shell/print_page_dialogs.h"
+#include "host/shell/print_system.h"
 #include "picture.h"
 #include "print_program.h"
 
@@ -188,7 +188,7 @@ TEST_F(PrintCommands, WhatTheUserAskedForIsForgottenAfterwards) {
 TEST_F(PrintCommands, TheHtmlFileHoldsTheCellsThatTheControlShows) {
     startWith("maritime.telvar");
     const std::string html = savedHtml("table.html");
-    host::print::Table expected{.title = "International maritime VHF, coast station"};
+    desk::PrintedTable expected{.title = "International maritime VHF, coast station"};
     std::string::size_type at = html.find("<tbody>");
     ASSERT_NE(at, std::string::npos);
     EXPECT_NE(html.find("<h1>International maritime VHF, coast station</h1>"), std::string::npos);
@@ -211,9 +211,9 @@ TEST_F(PrintCommands, AnHtmlFileThatCannotBeWrittenIsToldInOneSentence) {
     startWith("pmr446.telvar");
     const std::string place = folder / "taken.html";
     std::filesystem::create_directories(TemporaryFolder::pathOf(place) / "inside");
-    EXPECT_THROW(program->printing().saveHtml(com::wide(place), [] { return host::print::Table{}; }), base::Failure);
+    EXPECT_THROW(program->printing().saveHtml(com::wide(place), [] { return desk::PrintedTable{}; }), base::Failure);
     try {
-        program->printing().saveHtml(path("nowhere\\table.html"), [] { return host::print::Table{}; });
+        program->printing().saveHtml(path("nowhere\\table.html"), [] { return desk::PrintedTable{}; });
         ADD_FAILURE();
     } catch (const base::Failure& failure) {
         EXPECT_TRUE(failure.description().find("table.html could not be written: ") != std::string::npos)
@@ -268,7 +268,7 @@ TEST(PageSetupLengths, AreMillimetresWithTwoDecimals) {
 
 TEST(PageSetupMemory, KeepsWhatMakesSense) {
     const TestSettings key;
-    host::Settings settings(TestSettings::key);
+    win::Settings settings(TestSettings::key);
     EXPECT_EQ(host::loadPageSetup(settings), host::usualPageSetup());
     const host::PageSetup wanted{.sheet = {14'800, 21'000},
                                  .sheetCode = 11,
@@ -286,7 +286,7 @@ TEST(PageSetupMemory, KeepsWhatMakesSense) {
 
 TEST(PageSetupMemory, PaperIsTurnedAndInTwips) {
     const host::PageSetup landscape{.sheet = {2'540, 5'080}, .landscape = true, .margins = {254, 0, 0, 127}};
-    EXPECT_EQ(paperOf(landscape), (host::print::Paper{{2'880, 1'440}, {144, 0, 0, 72}}));
+    EXPECT_EQ(paperOf(landscape), (desk::Paper{{2'880, 1'440}, {144, 0, 0, 72}}));
 }
 
 TEST_F(PrintCommands, ThePageSetupIsRememberedForTheNextStart) {

@@ -15,6 +15,7 @@ namespace telvar::tests {
 
 namespace {
 
+constexpr char walker[] = "TelvarWalk.exe";
 constexpr DWORD fine = 0;
 constexpr DWORD walkDiffered = 1;
 constexpr DWORD badArguments = 2;
@@ -121,7 +122,7 @@ TEST_F(ProgramProcess, UnusableArgumentsAreRefused) {
 
 TEST_F(ProgramProcess, WalksTheMainJobByItself) {
     const InstalledServers servers;
-    RunningProgram program({L"--walk", com::wide(folder.name()), sample("every-reading.telvar", "table.telvar")});
+    RunningProgram program({com::wide(folder.name()), sample("every-reading.telvar", "table.telvar")}, walker);
     EXPECT_EQ(program.waitForEnd(walkTime), fine);
     const std::string transcript = TemporaryFolder::read(folder / "transcript.txt");
     EXPECT_TRUE(transcript.ends_with(" steps, everything as expected.\n")) << transcript;
@@ -134,7 +135,7 @@ TEST_F(ProgramProcess, WalksTheMainJobByItself) {
 TEST_F(ProgramProcess, AWalkThatFindsADifferenceSaysSoByItsStatus) {
     const InstalledServers servers;
     const std::wstring table = sample("every-reading.telvar", "table.telvar");
-    RunningProgram program({L"--walk", com::wide(folder.name()), table});
+    RunningProgram program({com::wide(folder.name()), table}, walker);
     ASSERT_TRUE(waitForLine("ok    the table is opened and every channel is shown: ", program));
     // The walk promises to leave the table alone that it was given.
     TemporaryFolder::write(folder / "table.telvar", "{}");
@@ -144,10 +145,17 @@ TEST_F(ProgramProcess, AWalkThatFindsADifferenceSaysSoByItsStatus) {
 }
 
 TEST_F(ProgramProcess, AWalkThatCannotBeginSaysSoInItsTranscript) {
-    RunningProgram program({L"--walk", com::wide(folder.name()), L"C:\\nowhere.telvar"});
+    RunningProgram program({com::wide(folder.name()), L"C:\\nowhere.telvar"}, walker);
     EXPECT_EQ(program.waitForEnd(), cannotStart);
     EXPECT_EQ(TemporaryFolder::read(folder / "transcript.txt"),
               "FAIL  The channel data store VexloDataStore.DataStore is not installed on this computer.\n");
+}
+
+TEST_F(ProgramProcess, AWalkNeedsAFolderAndATable) {
+    RunningProgram program({com::wide(folder.name())}, walker);
+    EXPECT_EQ(program.waitForMessage(), L"The walk needs a folder for what it writes, and a channel table to open.");
+    program.confirm();
+    EXPECT_EQ(program.waitForEnd(), badArguments);
 }
 
 }  // namespace telvar::tests

@@ -1,6 +1,6 @@
 // What outlives a run with the simulated radio: its table, and a trace of what was said.
-#include "host/user_folder.h"
 #include "radio_commands.h"
+#include "win/user_folder.h"
 
 namespace telvar::tests {
 
@@ -36,8 +36,8 @@ TEST_F(RadioMemory, IsInTheUsersOwnFolderUnlessToldOtherwise) {
     start();
     com::Bstr file;
     com::check(program->radioLink()->get_StateFile(file.put()));
-    EXPECT_EQ(std::wstring(file.view()), host::userFolder() + L"\\simulated-radio.telvar-radio");
-    EXPECT_NE(GetFileAttributesW(host::userFolder().c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(std::wstring(file.view()), win::userFolder() + L"\\simulated-radio.telvar-radio");
+    EXPECT_NE(GetFileAttributesW(win::userFolder().c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(RadioMemory, ATraceHasEveryFrameOfTheRunAndIsOffInTheNext) {

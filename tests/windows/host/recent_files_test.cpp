@@ -1,4 +1,4 @@
-#include "host/recent_files.h"
+#include "host/shell/recent_files.h"
 
 #include <gtest/gtest.h>
 
@@ -7,13 +7,13 @@
 namespace telvar::tests {
 
 using host::RecentFiles;
-using host::Settings;
+using win::Settings;
 using Paths = std::vector<std::wstring>;
 
 class RecentFilesTest : public testing::Test {
 protected:
     TestSettings own;
-    Settings settings{TestSettings::key};
+    win::Settings settings{TestSettings::key};
     RecentFiles recent{settings};
 };
 
@@ -51,7 +51,7 @@ TEST_F(RecentFilesTest, AFileCanBeTakenOut) {
 }
 
 TEST_F(RecentFilesTest, AnotherProgramsAdditionsAreKept) {
-    Settings others(TestSettings::key);
+    win::Settings others(TestSettings::key);
     RecentFiles(others).add(L"C:\\theirs.telvar");
     recent.add(L"C:\\ours.telvar");
     EXPECT_EQ(recent.paths(), (Paths{L"C:\\ours.telvar", L"C:\\theirs.telvar"}));
@@ -67,14 +67,14 @@ TEST_F(RecentFilesTest, MenuTextsAreNumberedAndKeepTheirAmpersands) {
 
 TEST(Settings, NumbersAreKept) {
     const TestSettings own;
-    Settings(TestSettings::key).setNumber(L"Left", -12);
-    EXPECT_EQ(Settings(TestSettings::key).number(L"Left"), -12);
-    EXPECT_EQ(Settings(TestSettings::key).number(L"Right"), std::nullopt);
+    win::Settings(TestSettings::key).setNumber(L"Left", -12);
+    EXPECT_EQ(win::Settings(TestSettings::key).number(L"Left"), -12);
+    EXPECT_EQ(win::Settings(TestSettings::key).number(L"Right"), std::nullopt);
 }
 
 TEST(Settings, AValueOfAnotherKindIsNoNumberAndNoList) {
     const TestSettings own;
-    Settings settings(TestSettings::key);
+    win::Settings settings(TestSettings::key);
     settings.setNumber(L"RecentFiles", 3);
     settings.setList(L"Left", {L"x"});
     EXPECT_EQ(settings.list(L"RecentFiles"), Paths{});
@@ -82,7 +82,7 @@ TEST(Settings, AValueOfAnotherKindIsNoNumberAndNoList) {
 }
 
 TEST(Settings, AKeyThatCannotBeMadeKeepsNothing) {
-    Settings settings(std::wstring(300, L'k'));
+    win::Settings settings(std::wstring(300, L'k'));
     settings.setNumber(L"Left", 1);
     EXPECT_EQ(settings.number(L"Left"), std::nullopt);
 }

@@ -93,7 +93,7 @@ bool RecordingPrinters::setUpPage(HWND, host::PageSetup& setup) { return setUp &
 
 std::optional<host::PrintOrder> RecordingPrinters::choose(HWND, host::PageSetup& setup, int pages) {
     host::PrintOrder chosen;
-    host::print::Paper sheet = paperOf(setup);
+    desk::Paper sheet = paperOf(setup);
     sheet.margins = {};
     chosen.device = std::make_unique<RecordingPrinter>(record_, sheet);
     return order(chosen, pages) ? std::optional(std::move(chosen)) : std::nullopt;

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "host/print_device.h"
+#include "host/print/device.h"
 
 namespace telvar::tests {
 
@@ -35,7 +35,7 @@ struct PrinterRecord {
     // Runs inside endPage, with the number of the page.
     std::function<void(int page)> duringPage;
     // Of the sheet that is fed, whatever the set-up wants; in twips.
-    std::optional<host::print::Paper> sheet;
+    std::optional<desk::Paper> sheet;
 
     std::wstring name;
     std::vector<std::wstring> calls;
@@ -44,11 +44,11 @@ struct PrinterRecord {
 
 class RecordingPrinter final : public host::PrintDevice {
 public:
-    explicit RecordingPrinter(PrinterRecord& record, const host::print::Paper& sheet)
+    explicit RecordingPrinter(PrinterRecord& record, const desk::Paper& sheet)
         : record_(record), sheet_(record.sheet.value_or(sheet)) {}
     ~RecordingPrinter() override;
 
-    [[nodiscard]] host::print::Paper sheet() const override { return sheet_; }
+    [[nodiscard]] desk::Paper sheet() const override { return sheet_; }
     [[nodiscard]] host::DeviceAnswer begin(const std::wstring& name, const std::function<bool()>& goesOn) override;
     [[nodiscard]] host::DeviceAnswer startPage() override;
     [[nodiscard]] host::PageCanvas canvas() const override;
@@ -58,7 +58,7 @@ public:
 
 private:
     PrinterRecord& record_;
-    host::print::Paper sheet_;
+    desk::Paper sheet_;
     HDC page_ = nullptr;
 };
 

@@ -1,5 +1,5 @@
 // The tables that the radio held before: how their files are listed, and how one goes back into the radio.
-#include "host/backups.h"
+#include "host/shell/backups.h"
 #include "picture.h"
 #include "radio_commands.h"
 

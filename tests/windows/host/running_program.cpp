@@ -3,7 +3,7 @@
 #include <array>
 #include <stdexcept>
 
-#include "host/main_window.h"
+#include "host/shell/main_window.h"
 #include "support/windows/command.h"
 
 namespace telvar::tests {
@@ -41,15 +41,15 @@ std::wstring quoted(const std::wstring& argument) { return L" \"" + argument + L
 
 }  // namespace
 
-RunningProgram::RunningProgram(const std::vector<std::wstring>& arguments) {
-    std::wstring line = L"\"" + builtFile("TelvarHost.exe") + L"\"";
+RunningProgram::RunningProgram(const std::vector<std::wstring>& arguments, const std::string& file) {
+    std::wstring line = L"\"" + builtFile(file) + L"\"";
     for (const std::wstring& argument : arguments) {
         line += quoted(argument);
     }
     STARTUPINFOW start{};
     start.cb = sizeof start;
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process_)) {
-        throw std::runtime_error("TelvarHost.exe does not start");
+        throw std::runtime_error(file + " does not start");
     }
 }
 

@@ -1,4 +1,4 @@
-// The program as a process of its own: started with arguments, watched and ended from outside.
+// A program of this build as a process of its own: started with arguments, watched and ended from outside.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@ namespace telvar::tests {
 
 class RunningProgram {
 public:
-    explicit RunningProgram(const std::vector<std::wstring>& arguments);
+    explicit RunningProgram(const std::vector<std::wstring>& arguments, const std::string& file = "TelvarHost.exe");
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
     RunningProgram(RunningProgram&&) = delete;

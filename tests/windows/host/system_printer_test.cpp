@@ -1,9 +1,9 @@
 // The system's printers: its dialogs for them, and a document on a real one.
 #include <algorithm>
 
-#include "host/print_job.h"
-#include "host/print_page_dialogs.h"
-#include "host/print_system.h"
+#include "host/shell/print_job.h"
+#include "host/shell/print_page_dialogs.h"
+#include "host/shell/print_system.h"
 #include "installed_printer.h"
 #include "picture.h"
 #include "print_program.h"
@@ -67,12 +67,12 @@ TEST_F(SystemPrinter, TellsItsSheetAndWhatItCannotReach) {
     dialogs.expect(accept);
     const auto order = printers.choose(nullptr, setup, 1);
     ASSERT_TRUE(order);
-    const host::print::Paper sheet = order->device->sheet();
+    const desk::Paper sheet = order->device->sheet();
     EXPECT_NEAR(sheet.size.width, 842 * 20, 30);
     EXPECT_NEAR(sheet.size.height, 595 * 20, 30);
     EXPECT_NEAR(sheet.margins.left, 18 * 20, 10);
     EXPECT_TRUE(setup.landscape);
-    EXPECT_EQ(setup.sheet, (host::print::Size{21'000, 29'700}));
+    EXPECT_EQ(setup.sheet, (desk::Size{21'000, 29'700}));
 }
 
 TEST_F(SystemPrinter, ACancelledDialogIsNoOrder) {

@@ -9,19 +9,19 @@
 #include "com/kit/failure.h"
 #include "com/kit/text.h"
 #include "com/kit/variant.h"
-#include "host/table_copy.h"
-#include "host/walk_steps.h"
 #include "installed_servers.h"
 #include "support/build_paths.h"
 #include "support/temporary_folder.h"
 #include "test_settings.h"
+#include "walk/table_reading.h"
+#include "walk/walk_steps.h"
 
 namespace telvar::tests {
 
 using host::MainWindow;
-using host::Transcript;
-using host::Walk;
-using host::WalkStep;
+using walk::Transcript;
+using walk::Walk;
+using walk::WalkStep;
 
 struct WalkWithRadio : testing::Test {
     WalkWithRadio() {
@@ -41,7 +41,7 @@ struct WalkWithRadio : testing::Test {
     // The opening of the table, and the steps from `first` up to `last`.
     [[nodiscard]] std::vector<WalkStep> stepsBetween(std::wstring_view first, std::wstring_view last) {
         std::vector<WalkStep> all =
-            host::mainJob(*program, com::wide(folder / "table.telvar"), com::wide(folder.name()));
+            walk::mainJob(*program, com::wide(folder / "table.telvar"), com::wide(folder.name()));
         const auto opened = find(all, L"the table is opened and every channel is shown: ");
         const auto begin = find(all, first);
         const auto end = find(all, last);
@@ -86,7 +86,7 @@ constexpr wchar_t comparison[] = L"what came back is compared";
 TEST_F(WalkWithRadio, WhatComesBackAsItWasSentIsCounted) {
     EXPECT_TRUE(take(stepsBetween(radioBegins, comparison))) << transcript();
     const std::size_t keys =
-        host::copyTable(program->document(), *com::ComPointer<IChannelGrid>::from(program->channels())).keys.size();
+        walk::copyTable(program->document(), *com::ComPointer<IChannelGrid>::from(program->channels())).keys.size();
     EXPECT_NE(transcript().find("ok    what came back is compared with what was sent: 255 channels, " +
                                 std::to_string(keys) + " keys equal\n"),
               std::string::npos)

@@ -1,19 +1,19 @@
-#include "host/walk.h"
+#include "walk/walk.h"
 
 #include <gtest/gtest.h>
 
 #include "com/kit/failure.h"
 #include "com/kit/text.h"
-#include "host/table_copy.h"
 #include "support/temporary_folder.h"
 #include "test_settings.h"
+#include "walk/table_reading.h"
 
 namespace telvar::tests {
 
 using host::MainWindow;
-using host::Transcript;
-using host::Walk;
-using host::WalkStep;
+using walk::Transcript;
+using walk::Walk;
+using walk::WalkStep;
 
 namespace {
 
@@ -78,20 +78,20 @@ TEST_F(WalkTest, AFailureInsideAStepEndsTheWalk) {
 }
 
 TEST(TableCopy, EveryDifferenceIsNamed) {
-    host::TableCopy one{.keys = {L"TxFreq"}, .values = {{L"1"}, {L"2"}}, .cells = {{L"", L"a"}, {L"1", L"b"}}};
-    host::TableCopy other = one;
-    EXPECT_TRUE(host::differences(one, other).empty());
+    walk::TableCopy one{.keys = {L"TxFreq"}, .values = {{L"1"}, {L"2"}}, .cells = {{L"", L"a"}, {L"1", L"b"}}};
+    walk::TableCopy other = one;
+    EXPECT_TRUE(walk::differences(one, other).empty());
     other.value(2, L"TxFreq") = L"3";
     other.cell(1, 1) = L"c";
-    EXPECT_EQ(host::differences(one, other),
+    EXPECT_EQ(walk::differences(one, other),
               (std::vector<std::wstring>{L"channel 2, TxFreq: expected \"2\", found \"3\"",
                                          L"cell (1, 1): expected \"b\", found \"c\""}));
 }
 
 TEST(TableCopy, FrequenciesAreWrittenInMegahertz) {
-    EXPECT_EQ(host::megahertz(145'000'000), L"145.000000");
-    EXPECT_EQ(host::megahertz(446'006'250), L"446.006250");
-    EXPECT_EQ(host::megahertz(12), L"0.000012");
+    EXPECT_EQ(walk::megahertz(145'000'000), L"145.000000");
+    EXPECT_EQ(walk::megahertz(446'006'250), L"446.006250");
+    EXPECT_EQ(walk::megahertz(12), L"0.000012");
 }
 
 }  // namespace telvar::tests

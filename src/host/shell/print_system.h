@@ -1,0 +1,38 @@
+// The system's printers and its dialogs for them.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "host/print/device.h"
+
+namespace telvar::host {
+
+struct FreeGlobalMemory {
+    void operator()(HGLOBAL memory) const noexcept { GlobalFree(memory); }
+};
+using OwnedMemory = std::unique_ptr<void, FreeGlobalMemory>;
+
+class SystemPrinters final : public Printers {
+public:
+    // What is told where there is none; a sentence without its full stop.
+    static constexpr char noPrinter[] =
+        "There is no printer on this computer; File > Save as HTML writes the same table for a browser";
+
+    [[nodiscard]] bool setUpPage(HWND owner, PageSetup& setup) override;
+    [[nodiscard]] std::optional<PrintOrder> choose(HWND owner, PageSetup& setup, int pages) override;
+
+private:
+    // The printer of the last choice, else the default one; false where there is none.
+    bool findPrinter();
+    void forgetPrinter() noexcept;
+    void giveSetup(const PageSetup& setup);
+    void takeSetup(PageSetup& setup) const;
+
+    // As the system's dialogs exchange them: the printer's settings, and which printer it is.
+    OwnedMemory mode_;
+    OwnedMemory names_;
+};
+
+}  // namespace telvar::host

@@ -1,0 +1,50 @@
+#include "host/shell/window_placement.h"
+
+#include "win/work_area.h"
+
+namespace telvar::host {
+
+namespace {
+
+LONG widthOf(const RECT& rectangle) noexcept { return rectangle.right - rectangle.left; }
+
+LONG heightOf(const RECT& rectangle) noexcept { return rectangle.bottom - rectangle.top; }
+
+}  // namespace
+
+std::optional<Placement> loadPlacement(const win::Settings& settings) {
+    const auto left = settings.number(L"Left");
+    const auto top = settings.number(L"Top");
+    const auto width = settings.number(L"Width");
+    const auto height = settings.number(L"Height");
+    // Values beyond any screen would overflow the arithmetic.
+    const auto sensible = [](std::int32_t value) { return value > -100'000 && value < 100'000; };
+    if (!left || !top || !width || !height || *width <= 0 || *height <= 0 || !sensible(*left) || !sensible(*top) ||
+        !sensible(*width) || !sensible(*height)) {
+        return std::nullopt;
+    }
+    return Placement{.rectangle = win::fitted({*left, *top, *left + *width, *top + *height}, win::workAreas()),
+                     .maximised = settings.number(L"Maximised").value_or(0) != 0};
+}
+
+void savePlacement(win::Settings& settings, HWND window) {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (!GetWindowPlacement(window, &placement)) {
+        return;
+    }
+    const bool maximised = placement.showCmd == SW_SHOWMAXIMIZED ||
+                           (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
+    // The normal position is relative to the main monitor's work area.
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromPoint({0, 0}, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const RECT& normal = placement.rcNormalPosition;
+    settings.setNumber(L"Left", normal.left + monitor.rcWork.left - monitor.rcMonitor.left);
+    settings.setNumber(L"Top", normal.top + monitor.rcWork.top - monitor.rcMonitor.top);
+    settings.setNumber(L"Width", widthOf(normal));
+    settings.setNumber(L"Height", heightOf(normal));
+    settings.setNumber(L"Maximised", maximised ? 1 : 0);
+}
+
+}  // namespace telvar::host

@@ -1,0 +1,68 @@
+#include "walk/program.h"
+
+#include <windows.h>
+
+#include <exception>
+#include <string>
+
+#include "host/shell/command_line.h"
+#include "host/shell/dialogs.h"
+#include "host/shell/main_window.h"
+#include "host/shell/ole.h"
+#include "host/shell/program.h"
+#include "host/shell/sentences.h"
+#include "walk/transcript.h"
+#include "walk/walk.h"
+#include "walk/walk_steps.h"
+#include "walk/watchdog.h"
+
+namespace telvar::walk {
+
+namespace {
+
+constexpr wchar_t settingsKey[] = L"Software\\Telvar\\HostWalk";
+constexpr DWORD longestWalk = 180'000;  // milliseconds
+
+// With settings of its own, which begin empty each time.
+ExitStatus walk(const std::wstring& folder, const std::wstring& file) {
+    CreateDirectoryW(folder.c_str(), nullptr);
+    Transcript transcript(folder + L"\\transcript.txt");
+    const Watchdog watchdog(longestWalk, static_cast<UINT>(ExitStatus::Hung),
+                            [&] { transcript.line(L"FAIL  the program hangs"); });
+    RegDeleteTreeW(HKEY_CURRENT_USER, settingsKey);
+    host::MainWindow window(settingsKey);
+    Walk walk(window, transcript, folder);
+    // Before the window opens, so that a message box on the way there is noticed.
+    walk.start(mainJob(window, file, folder));
+    try {
+        window.open({});
+    } catch (const std::exception& failure) {
+        transcript.line(L"FAIL  " + host::sentenceFor(failure));
+        return ExitStatus::CannotStart;
+    }
+    window.show(SW_SHOWNORMAL);
+    host::pumpMessages(window);
+    return walk.conclude() ? ExitStatus::Fine : ExitStatus::Differed;
+}
+
+ExitStatus run() {
+    const std::vector<std::wstring> arguments = host::processArguments();
+    if (arguments.size() != 2) {
+        host::tellFailure(nullptr, L"The walk needs a folder for what it writes, and a channel table to open.");
+        return ExitStatus::BadArguments;
+    }
+    const host::Ole ole;
+    return walk(host::absolutePath(arguments[0]), host::absolutePath(arguments[1]));
+}
+
+}  // namespace
+
+int runProgram() noexcept {
+    try {
+        return static_cast<int>(run());
+    } catch (const std::exception&) {
+        return static_cast<int>(ExitStatus::CannotStart);
+    }
+}
+
+}  // namespace telvar::walk

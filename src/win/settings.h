@@ -1,0 +1,41 @@
+// What the program remembers between runs, in one registry key of the user. A key that cannot be opened or written is
+// no failure: reading answers nothing and writing is lost.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace telvar::win {
+
+class Settings {
+public:
+    // `key` is below HKEY_CURRENT_USER and is created when it does not exist.
+    explicit Settings(const std::wstring& key);
+    Settings(const Settings&) = delete;
+    Settings& operator=(const Settings&) = delete;
+    Settings(Settings&&) = delete;
+    Settings& operator=(Settings&&) = delete;
+    ~Settings();
+
+    [[nodiscard]] std::optional<std::int32_t> number(const wchar_t* name) const;
+    void setNumber(const wchar_t* name, std::int32_t value);
+
+    [[nodiscard]] std::vector<std::wstring> list(const wchar_t* name) const;
+    void setList(const wchar_t* name, const std::vector<std::wstring>& values);
+
+    // Whether there is a value of that name, of whatever kind.
+    [[nodiscard]] bool has(const wchar_t* name) const;
+    [[nodiscard]] std::optional<std::wstring> text(const wchar_t* name) const;
+    // For what must not be lost: whether it was kept or is gone.
+    [[nodiscard]] bool setText(const wchar_t* name, const std::wstring& value);
+    [[nodiscard]] bool remove(const wchar_t* name);
+
+private:
+    HKEY key_ = nullptr;
+};
+
+}  // namespace telvar::win
