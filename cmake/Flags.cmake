@@ -32,6 +32,10 @@ target_link_libraries(telvar_flags INTERFACE Threads::Threads)
 target_compile_definitions(telvar_flags INTERFACE ASIO_STANDALONE ASIO_NO_DEPRECATED)
 
 if(WIN32)
+    # The linker keeps one of several copies of an inline function. This compiler takes the copy before its eyes for that one and
+    # lets a caller rely on the registers that it leaves alone; the copy that is kept may have been compiled otherwise, and uses them.
+    add_compile_options(-fno-ipa-ra)
+
     # Windows 7 and later.
     target_compile_definitions(telvar_flags INTERFACE
         UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
