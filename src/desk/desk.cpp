@@ -22,8 +22,9 @@ Desk::Desk(const World& world, SettingsStore& settings, const PasswordHasher& ha
       radio_(bench_),
       exchange_(bench_, radio_, *this) {}
 
-void Desk::begin(const std::string& file) {
+void Desk::begin(const std::function<void()>& join, const std::string& file) {
     rememberRadio();
+    bench_.call([&](Control& /*control*/) { join(); });
     logins_.apply();
     bench_.attempt([this] { bench_.store.newTable(); });
     showOther();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -26,9 +27,9 @@ public:
     // All outlive this.
     Desk(const World& world, SettingsStore& settings, const PasswordHasher& hasher);
 
-    // Once control, store and link are joined: a new table, and then `file` if it is not empty. What cannot be done is
-    // told.
-    void begin(const std::string& file);
+    // Joins control, store and link by `join`, whose failures go through; then a new table, and `file` if it is not
+    // empty. What cannot be done of that is told.
+    void begin(const std::function<void()>& join, const std::string& file);
 
     // Does nothing where the command is not allowed now. A failure is told.
     void run(Command command);

@@ -1,11 +1,14 @@
 #include "desk/page_setup.h"
 
+#include <algorithm>
+
 namespace telvar::desk {
 
 namespace {
 
 constexpr int twipsPerInch = 1440;
 constexpr int perInch = 2540;
+constexpr int perMillimetre = 100;
 // From a matchbox to a poster.
 constexpr int shortestSide = 3'000;
 constexpr int longestSide = 200'000;
@@ -86,6 +89,48 @@ Paper paperOf(const PageSetup& setup) noexcept {
     return {.size = {twips(size.width), twips(size.height)},
             .margins = {twips(setup.margins.left), twips(setup.margins.top), twips(setup.margins.right),
                         twips(setup.margins.bottom)}};
+}
+
+std::optional<int> readMillimetres(std::string_view text) noexcept {
+    while (text.starts_with(' ')) {
+        text.remove_prefix(1);
+    }
+    while (text.ends_with(' ')) {
+        text.remove_suffix(1);
+    }
+    constexpr int tooMuch = 10'000;  // millimetres
+    int whole = 0;
+    int part = 0;
+    int worth = 0;  // of a decimal, in hundredths; 0 before the point
+    bool any = false;
+    for (const char each : text) {
+        if ((each == '.' || each == ',') && worth == 0 && any) {
+            worth = perMillimetre;
+        } else if (each < '0' || each > '9' || worth == 1) {
+            return std::nullopt;
+        } else if (worth != 0) {
+            worth /= 10;
+            part += (each - '0') * worth;
+        } else {
+            whole = std::min(whole * 10 + (each - '0'), tooMuch);
+            any = true;
+        }
+    }
+    if (whole == tooMuch) {
+        return std::nullopt;
+    }
+    return any ? std::optional(whole * perMillimetre + part) : std::nullopt;
+}
+
+std::string millimetresText(int hundredths) {
+    std::string text = std::to_string(hundredths / perMillimetre);
+    if (const int part = hundredths % perMillimetre; part != 0) {
+        text += "." + std::to_string(part / 10);
+        if (part % 10 != 0) {
+            text += std::to_string(part % 10);
+        }
+    }
+    return text;
 }
 
 }  // namespace telvar::desk

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "desk/page_layout.h"
@@ -46,5 +48,9 @@ void savePageSetup(SettingsStore& settings, const PageSetup& setup);
 
 // In twips, turned as it is read.
 [[nodiscard]] Paper paperOf(const PageSetup& setup) noexcept;
+
+// Millimetres with at most two decimals, behind a point or a comma; hundredths of them.
+[[nodiscard]] std::optional<int> readMillimetres(std::string_view text) noexcept;
+[[nodiscard]] std::string millimetresText(int hundredths);
 
 }  // namespace telvar::desk

@@ -5,15 +5,17 @@
 #include <exception>
 #include <string>
 
+#include "com/kit/text.h"
+#include "desk/sentences.h"
 #include "host/shell/command_line.h"
 #include "host/shell/dialogs.h"
 #include "host/shell/main_window.h"
 #include "host/shell/ole.h"
 #include "host/shell/program.h"
-#include "host/shell/sentences.h"
 #include "walk/transcript.h"
 #include "walk/walk.h"
 #include "walk/walk_steps.h"
+#include "walk/walked_program.h"
 #include "walk/watchdog.h"
 
 namespace telvar::walk {
@@ -32,23 +34,24 @@ ExitStatus walk(const std::wstring& folder, const std::wstring& file) {
     RegDeleteTreeW(HKEY_CURRENT_USER, settingsKey);
     host::MainWindow window(settingsKey);
     Walk walk(window, transcript, folder);
-    // Before the window opens, so that a message box on the way there is noticed.
-    walk.start(mainJob(window, file, folder));
     try {
-        window.open({});
+        WalkedProgram program(window, host::installedComponents());
+        // Before the window opens, so that a message box on the way there is noticed.
+        walk.start(mainJob(program, file, folder));
+        window.open({}, program.components());
+        window.show(SW_SHOWNORMAL);
+        host::pumpMessages(window);
     } catch (const std::exception& failure) {
-        transcript.line(L"FAIL  " + host::sentenceFor(failure));
+        transcript.line(L"FAIL  " + com::wide(desk::sentenceFor(failure)));
         return ExitStatus::CannotStart;
     }
-    window.show(SW_SHOWNORMAL);
-    host::pumpMessages(window);
     return walk.conclude() ? ExitStatus::Fine : ExitStatus::Differed;
 }
 
 ExitStatus run() {
     const std::vector<std::wstring> arguments = host::processArguments();
     if (arguments.size() != 2) {
-        host::tellFailure(nullptr, L"The walk needs a folder for what it writes, and a channel table to open.");
+        host::tellFailure(nullptr, "The walk needs a folder for what it writes, and a channel table to open.");
         return ExitStatus::BadArguments;
     }
     const host::Ole ole;

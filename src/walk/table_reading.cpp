@@ -83,14 +83,14 @@ std::wstring& TableCopy::value(int channel, const std::wstring& key) {
     return values.at(static_cast<std::size_t>(channel - 1)).at(static_cast<std::size_t>(found - keys.begin()));
 }
 
-TableCopy copyTable(const host::Document& document, IChannelGrid& grid) {
+TableCopy copyTable(const WalkedProgram& program, IChannelGrid& grid) {
     TableCopy copy;
-    const std::vector<Key> keys = keysOf(*document.record(1));
+    const std::vector<Key> keys = keysOf(*program.record(1));
     for (const Key& key : keys) {
         copy.keys.push_back(key.name);
     }
     for (int channel = 1; channel <= TableCopy::channels; ++channel) {
-        const auto record = document.record(channel);
+        const auto record = program.record(channel);
         std::vector<std::wstring>& values = copy.values.emplace_back();
         for (const Key& key : keys) {
             values.push_back(valueText(*record, key.member));

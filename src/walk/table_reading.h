@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Tesslin.h"
-#include "host/shell/document.h"
+#include "walk/walked_program.h"
 
 namespace telvar::walk {
 
@@ -29,7 +29,7 @@ struct TableCopy {
 };
 
 // Throws com::ComFailure where the store or the grid does not answer.
-[[nodiscard]] TableCopy copyTable(const host::Document& document, IChannelGrid& grid);
+[[nodiscard]] TableCopy copyTable(const WalkedProgram& program, IChannelGrid& grid);
 
 // One sentence for each difference, none when the two are equal.
 [[nodiscard]] std::vector<std::wstring> differences(const TableCopy& expected, const TableCopy& found);

@@ -4,7 +4,8 @@
 #include <array>
 #include <utility>
 
-#include "host/shell/sentences.h"
+#include "com/kit/text.h"
+#include "desk/sentences.h"
 #include "walk/screenshot.h"
 
 namespace telvar::walk {
@@ -101,7 +102,7 @@ void CALLBACK Walk::ticked(HWND, UINT, UINT_PTR timer, DWORD) noexcept {
         walk->tick();
     } catch (const std::exception& failure) {
         walk->inside_ = false;
-        walk->fail(host::sentenceFor(failure));
+        walk->fail(com::wide(desk::sentenceFor(failure)));
     }
 }
 

@@ -61,14 +61,14 @@ std::vector<std::string> levelRequests(const std::wstring& trace) {
 }  // namespace
 
 void WalkJob::traceRadio() {
-    const auto control = com::ComPointer<_ChannelInformation>::from(window_.channels());
+    const auto control = com::ComPointer<_ChannelInformation>::from(program_.components().control);
     com::ComPointer<IRadioLink> link;
     com::checkCall(control->get_plibRadioComms(link.put()));
     if (!link) {
         throw com::ComFailure(E_NOINTERFACE, "The control has no radio link");
     }
     com::checkCall(link->put_TraceFile(com::Bstr(std::wstring_view(trace_)).get()));
-    expected_ = copyTable(window_.document(), *grid());
+    expected_ = copyTable(program_, *grid());
     sent_ = firstTransmitting();
 }
 
@@ -101,7 +101,7 @@ void WalkJob::addEditFormOpening(std::vector<WalkStep>& steps) {
                          },
                      .done =
                          [this] {
-                             return idle() && window_.accessLevel() == host::AccessLevel::Everything && showsSliders() &&
+                             return idle() && program_.level() == L"Everything" && showsSliders() &&
                                     GetForegroundWindow() == shownEditForm();
                          },
                      .picture = L"25-everything",
@@ -130,7 +130,7 @@ void WalkJob::addApply(std::vector<WalkStep>& steps) {
                      .check = [this] { return checkCells(); },
                      .picture = L"27-applied"});
     steps.push_back({.text = L"and the table counts as modified",
-                     .done = [this] { return window_.document().modified() && title().starts_with(L'*'); }});
+                     .done = [this] { return program_.modified() && title().starts_with(L'*'); }});
 }
 
 void WalkJob::addLiveLevel(std::vector<WalkStep>& steps) {
@@ -168,7 +168,7 @@ bool WalkJob::movedLevel(int by) const {
 
 // What the synthesizers are set to is the form's own choice.
 WalkJob::Lines WalkJob::checkEdited() {
-    TableCopy found = copyTable(window_.document(), *grid());
+    TableCopy found = copyTable(program_, *grid());
     for (const wchar_t* const key : {L"SynthStep", L"Modulo", L"RxSynthStep", L"RxModulo"}) {
         expected_.value(sent_.channel, key) = found.value(sent_.channel, key);
     }

@@ -40,7 +40,7 @@ WalkJob::Lines WalkJob::checkFilled() {
         }
         filled.cell(channel, transmitColumn) = megahertz(hertz);
     }
-    return differences(filled, copyTable(window_.document(), *grid()));
+    return differences(filled, copyTable(program_, *grid()));
 }
 
 void WalkJob::addEditing(std::vector<WalkStep>& steps) {
@@ -71,7 +71,7 @@ void WalkJob::addEditing(std::vector<WalkStep>& steps) {
     steps.push_back({.text = L"a paste of something that is no frequency is refused",
                      .act =
                          [this] {
-                             setClipboard(window_.window(), L"nonsense");
+                             setClipboard(program_.window(), L"nonsense");
                              press({VK_CONTROL, 'V'});
                          },
                      .done = [] { return Walk::dialog() != nullptr; },
@@ -113,7 +113,7 @@ void WalkJob::addPasswords(std::vector<WalkStep>& steps) {
                              press({VK_MENU, 'A'});
                              press({'O'});
                          },
-                     .done = [this] { return window_.accessLevel() == host::AccessLevel::View; }});
+                     .done = [this] { return program_.level() == L"View"; }});
 }
 
 void WalkJob::addLogin(std::vector<WalkStep>& steps) {
@@ -122,11 +122,10 @@ void WalkJob::addLogin(std::vector<WalkStep>& steps) {
                      .done = [] { return dialogTitled(L"Log In"); },
                      .picture = L"12-login",
                      .dialog = true});
-    steps.push_back(
-        {.text = L"Enter logs in for editing channels, and the fill dialog opens",
-         .act = [] { press({VK_RETURN}); },
-         .done = [this] { return window_.accessLevel() == host::AccessLevel::EditChannels && dialogTitled(L"Channel Fill"); },
-         .dialog = true});
+    steps.push_back({.text = L"Enter logs in for editing channels, and the fill dialog opens",
+                     .act = [] { press({VK_RETURN}); },
+                     .done = [this] { return program_.level() == L"Edit channels" && dialogTitled(L"Channel Fill"); },
+                     .dialog = true});
 }
 
 void WalkJob::addFill(std::vector<WalkStep>& steps) {

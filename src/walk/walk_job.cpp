@@ -36,7 +36,7 @@ std::vector<std::wstring> expectEqual(const std::wstring& what, const std::wstri
 }
 
 com::ComPointer<IChannelGrid> WalkJob::grid() const {
-    auto grid = com::ComPointer<IChannelGrid>::from(window_.channels());
+    auto grid = com::ComPointer<IChannelGrid>::from(program_.components().control);
     if (!grid) {
         throw com::ComFailure(E_NOINTERFACE, "The control does not show its grid to its host");
     }
@@ -56,13 +56,14 @@ long WalkJob::gridNumber(HRESULT (STDMETHODCALLTYPE IChannelGrid::*property)(lon
 }
 
 std::wstring WalkJob::title() const {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window_.window())) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window_.window(), text.data(), static_cast<int>(text.size()))));
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(program_.window())) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextW(program_.window(), text.data(), static_cast<int>(text.size()))));
     return text;
 }
 
 bool WalkJob::opened(const std::wstring& path) const {
-    return idle() && CompareStringOrdinal(window_.document().path().c_str(), -1, path.c_str(), -1, TRUE) == CSTR_EQUAL;
+    return idle() && CompareStringOrdinal(program_.path().c_str(), -1, path.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 void WalkJob::enterFileName(const std::wstring& path) {
@@ -76,12 +77,12 @@ void WalkJob::enterFileName(const std::wstring& path) {
 // The caption, and every frequency cell as the store's own value would be written.
 WalkJob::Lines WalkJob::checkOpened() {
     com::Bstr title;
-    com::checkCall(window_.document().store()->get_DatabaseTitle(title.put()));
+    com::checkCall(program_.components().store->get_DatabaseTitle(title.put()));
     Lines wrong =
         expectEqual(L"the window's title", L"Channel Information - " + std::wstring(title.view()), WalkJob::title());
     const Lines cells = checkCells();
     wrong.insert(wrong.end(), cells.begin(), cells.end());
-    expected_ = copyTable(window_.document(), *grid());
+    expected_ = copyTable(program_, *grid());
     return wrong;
 }
 
@@ -89,7 +90,7 @@ WalkJob::Lines WalkJob::checkCells() {
     Lines wrong;
     for (int channel = 1; channel <= TableCopy::channels; ++channel) {
         com::Variant frequency;
-        com::checkCall(window_.document().record(channel)->get_TxFreq(frequency.put()));
+        com::checkCall(program_.record(channel)->get_TxFreq(frequency.put()));
         const long hertz = numberOf(std::move(frequency));
         const Lines lines = expectEqual(L"transmit frequency of channel " + std::to_wstring(channel),
                                         hertz == 0 ? L"X" : megahertz(hertz), cell(channel, transmitColumn));
@@ -101,7 +102,7 @@ WalkJob::Lines WalkJob::checkCells() {
 // The first one.
 Transmitting WalkJob::firstTransmitting() const {
     for (int channel = 1; channel <= TableCopy::channels; ++channel) {
-        const auto record = window_.document().record(channel);
+        const auto record = program_.record(channel);
         com::Variant frequency;
         com::checkCall(record->get_TxFreq(frequency.put()));
         com::Variant step;
@@ -116,13 +117,13 @@ Transmitting WalkJob::firstTransmitting() const {
 void WalkJob::changeFrequency() {
     const Transmitting first = firstTransmitting();
     const long hertz = first.hertz + first.step;
-    com::checkCall(window_.document().record(first.channel)->put_TxFreq(com::Variant(std::int32_t{hertz}).get()));
+    com::checkCall(program_.record(first.channel)->put_TxFreq(com::Variant(std::int32_t{hertz}).get()));
     changedChannel_ = first.channel;
     changedText_ = megahertz(hertz);
     expected_.value(first.channel, L"TxFreq") = std::to_wstring(hertz);
     expected_.cell(first.channel, transmitColumn) = changedText_;
 }
 
-WalkJob::Lines WalkJob::checkUnchanged() { return differences(expected_, copyTable(window_.document(), *grid())); }
+WalkJob::Lines WalkJob::checkUnchanged() { return differences(expected_, copyTable(program_, *grid())); }
 
 }  // namespace telvar::walk

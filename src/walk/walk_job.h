@@ -26,8 +26,8 @@ struct Transmitting {
 
 class WalkJob {
 public:
-    WalkJob(host::MainWindow& window, std::wstring sample, const std::wstring& folder)
-        : window_(window),
+    WalkJob(WalkedProgram& program, std::wstring sample, const std::wstring& folder)
+        : program_(program),
           sample_(std::move(sample)),
           copy_(folder + L"\\walk-copy.telvar"),
           radioFile_(folder + L"\\walk-radio.telvar-radio"),
@@ -81,7 +81,7 @@ private:
     // The line at the window's foot.
     [[nodiscard]] std::wstring statusText() const;
     // Whether the program's menu has the command enabled.
-    [[nodiscard]] bool offered(int command) const;
+    [[nodiscard]] bool offered(desk::Command command) const;
     // Of the exchange under way, as the line at the foot says; -1 where it says none.
     [[nodiscard]] int shownPercent() const;
 
@@ -104,7 +104,7 @@ private:
     [[nodiscard]] bool frequencyBack() const { return cell(sent_.channel, transmitColumn) == megahertz(sent_.hertz); }
     static void enterFileName(const std::wstring& path);
 
-    host::MainWindow& window_;
+    WalkedProgram& program_;
     std::wstring sample_;
     std::wstring copy_;
     std::wstring radioFile_;  // what the simulated radio holds

@@ -44,22 +44,17 @@ long otherFrequency(const Transmitting& channel) { return channel.hertz + channe
 
 }  // namespace
 
-std::wstring WalkJob::statusText() const {
-    const HWND bar = GetDlgItem(window_.window(), CHILD_STATUS_BAR);
-    std::wstring text(LOWORD(SendMessageW(bar, SB_GETTEXTLENGTHW, 0, 0)), L'\0');
-    SendMessageW(bar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text.data()));
-    return text;
-}
+std::wstring WalkJob::statusText() const { return program_.statusText(0); }
 
-bool WalkJob::offered(int command) const {
-    const HMENU bar = GetMenu(window_.window());
+bool WalkJob::offered(desk::Command command) const {
+    const HMENU bar = GetMenu(program_.window());
     constexpr auto missing = static_cast<UINT>(-1);
     for (int index = 0; index < GetMenuItemCount(bar); ++index) {
         const HMENU menu = GetSubMenu(bar, index);
         if (GetMenuState(menu, static_cast<UINT>(command), MF_BYCOMMAND) == missing) {
             continue;
         }
-        SendMessageW(window_.window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), index);
+        SendMessageW(program_.window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), index);
         return (GetMenuState(menu, static_cast<UINT>(command), MF_BYCOMMAND) & MF_GRAYED) == 0;
     }
     return false;
@@ -68,19 +63,20 @@ bool WalkJob::offered(int command) const {
 int WalkJob::shownPercent() const {
     constexpr std::wstring_view before = L"Sending to the radio: ";
     const std::wstring text = statusText();
-    const bool shows = IsWindowVisible(GetDlgItem(GetDlgItem(window_.window(), CHILD_STATUS_BAR), CHILD_PROGRESS));
+    const bool shows = IsWindowVisible(GetDlgItem(GetDlgItem(program_.window(), CHILD_STATUS_BAR), CHILD_PROGRESS));
     return shows && text.starts_with(before) ? std::stoi(text.substr(before.size())) : -1;
 }
 
 // Everything that an exchange takes away is there again.
 WalkJob::Lines WalkJob::checkCommands() {
     Lines wrong;
-    for (const int command : {COMMAND_RADIO_SEND, COMMAND_RADIO_LOAD, COMMAND_RADIO_CONNECTION, COMMAND_OPEN,
-                              COMMAND_SAVE, COMMAND_PASTE}) {
-        append(wrong,
-               expectEqual(L"command " + std::to_wstring(command) + L" is offered", L"yes", yesOrNo(offered(command))));
+    for (const desk::Command command :
+         {desk::Command::RadioSend, desk::Command::RadioLoad, desk::Command::RadioConnection, desk::Command::Open,
+          desk::Command::Save, desk::Command::Paste}) {
+        append(wrong, expectEqual(L"command " + std::to_wstring(static_cast<int>(command)) + L" is offered", L"yes",
+                                  yesOrNo(offered(command))));
     }
-    append(wrong, expectEqual(L"cancelling is offered", L"no", yesOrNo(offered(COMMAND_RADIO_CANCEL))));
+    append(wrong, expectEqual(L"cancelling is offered", L"no", yesOrNo(offered(desk::Command::RadioCancel))));
     return wrong;
 }
 
@@ -93,7 +89,7 @@ WalkJob::Lines WalkJob::checkRadioFile(bool changed) {
 
 // What came back is what was sent: every key of every channel, and every cell.
 WalkJob::Lines WalkJob::checkLoaded() {
-    const TableCopy found = copyTable(window_.document(), *grid());
+    const TableCopy found = copyTable(program_, *grid());
     Lines wrong = differences(expected_, found);
     append(wrong, expectEqual(L"channels", std::to_wstring(TableCopy::channels), std::to_wstring(found.values.size())));
     append(wrong, expectEqual(L"there are keys", L"yes", yesOrNo(!found.keys.empty())));
@@ -102,7 +98,7 @@ WalkJob::Lines WalkJob::checkLoaded() {
 
 // A radio that is empty at first and has its files in the walk's own folder. The menu does not offer that.
 void WalkJob::useOwnRadio() {
-    const auto control = com::ComPointer<_ChannelInformation>::from(window_.channels());
+    const auto control = com::ComPointer<_ChannelInformation>::from(program_.components().control);
     com::ComPointer<IRadioLink> link;
     com::checkCall(control->get_plibRadioComms(link.put()));
     if (!link) {
@@ -110,12 +106,12 @@ void WalkJob::useOwnRadio() {
     }
     com::checkCall(link->put_StateFile(com::Bstr(std::wstring_view(radioFile_)).get()));
     com::checkCall(link->put_BackupFolder(com::Bstr(std::wstring_view(backups_)).get()));
-    tableBytes_ = contentsOf(window_.document().path());
+    tableBytes_ = contentsOf(program_.path());
     sent_ = firstTransmitting();
 }
 
 void WalkJob::pasteFrequency(long hertz) {
-    setClipboard(window_.window(), megahertz(hertz));
+    setClipboard(program_.window(), megahertz(hertz));
     goToTransmitting();
     press({VK_CONTROL, 'V'});
 }
@@ -150,7 +146,7 @@ WalkStep WalkJob::sendStep(const std::wstring& what, const std::wstring& picture
 WalkStep WalkJob::saveStep(const std::wstring& what) {
     return {.text = what,
             .act = [] { press({VK_CONTROL, 'S'}); },
-            .done = [this] { return idle() && !window_.document().modified(); }};
+            .done = [this] { return idle() && !program_.modified(); }};
 }
 
 void WalkJob::addFault(std::vector<WalkStep>& steps, const std::wstring& plan, const std::wstring& what) {
@@ -188,7 +184,7 @@ void WalkJob::addRefusedSend(std::vector<WalkStep>& steps) {
                      .dialog = true});
     steps.push_back({.text = L"nothing was sent, and the commands are back",
                      .act = [] { press({VK_RETURN}); },
-                     .done = [this] { return idle() && offered(COMMAND_RADIO_SEND); },
+                     .done = [this] { return idle() && offered(desk::Command::RadioSend); },
                      .check =
                          [this] {
                              Lines wrong = checkCommands();
@@ -248,8 +244,7 @@ void WalkJob::addLoad(std::vector<WalkStep>& steps) {
                          }});
     WalkStep save = saveStep(L"Ctrl+S saves it, byte by byte as it was");
     save.check = [this] {
-        return expectEqual(L"the saved file is the same", L"yes",
-                           yesOrNo(contentsOf(window_.document().path()) == tableBytes_));
+        return expectEqual(L"the saved file is the same", L"yes", yesOrNo(contentsOf(program_.path()) == tableBytes_));
     };
     steps.push_back(std::move(save));
 }
@@ -257,7 +252,7 @@ void WalkJob::addLoad(std::vector<WalkStep>& steps) {
 void WalkJob::addCutSend(std::vector<WalkStep>& steps) {
     WalkStep paste = pasteStep(L"a channel gets another frequency again", otherFrequency);
     paste.check = [this] {
-        expected_ = copyTable(window_.document(), *grid());
+        expected_ = copyTable(program_, *grid());
         return Lines();
     };
     steps.push_back(std::move(paste));

@@ -10,11 +10,11 @@ namespace telvar::walk {
 
 WalkStep WalkJob::startStep() {
     return {.text = L"the program starts with an empty table",
-            .act = [this] { SetForegroundWindow(window_.window()); },
-            .done = [this] { return GetForegroundWindow() == window_.window() && GetFocus() != window_.window(); },
+            .act = [this] { SetForegroundWindow(program_.window()); },
+            .done = [this] { return GetForegroundWindow() == program_.window() && GetFocus() != program_.window(); },
             .check =
                 [this] {
-                    Lines wrong = expectEqual(L"the file of the new table", L"", window_.document().path());
+                    Lines wrong = expectEqual(L"the file of the new table", L"", program_.path());
                     const Lines cells = checkCells();
                     wrong.insert(wrong.end(), cells.begin(), cells.end());
                     return wrong;
@@ -69,7 +69,7 @@ void WalkJob::addChange(std::vector<WalkStep>& steps) {
                      .done = [this] { return cell(changedChannel_, transmitColumn) == changedText_; },
                      .check = [this] { return checkUnchanged(); }});
     steps.push_back({.text = L"the title marks the table as modified",
-                     .done = [this] { return window_.document().modified() && title().starts_with(L'*'); },
+                     .done = [this] { return program_.modified() && title().starts_with(L'*'); },
                      .picture = L"06-changed"});
     steps.push_back({.text = L"Ctrl+N asks whether to save the changes",
                      .act = [] { press({VK_CONTROL, 'N'}); },
@@ -93,8 +93,8 @@ void WalkJob::addSaving(std::vector<WalkStep>& steps) {
                      .done = [this] { return opened(copy_) && !title().starts_with(L'*'); },
                      .check =
                          [this] {
-                             Lines wrong = expectEqual(L"modified after saving", L"no",
-                                                       window_.document().modified() ? L"yes" : L"no");
+                             Lines wrong =
+                                 expectEqual(L"modified after saving", L"no", program_.modified() ? L"yes" : L"no");
                              if (contentsOf(sample_) != sampleBytes_) {
                                  wrong.emplace_back(L"the file that was opened first has changed");
                              }
@@ -123,7 +123,7 @@ void WalkJob::addReopening(std::vector<WalkStep>& steps) {
 WalkStep WalkJob::endStep() {
     return {.text = L"Alt+F4 ends the program",
             .act = [] { press({VK_MENU, VK_F4}); },
-            .done = [this] { return window_.window() == nullptr; }};
+            .done = [this] { return program_.window() == nullptr; }};
 }
 
 std::vector<WalkStep> WalkJob::steps() {
@@ -143,8 +143,8 @@ std::vector<WalkStep> WalkJob::steps() {
     return steps;
 }
 
-std::vector<WalkStep> mainJob(host::MainWindow& window, const std::wstring& sample, const std::wstring& folder) {
-    const auto job = std::make_shared<WalkJob>(window, sample, folder);
+std::vector<WalkStep> mainJob(WalkedProgram& program, const std::wstring& sample, const std::wstring& folder) {
+    const auto job = std::make_shared<WalkJob>(program, sample, folder);
     std::vector<WalkStep> steps = job->steps();
     // The steps refer to the job, so each keeps it.
     for (WalkStep& step : steps) {

@@ -27,10 +27,9 @@ std::optional<std::int32_t> Settings::number(const wchar_t* name) const {
     return static_cast<std::int32_t>(value);
 }
 
-void Settings::setNumber(const wchar_t* name, std::int32_t value) {
-    if (key_ != nullptr) {
-        RegSetValueExW(key_, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
-    }
+bool Settings::setNumber(const wchar_t* name, std::int32_t value) {
+    return key_ != nullptr && RegSetValueExW(key_, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value),
+                                             sizeof value) == ERROR_SUCCESS;
 }
 
 std::vector<std::wstring> Settings::list(const wchar_t* name) const {
@@ -51,18 +50,15 @@ std::vector<std::wstring> Settings::list(const wchar_t* name) const {
     return result;
 }
 
-void Settings::setList(const wchar_t* name, const std::vector<std::wstring>& values) {
-    if (key_ == nullptr) {
-        return;
-    }
+bool Settings::setList(const wchar_t* name, const std::vector<std::wstring>& values) {
     std::wstring text;
     for (const std::wstring& value : values) {
         text += value;
         text += L'\0';
     }
     text += L'\0';
-    RegSetValueExW(key_, name, 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(text.data()),
-                   static_cast<DWORD>(text.size() * sizeof(wchar_t)));
+    return key_ != nullptr && RegSetValueExW(key_, name, 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(text.data()),
+                                             static_cast<DWORD>(text.size() * sizeof(wchar_t))) == ERROR_SUCCESS;
 }
 
 bool Settings::has(const wchar_t* name) const {

@@ -21,18 +21,18 @@ public:
     Settings& operator=(Settings&&) = delete;
     ~Settings();
 
+    // Each that changes something answers whether the value is kept, or gone.
     [[nodiscard]] std::optional<std::int32_t> number(const wchar_t* name) const;
-    void setNumber(const wchar_t* name, std::int32_t value);
+    bool setNumber(const wchar_t* name, std::int32_t value);
 
     [[nodiscard]] std::vector<std::wstring> list(const wchar_t* name) const;
-    void setList(const wchar_t* name, const std::vector<std::wstring>& values);
+    bool setList(const wchar_t* name, const std::vector<std::wstring>& values);
 
     // Whether there is a value of that name, of whatever kind.
     [[nodiscard]] bool has(const wchar_t* name) const;
     [[nodiscard]] std::optional<std::wstring> text(const wchar_t* name) const;
-    // For what must not be lost: whether it was kept or is gone.
-    [[nodiscard]] bool setText(const wchar_t* name, const std::wstring& value);
-    [[nodiscard]] bool remove(const wchar_t* name);
+    bool setText(const wchar_t* name, const std::wstring& value);
+    bool remove(const wchar_t* name);
 
 private:
     HKEY key_ = nullptr;

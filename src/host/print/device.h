@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "host/print/page_setup.h"
+#include "desk/page_setup.h"
 #include "host/print/painter.h"
 
 namespace telvar::host {
@@ -60,10 +60,10 @@ public:
     virtual ~Printers() = default;
 
     // The user's changes of the set-up; false when cancelled.
-    [[nodiscard]] virtual bool setUpPage(HWND owner, PageSetup& setup) = 0;
+    [[nodiscard]] virtual bool setUpPage(HWND owner, desk::PageSetup& setup) = 0;
     // A printer of the user's choice; nothing when cancelled. May change the paper. Throws base::Failure with one
     // sentence where there is none.
-    [[nodiscard]] virtual std::optional<PrintOrder> choose(HWND owner, PageSetup& setup, int pages) = 0;
+    [[nodiscard]] virtual std::optional<PrintOrder> choose(HWND owner, desk::PageSetup& setup, int pages) = 0;
 };
 
 }  // namespace telvar::host

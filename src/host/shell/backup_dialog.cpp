@@ -1,5 +1,6 @@
 #include "host/shell/backup_dialog.h"
 
+#include "com/kit/text.h"
 #include "host/shell/dialog.h"
 #include "host/shell/dialogs.h"
 #include "host/shell/resource.h"
@@ -10,14 +11,16 @@ namespace {
 
 class BackupDialog final : public Dialog {
 public:
-    BackupDialog(std::span<const Backup> backups, const std::wstring& folder) : backups_(backups), folder_(folder) {}
+    BackupDialog(const desk::System& system, std::span<const desk::Backup> backups, const std::string& folder)
+        : system_(system), backups_(backups), folder_(folder) {}
 
-    RestoreChoice choice;
+    desk::RestoreChoice choice;
 
 private:
     HWND begin() override {
-        for (const Backup& backup : backups_) {
-            SendMessageW(item(BACKUP_LIST), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(backupText(backup).c_str()));
+        for (const desk::Backup& backup : backups_) {
+            SendMessageW(item(BACKUP_LIST), LB_ADDSTRING, 0,
+                         reinterpret_cast<LPARAM>(com::wide(desk::backupText(system_, backup)).c_str()));
         }
         SendMessageW(item(BACKUP_LIST), LB_SETCURSEL, 0, 0);
         SendMessageW(item(BACKUP_LOAD), BM_SETCHECK, BST_CHECKED, 0);
@@ -25,7 +28,7 @@ private:
             EnableWindow(item(IDOK), FALSE);
             EnableWindow(item(BACKUP_LIST), FALSE);
             EnableWindow(item(BACKUP_LOAD), FALSE);
-            note(L"No send has kept anything yet in " + folder_ + L".");
+            note("No send has kept anything yet in " + folder_ + ".");
             return item(IDCANCEL);
         }
         return item(BACKUP_LIST);
@@ -34,7 +37,7 @@ private:
     bool accept() override {
         const auto chosen = static_cast<std::size_t>(SendMessageW(item(BACKUP_LIST), LB_GETCURSEL, 0, 0));
         if (chosen >= backups_.size()) {
-            refuse(BACKUP_LIST, L"Choose one of the tables.");
+            refuse(BACKUP_LIST, "Choose one of the tables.");
             return false;
         }
         choice.backup = backups_[chosen];
@@ -42,21 +45,25 @@ private:
         return true;
     }
 
-    std::span<const Backup> backups_;
-    const std::wstring& folder_;
+    const desk::System& system_;
+    std::span<const desk::Backup> backups_;
+    const std::string& folder_;
 };
 
 }  // namespace
 
-std::optional<RestoreChoice> askBackup(HWND owner, std::span<const Backup> backups, const std::wstring& folder) {
-    BackupDialog dialog(backups, folder);
+std::optional<desk::RestoreChoice> askBackup(HWND owner, const desk::System& system,
+                                             std::span<const desk::Backup> backups, const std::string& folder) {
+    BackupDialog dialog(system, backups, folder);
     return dialog.run(owner, RESOURCE_BACKUPS) ? std::optional(dialog.choice) : std::nullopt;
 }
 
-bool askRestore(HWND owner, const Backup& backup) {
-    const std::wstring question = L"The table in the radio will be overwritten by the one of " + backupText(backup) +
-                                  L". What it holds now is kept as another backup. Restore it?";
-    return MessageBoxW(owner, question.c_str(), programTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+bool askRestore(HWND owner, const desk::System& system, const desk::Backup& backup) {
+    const std::string question = "The table in the radio will be overwritten by the one of " +
+                                 desk::backupText(system, backup) +
+                                 ". What it holds now is kept as another backup. Restore it?";
+    return MessageBoxW(owner, com::wide(question).c_str(), programTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) ==
+           IDYES;
 }
 
 }  // namespace telvar::host

@@ -7,19 +7,15 @@
 #include <span>
 #include <string>
 
-#include "host/shell/backups.h"
+#include "desk/backups.h"
+#include "desk/window.h"
 
 namespace telvar::host {
 
-struct RestoreChoice {
-    Backup backup;
-    bool load = true;  // the restored table takes the place of the open one
-};
-
 // Nothing when the user cancels. `folder` is told where there is nothing to choose.
-[[nodiscard]] std::optional<RestoreChoice> askBackup(HWND owner, std::span<const Backup> backups,
-                                                     const std::wstring& folder);
+[[nodiscard]] std::optional<desk::RestoreChoice>
+askBackup(HWND owner, const desk::System& system, std::span<const desk::Backup> backups, const std::string& folder);
 // Whether the radio's present table may be overwritten.
-[[nodiscard]] bool askRestore(HWND owner, const Backup& backup);
+[[nodiscard]] bool askRestore(HWND owner, const desk::System& system, const desk::Backup& backup);
 
 }  // namespace telvar::host

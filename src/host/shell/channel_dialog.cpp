@@ -17,7 +17,7 @@ public:
 
 private:
     HWND begin() override {
-        setText(CHANNEL_NUMBER, std::to_wstring(channel));
+        setText(CHANNEL_NUMBER, std::to_string(channel));
         SendMessageW(item(CHANNEL_NUMBER), EM_SETSEL, 0, -1);
         return item(CHANNEL_NUMBER);
     }
@@ -25,7 +25,7 @@ private:
     bool accept() override {
         const std::optional<int> number = readChannel(textOf(CHANNEL_NUMBER));
         if (!number) {
-            refuse(CHANNEL_NUMBER, L"Enter a channel number from 1 to 255.");
+            refuse(CHANNEL_NUMBER, "Enter a channel number from 1 to 255.");
             return false;
         }
         channel = *number;
@@ -37,19 +37,19 @@ private:
 
 }  // namespace
 
-std::optional<int> readChannel(std::wstring_view text) noexcept {
-    while (text.starts_with(L' ')) {
+std::optional<int> readChannel(std::string_view text) noexcept {
+    while (text.starts_with(' ')) {
         text.remove_prefix(1);
     }
-    while (text.ends_with(L' ')) {
+    while (text.ends_with(' ')) {
         text.remove_suffix(1);
     }
     int number = 0;
-    for (const wchar_t digit : text) {
-        if (digit < L'0' || digit > L'9') {
+    for (const char digit : text) {
+        if (digit < '0' || digit > '9') {
             return std::nullopt;
         }
-        number = number * 10 + (digit - L'0');
+        number = number * 10 + (digit - '0');
         if (number > lastChannel) {
             return std::nullopt;
         }

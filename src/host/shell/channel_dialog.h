@@ -12,6 +12,6 @@ namespace telvar::host {
 [[nodiscard]] std::optional<int> askChannel(HWND owner, int suggested);
 
 // A channel number in digits, with blanks around it at most.
-[[nodiscard]] std::optional<int> readChannel(std::wstring_view text) noexcept;
+[[nodiscard]] std::optional<int> readChannel(std::string_view text) noexcept;
 
 }  // namespace telvar::host

@@ -2,8 +2,9 @@
 #include "win/work_area.h"
 
 #include "base/readable_colour.h"
+#include "com/kit/text.h"
+#include "desk/sentences.h"
 #include "host/shell/resource.h"
-#include "host/shell/sentences.h"
 #include "host/shell/window_placement.h"
 
 namespace telvar::host {
@@ -75,25 +76,29 @@ void Dialog::command(int control, int notification) {
                 EndDialog(window_, IDOK);
             }
         } catch (const std::exception& failure) {
-            refuse(0, sentenceFor(failure));
+            refuse(0, desk::sentenceFor(failure));
         }
     } else if (notification == EN_CHANGE || notification == CBN_SELCHANGE) {
         changed(control);
     }
 }
 
-std::wstring Dialog::textOf(int control) const {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item(control))) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(item(control), text.data(), static_cast<int>(text.size()))));
-    return text;
+void Dialog::setText(int control, const std::string& text) {
+    SetDlgItemTextW(window_, control, com::wide(text).c_str());
 }
 
-void Dialog::note(const std::wstring& sentence) {
+std::string Dialog::textOf(int control) const {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item(control))) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(item(control), text.data(), static_cast<int>(text.size()))));
+    return com::narrow(text);
+}
+
+void Dialog::note(const std::string& sentence) {
     refused_ = false;
     setText(DIALOG_NOTE, sentence);
 }
 
-void Dialog::refuse(int control, const std::wstring& sentence) {
+void Dialog::refuse(int control, const std::string& sentence) {
     refused_ = true;
     setText(DIALOG_NOTE, sentence);
     MessageBeep(MB_ICONWARNING);

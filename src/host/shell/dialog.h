@@ -1,5 +1,5 @@
 // One of the program's own dialogs with fields: shows a template from the resources, modally, and tells beside the
-// fields what is wrong with them. Controls with the number DIALOG_NOTE show that sentence.
+// fields what is wrong with them. Texts are UTF-8. Controls with the number DIALOG_NOTE show that sentence.
 #pragma once
 
 #include <windows.h>
@@ -30,12 +30,12 @@ protected:
     virtual void changed(int /*control*/) {}
 
     [[nodiscard]] HWND item(int control) const noexcept { return GetDlgItem(window_, control); }
-    [[nodiscard]] std::wstring textOf(int control) const;
-    void setText(int control, const std::wstring& text) { SetDlgItemTextW(window_, control, text.c_str()); }
+    [[nodiscard]] std::string textOf(int control) const;
+    void setText(int control, const std::string& text);
     // A hint, in the colour of every label.
-    void note(const std::wstring& sentence);
+    void note(const std::string& sentence);
     // What is wrong, and the field in which it is put right.
-    void refuse(int control, const std::wstring& sentence);
+    void refuse(int control, const std::string& sentence);
 
 private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) noexcept;

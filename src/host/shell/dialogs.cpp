@@ -7,6 +7,7 @@
 #include <array>
 #include <bit>
 
+#include "com/kit/text.h"
 #include "host/shell/resource.h"
 
 namespace telvar::host {
@@ -33,25 +34,25 @@ TaskDialog findTaskDialog() noexcept {
     return std::bit_cast<TaskDialog>(found);
 }
 
-SaveAnswer answerOf(int button) noexcept {
+desk::SaveAnswer answerOf(int button) noexcept {
     switch (button) {
     case IDYES:
-        return SaveAnswer::Save;
+        return desk::SaveAnswer::Save;
     case IDNO:
-        return SaveAnswer::DontSave;
+        return desk::SaveAnswer::DontSave;
     default:
-        return SaveAnswer::Cancel;
+        return desk::SaveAnswer::Cancel;
     }
 }
 
-std::wstring folderOf(const std::wstring& path) {
-    const std::size_t end = path.find_last_of(L"\\/");
-    return end == std::wstring::npos ? std::wstring() : path.substr(0, end);
+std::wstring folderOf(const std::string& path) {
+    const std::size_t end = path.find_last_of("\\/");
+    return end == std::string::npos ? std::wstring() : com::wide(path.substr(0, end));
 }
 
-std::optional<std::wstring> askPath(HWND owner, const FileKind& kind, const std::wstring& initial,
-                                    const std::wstring& folder, const wchar_t* title, DWORD flags,
-                                    BOOL(WINAPI* ask)(LPOPENFILENAMEW)) {
+std::optional<std::string> askPath(HWND owner, const FileKind& kind, const std::wstring& initial,
+                                   const std::wstring& folder, const wchar_t* title, DWORD flags,
+                                   BOOL(WINAPI* ask)(LPOPENFILENAMEW)) {
     std::wstring path(longestPath, L'\0');
     std::copy_n(initial.begin(), std::min(initial.size(), path.size() - 1), path.begin());
     OPENFILENAMEW dialog{};
@@ -68,7 +69,7 @@ std::optional<std::wstring> askPath(HWND owner, const FileKind& kind, const std:
         return std::nullopt;
     }
     path.resize(path.find(L'\0'));
-    return path;
+    return com::narrow(path);
 }
 
 INT_PTR CALLBACK aboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM) noexcept {
@@ -86,12 +87,12 @@ INT_PTR CALLBACK aboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM
 
 }  // namespace
 
-void tellFailure(HWND owner, const std::wstring& sentence) {
-    MessageBoxW(owner, sentence.c_str(), programTitle, MB_OK | MB_ICONEXCLAMATION);
+void tellFailure(HWND owner, const std::string& sentence) {
+    MessageBoxW(owner, com::wide(sentence).c_str(), programTitle, MB_OK | MB_ICONEXCLAMATION);
 }
 
-SaveAnswer askSave(HWND owner, const std::wstring& tableName) {
-    const std::wstring question = L"Do you want to save the changes to " + tableName + L"?";
+desk::SaveAnswer askSave(HWND owner, const std::string& tableName) {
+    const std::wstring question = L"Do you want to save the changes to " + com::wide(tableName) + L"?";
     static const TaskDialog show = findTaskDialog();
     const std::array<TASKDIALOG_BUTTON, 3> buttons{{{IDYES, L"&Save"}, {IDNO, L"Do&n't Save"}, {IDCANCEL, L"Cancel"}}};
     TASKDIALOGCONFIG dialog{};
@@ -115,18 +116,18 @@ bool askCancelExchange(HWND owner) {
                        programTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
 }
 
-std::optional<std::wstring> askOpenPath(HWND owner, const std::wstring& besides) {
+std::optional<std::string> askOpenPath(HWND owner, const std::string& besides) {
     return askPath(owner, tableFiles, {}, folderOf(besides), L"Open Channel Table", OFN_FILEMUSTEXIST,
                    GetOpenFileNameW);
 }
 
-std::optional<std::wstring> askSavePath(HWND owner, const std::wstring& suggested) {
-    return askPath(owner, tableFiles, suggested, folderOf(suggested), L"Save Channel Table As", OFN_OVERWRITEPROMPT,
-                   GetSaveFileNameW);
+std::optional<std::string> askSavePath(HWND owner, const std::string& suggested) {
+    return askPath(owner, tableFiles, com::wide(suggested), folderOf(suggested), L"Save Channel Table As",
+                   OFN_OVERWRITEPROMPT, GetSaveFileNameW);
 }
 
-std::optional<std::wstring> askHtmlPath(HWND owner, const std::wstring& suggested) {
-    return askPath(owner, htmlFiles, suggested, folderOf(suggested), L"Save as HTML", OFN_OVERWRITEPROMPT,
+std::optional<std::string> askHtmlPath(HWND owner, const std::string& suggested) {
+    return askPath(owner, htmlFiles, com::wide(suggested), folderOf(suggested), L"Save as HTML", OFN_OVERWRITEPROMPT,
                    GetSaveFileNameW);
 }
 

@@ -1,13 +1,14 @@
 // What the system sends to the main window: size, focus, closing.
 #include "host/shell/main_window.h"
 
-#include <algorithm>
-#include <utility>
-#include <vector>
+#include <commctrl.h>
 
-#include "host/shell/dialogs.h"
-#include "host/shell/main_window_scopes.h"
-#include "host/shell/resource.h"
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "com/kit/text.h"
+#include "host/shell/menu_bar.h"
 #include "host/shell/window_placement.h"
 #include "win/scaling.h"
 
@@ -53,26 +54,11 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
                                                                  win::scaled(smallestHeight, dpi)};
         return 0;
     }
-    case WM_COMMAND:
-        run(LOWORD(wparam));
-        return 0;
-    case WM_INITMENUPOPUP:
-        showMenu(reinterpret_cast<HMENU>(wparam));
-        return 0;
-    case WM_MENUSELECT:
-        showHint(wparam, lparam);
-        return 0;
-    case loginMessage:
-        answerLogin();
+    case goOnMessage:
+        desk_->goOn();
         return 0;
     case WM_DROPFILES:
         openDropped(reinterpret_cast<HDROP>(wparam));
-        return 0;
-    case exchangeMessage:
-        answerExchange();
-        return 0;
-    case printMessage:
-        answerPrint();
         return 0;
     case WM_TIMER:
         tick(wparam);
@@ -90,14 +76,16 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         }
         break;
     case WM_QUERYENDSESSION:
-        return mayDiscard() ? TRUE : FALSE;
+        return !desk_ || desk_->mayEndSession() ? TRUE : FALSE;
     case WM_ENDSESSION:
         if (wparam != FALSE) {
             DestroyWindow(window_);
         }
         return 0;
     case WM_CLOSE:
-        closeByUser();
+        if (!desk_ || desk_->mayClose()) {
+            DestroyWindow(window_);
+        }
         return 0;
     case WM_DESTROY:
         savePlacement(settings_, window_);
@@ -108,7 +96,7 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
         return DefWindowProcW(std::exchange(window_, nullptr), message, wparam, lparam);
     default:
-        if (handleFocus(message, wparam)) {
+        if (handleFocus(message, wparam) || handleCommand(message, wparam, lparam)) {
             return 0;
         }
         break;
@@ -116,24 +104,34 @@ LRESULT MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     return DefWindowProcW(window_, message, wparam, lparam);
 }
 
-void MainWindow::tick(UINT_PTR timer) {
-    if (timer == pollTimer) {
-        radio_.poll(document_ && document_->commsBusy());
-        return;
+// The desk is there once the window is.
+bool MainWindow::handleCommand(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (!desk_) {
+        return false;
     }
-    refreshState();
-    answerLogin();
-    answerExchange();
-    answerPrint();
+    switch (message) {
+    case WM_COMMAND:
+        desk_->run(static_cast<desk::Command>(LOWORD(wparam)));
+        return true;
+    case WM_INITMENUPOPUP:
+        showMenu(reinterpret_cast<HMENU>(wparam), *desk_);
+        return true;
+    case WM_MENUSELECT:
+        showHint(wparam, lparam);
+        return true;
+    default:
+        return false;
+    }
 }
 
-void MainWindow::closeByUser() {
-    // A modal window of the control still needs this one.
-    if (modal_ > 0 || (calls_ > 0 && !preparing_) || !windowEnabled_) {
-        MessageBeep(MB_ICONWARNING);
-        SetForegroundWindow(GetLastActivePopup(window_));
-    } else if (mayLeaveRadio() && mayDiscard()) {
-        DestroyWindow(window_);
+void MainWindow::tick(UINT_PTR timer) {
+    if (!desk_) {
+        return;
+    }
+    if (timer == pollTimer) {
+        desk_->poll();
+    } else {
+        desk_->goOn();
     }
 }
 
@@ -205,6 +203,109 @@ bool MainWindow::translate(MSG& message) {
     }
     // The dialog manager moves the focus with Tab.
     return TranslateAcceleratorW(window_, accelerators_, &message) != 0 || IsDialogMessageW(window_, &message);
+}
+
+void MainWindow::openDropped(HDROP files) {
+    std::wstring path(DragQueryFileW(files, 0, nullptr, 0), L'\0');
+    DragQueryFileW(files, 0, path.data(), static_cast<UINT>(path.size() + 1));
+    DragFinish(files);
+    if (desk_) {
+        desk_->openDropped(com::narrow(path));
+    }
+}
+
+// A menu that closes says so with no menu and all flags set.
+void MainWindow::showHint(WPARAM wparam, LPARAM lparam) {
+    const UINT flags = HIWORD(wparam);
+    if (flags == 0xFFFF && lparam == 0) {
+        statusBar_.endHint();
+    } else if ((flags & (MF_POPUP | MF_SEPARATOR | MF_SYSMENU)) != 0) {
+        statusBar_.showHint({});
+    } else {
+        statusBar_.showHint(hintOf(static_cast<desk::Command>(LOWORD(wparam)), *desk_));
+    }
+}
+
+void MainWindow::refreshState() {
+    if (desk_) {
+        desk_->refreshState();
+    }
+}
+
+void MainWindow::showStatus(const std::wstring& text) { statusBar_.setMessage(com::narrow(text)); }
+
+void MainWindow::enableWindow(bool enabled) {
+    if (desk_) {
+        desk_->windowEnabled(enabled);
+    }
+}
+
+void MainWindow::setTitle(const std::string& title) {
+    const std::wstring wanted = com::wide(title);
+    std::wstring shown(static_cast<std::size_t>(GetWindowTextLengthW(window_)) + 1, L'\0');
+    shown.resize(static_cast<std::size_t>(GetWindowTextW(window_, shown.data(), static_cast<int>(shown.size()))));
+    if (shown != wanted) {
+        SetWindowTextW(window_, wanted.c_str());
+    }
+}
+
+void MainWindow::setHourglass(bool hourglass) {
+    hourglass_ = hourglass;
+    SetCursor(LoadCursorW(nullptr, hourglass ? IDC_WAIT : IDC_ARROW));
+}
+
+void MainWindow::beginModal() {
+    activeBefore_.push_back(GetActiveWindow());
+    saveFocus();
+    if (control_) {
+        control_->enableModeless(false);
+    }
+}
+
+void MainWindow::endModal() {
+    if (control_) {
+        control_->enableModeless(true);
+    }
+    const HWND before = activeBefore_.back();
+    activeBefore_.pop_back();
+    // The user goes on where the question came from, such as the control's edit form, not in the window below it.
+    if (before != window_ && IsWindowVisible(before) != FALSE && IsWindowEnabled(before) != FALSE) {
+        SetActiveWindow(before);
+    }
+}
+
+void MainWindow::showModal() {
+    MessageBeep(MB_ICONWARNING);
+    SetForegroundWindow(GetLastActivePopup(window_));
+}
+
+bool MainWindow::textBoxHasFocus() const {
+    std::array<wchar_t, 16> name{};
+    GetClassNameW(GetFocus(), name.data(), static_cast<int>(name.size()));
+    return CompareStringOrdinal(name.data(), -1, WC_EDITW, -1, TRUE) == CSTR_EQUAL;
+}
+
+void MainWindow::editText(desk::EditAction action) {
+    const HWND box = GetFocus();
+    switch (action) {
+    case desk::EditAction::Undo:
+    case desk::EditAction::Redo:
+        // A text box has one step back, which is its step forward as well.
+        SendMessageW(box, WM_UNDO, 0, 0);
+        break;
+    case desk::EditAction::Copy:
+        SendMessageW(box, WM_COPY, 0, 0);
+        break;
+    case desk::EditAction::Paste:
+        SendMessageW(box, WM_PASTE, 0, 0);
+        break;
+    case desk::EditAction::Delete:
+        SendMessageW(box, WM_CLEAR, 0, 0);
+        break;
+    case desk::EditAction::SelectAll:
+        SendMessageW(box, EM_SETSEL, 0, -1);
+        break;
+    }
 }
 
 }  // namespace telvar::host

@@ -151,4 +151,12 @@ bool passwordMatches(const std::wstring& password, const std::wstring& hash) {
            equal(derive(password, *readSalt, *readCount), *readKey);
 }
 
+std::string SystemPasswordHasher::hash(const std::string& password) const {
+    return com::narrow(passwordHash(com::wide(password)));
+}
+
+bool SystemPasswordHasher::matches(const std::string& password, const std::string& hash) const {
+    return passwordMatches(com::wide(password), com::wide(hash));
+}
+
 }  // namespace telvar::host

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "com/kit/text.h"
 #include "host/shell/dialog.h"
 #include "host/shell/resource.h"
 
@@ -12,44 +13,43 @@ namespace telvar::host {
 
 namespace {
 
-constexpr int perMillimetre = 100;
 constexpr wchar_t choiceProperty[] = L"TelvarChannelChoice";
 constexpr wchar_t choiceText[] = L"Only channels in &use";
 
 class PageSetupDialog final : public Dialog {
 public:
-    explicit PageSetupDialog(const PageSetup& present) : setup(present) {}
+    explicit PageSetupDialog(const desk::PageSetup& present) : setup(present) {}
 
-    PageSetup setup;
+    desk::PageSetup setup;
 
 private:
     HWND begin() override {
-        std::size_t chosen = std::size(knownSheets);
-        for (std::size_t at = 0; at < std::size(knownSheets); ++at) {
-            addSheet(knownSheets[at].name);
-            chosen = knownSheets[at].code == setup.sheetCode ? at : chosen;
+        std::size_t chosen = std::size(desk::knownSheets);
+        for (std::size_t at = 0; at < std::size(desk::knownSheets); ++at) {
+            addSheet(desk::knownSheets[at].name);
+            chosen = desk::knownSheets[at].code == setup.sheetCode ? at : chosen;
         }
-        if (chosen == std::size(knownSheets)) {
-            addSheet(
-                (millimetresText(setup.sheet.width) + L" x " + millimetresText(setup.sheet.height) + L" mm").c_str());
+        if (chosen == std::size(desk::knownSheets)) {
+            addSheet(desk::millimetresText(setup.sheet.width) + " x " + desk::millimetresText(setup.sheet.height) +
+                     " mm");
         }
         SendMessageW(item(PAGE_SHEET), CB_SETCURSEL, chosen, 0);
         CheckRadioButton(GetParent(item(PAGE_SHEET)), PAGE_PORTRAIT, PAGE_LANDSCAPE,
                          setup.landscape ? PAGE_LANDSCAPE : PAGE_PORTRAIT);
-        setText(PAGE_LEFT, millimetresText(setup.margins.left));
-        setText(PAGE_TOP, millimetresText(setup.margins.top));
-        setText(PAGE_RIGHT, millimetresText(setup.margins.right));
-        setText(PAGE_BOTTOM, millimetresText(setup.margins.bottom));
+        setText(PAGE_LEFT, desk::millimetresText(setup.margins.left));
+        setText(PAGE_TOP, desk::millimetresText(setup.margins.top));
+        setText(PAGE_RIGHT, desk::millimetresText(setup.margins.right));
+        setText(PAGE_BOTTOM, desk::millimetresText(setup.margins.bottom));
         SendMessageW(item(PAGE_ONLY_IN_USE), BM_SETCHECK, setup.onlyInUse ? BST_CHECKED : BST_UNCHECKED, 0);
         return item(PAGE_SHEET);
     }
 
     bool accept() override {
-        PageSetup wanted = setup;
+        desk::PageSetup wanted = setup;
         const auto sheet = static_cast<std::size_t>(SendMessageW(item(PAGE_SHEET), CB_GETCURSEL, 0, 0));
-        if (sheet < std::size(knownSheets)) {
-            wanted.sheet = knownSheets[sheet].size;
-            wanted.sheetCode = knownSheets[sheet].code;
+        if (sheet < std::size(desk::knownSheets)) {
+            wanted.sheet = desk::knownSheets[sheet].size;
+            wanted.sheetCode = desk::knownSheets[sheet].code;
         }
         wanted.landscape = SendMessageW(item(PAGE_LANDSCAPE), BM_GETCHECK, 0, 0) == BST_CHECKED;
         wanted.onlyInUse = SendMessageW(item(PAGE_ONLY_IN_USE), BM_GETCHECK, 0, 0) == BST_CHECKED;
@@ -57,8 +57,8 @@ private:
             !read(PAGE_RIGHT, wanted.margins.right) || !read(PAGE_BOTTOM, wanted.margins.bottom)) {
             return false;
         }
-        if (!leavesRoom(wanted)) {
-            refuse(PAGE_LEFT, L"These margins leave no room to print on.");
+        if (!desk::leavesRoom(wanted)) {
+            refuse(PAGE_LEFT, "These margins leave no room to print on.");
             return false;
         }
         setup = wanted;
@@ -67,14 +67,14 @@ private:
 
     void changed(int /*control*/) override { note({}); }
 
-    void addSheet(const wchar_t* name) const {
-        SendMessageW(item(PAGE_SHEET), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
+    void addSheet(std::string_view name) const {
+        SendMessageW(item(PAGE_SHEET), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(com::wide(name).c_str()));
     }
 
     bool read(int control, int& margin) {
-        const std::optional<int> value = readMillimetres(textOf(control));
+        const std::optional<int> value = desk::readMillimetres(textOf(control));
         if (!value) {
-            refuse(control, L"Enter a margin in millimetres.");
+            refuse(control, "Enter a margin in millimetres.");
             return false;
         }
         margin = *value;
@@ -114,55 +114,13 @@ void insertChoice(HWND dialog, bool checked) {
 
 }  // namespace
 
-bool askPageSetup(HWND owner, PageSetup& setup) {
+bool askPageSetup(HWND owner, desk::PageSetup& setup) {
     PageSetupDialog dialog(setup);
     if (!dialog.run(owner, RESOURCE_PAGE_SETUP)) {
         return false;
     }
     setup = dialog.setup;
     return true;
-}
-
-std::optional<int> readMillimetres(std::wstring_view text) noexcept {
-    while (text.starts_with(L' ')) {
-        text.remove_prefix(1);
-    }
-    while (text.ends_with(L' ')) {
-        text.remove_suffix(1);
-    }
-    constexpr int tooMuch = 10'000;  // millimetres
-    int whole = 0;
-    int part = 0;
-    int worth = 0;  // of a decimal, in hundredths; 0 before the point
-    bool any = false;
-    for (const wchar_t each : text) {
-        if ((each == L'.' || each == L',') && worth == 0 && any) {
-            worth = perMillimetre;
-        } else if (each < L'0' || each > L'9' || worth == 1) {
-            return std::nullopt;
-        } else if (worth != 0) {
-            worth /= 10;
-            part += (each - L'0') * worth;
-        } else {
-            whole = std::min(whole * 10 + (each - L'0'), tooMuch);
-            any = true;
-        }
-    }
-    if (whole == tooMuch) {
-        return std::nullopt;
-    }
-    return any ? std::optional(whole * perMillimetre + part) : std::nullopt;
-}
-
-std::wstring millimetresText(int hundredths) {
-    std::wstring text = std::to_wstring(hundredths / perMillimetre);
-    if (const int part = hundredths % perMillimetre; part != 0) {
-        text += L"." + std::to_wstring(part / 10);
-        if (part % 10 != 0) {
-            text += std::to_wstring(part % 10);
-        }
-    }
-    return text;
 }
 
 UINT_PTR CALLBACK addChannelChoice(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) noexcept {

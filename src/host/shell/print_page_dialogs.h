@@ -4,20 +4,12 @@
 
 #include <windows.h>
 
-#include <optional>
-#include <string>
-#include <string_view>
-
-#include "host/print/page_setup.h"
+#include "desk/page_setup.h"
 
 namespace telvar::host {
 
 // False when cancelled.
-[[nodiscard]] bool askPageSetup(HWND owner, PageSetup& setup);
-
-// Millimetres with at most two decimals, behind a point or a comma; hundredths of them.
-[[nodiscard]] std::optional<int> readMillimetres(std::wstring_view text) noexcept;
-[[nodiscard]] std::wstring millimetresText(int hundredths);
+[[nodiscard]] bool askPageSetup(HWND owner, desk::PageSetup& setup);
 
 // A hook of the system's dialog, whose lCustData is a bool*: adds the box "Only channels in use", and leaves its state
 // there when the user accepts.

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <string>
 
+#include "desk/sentences.h"
 #include "host/print/page_view.h"
 #include "host/shell/dialogs.h"
 #include "host/shell/resource.h"
-#include "host/shell/sentences.h"
 #include "host/shell/window_placement.h"
 
 namespace telvar::host {
@@ -63,7 +63,7 @@ private:
         try {
             return preview->handle(message, wparam, lparam);
         } catch (const std::exception& failure) {
-            tellFailure(window, sentenceFor(failure));
+            tellFailure(window, desk::sentenceFor(failure));
             return TRUE;
         }
     }

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <array>
 #include <vector>
 
 #include "com/kit/bstr.h"
@@ -60,16 +59,6 @@ desk::PrintedTable readShownTable(IChannelGrid& grid) {
         }
     }
     return table;
-}
-
-std::wstring presentDateAndTime() {
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    std::array<wchar_t, 80> date{};
-    std::array<wchar_t, 80> time{};
-    GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &now, nullptr, date.data(), static_cast<int>(date.size()));
-    GetTimeFormatW(LOCALE_USER_DEFAULT, TIME_NOSECONDS, &now, nullptr, time.data(), static_cast<int>(time.size()));
-    return std::wstring(date.data()) + L" " + time.data();
 }
 
 }  // namespace telvar::host

@@ -45,10 +45,10 @@ bool meansAnotherPrinter(DWORD error) noexcept {
            error == PDERR_INITFAILURE;
 }
 
-const KnownSheet* knownSheet(int code) noexcept {
+const desk::KnownSheet* knownSheet(int code) noexcept {
     const auto* const found =
-        std::ranges::find_if(knownSheets, [code](const KnownSheet& sheet) { return sheet.code == code; });
-    return found == std::end(knownSheets) ? nullptr : found;
+        std::ranges::find_if(desk::knownSheets, [code](const desk::KnownSheet& sheet) { return sheet.code == code; });
+    return found == std::end(desk::knownSheets) ? nullptr : found;
 }
 
 [[noreturn]] void failed(DWORD error) {
@@ -75,7 +75,7 @@ void SystemPrinters::forgetPrinter() noexcept {
     names_.reset();
 }
 
-void SystemPrinters::giveSetup(const PageSetup& setup) {
+void SystemPrinters::giveSetup(const desk::PageSetup& setup) {
     const LockedMode locked(mode_.get());
     DEVMODEW* const mode = locked.get();
     if (mode == nullptr) {
@@ -94,7 +94,7 @@ void SystemPrinters::giveSetup(const PageSetup& setup) {
     }
 }
 
-void SystemPrinters::takeSetup(PageSetup& setup) const {
+void SystemPrinters::takeSetup(desk::PageSetup& setup) const {
     const LockedMode locked(mode_.get());
     const DEVMODEW* const mode = locked.get();
     if (mode == nullptr) {
@@ -105,18 +105,18 @@ void SystemPrinters::takeSetup(PageSetup& setup) const {
     }
     if ((mode->dmFields & DM_PAPERSIZE) != 0) {
         setup.sheetCode = mode->dmPaperSize;
-        if (const KnownSheet* const known = knownSheet(setup.sheetCode)) {
+        if (const desk::KnownSheet* const known = knownSheet(setup.sheetCode)) {
             setup.sheet = known->size;
         }
     }
 }
 
-bool SystemPrinters::setUpPage(HWND owner, PageSetup& setup) {
+bool SystemPrinters::setUpPage(HWND owner, desk::PageSetup& setup) {
     if (!findPrinter()) {
         return askPageSetup(owner, setup);
     }
     giveSetup(setup);
-    PageSetup changed = setup;
+    desk::PageSetup changed = setup;
     PAGESETUPDLGW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
@@ -149,14 +149,14 @@ bool SystemPrinters::setUpPage(HWND owner, PageSetup& setup) {
         changed.sheet = {shorter, longer};
     }
     takeSetup(changed);
-    if (!leavesRoom(changed)) {
-        changed.margins = usualPageSetup().margins;
+    if (!desk::leavesRoom(changed)) {
+        changed.margins = desk::PageSetup().margins;
     }
     setup = changed;
     return true;
 }
 
-std::optional<PrintOrder> SystemPrinters::choose(HWND owner, PageSetup& setup, int pages) {
+std::optional<PrintOrder> SystemPrinters::choose(HWND owner, desk::PageSetup& setup, int pages) {
     if (!findPrinter()) {
         throw base::Failure(noPrinter);
     }

@@ -20,15 +20,15 @@ public:
     static constexpr char noPrinter[] =
         "There is no printer on this computer; File > Save as HTML writes the same table for a browser";
 
-    [[nodiscard]] bool setUpPage(HWND owner, PageSetup& setup) override;
-    [[nodiscard]] std::optional<PrintOrder> choose(HWND owner, PageSetup& setup, int pages) override;
+    [[nodiscard]] bool setUpPage(HWND owner, desk::PageSetup& setup) override;
+    [[nodiscard]] std::optional<PrintOrder> choose(HWND owner, desk::PageSetup& setup, int pages) override;
 
 private:
     // The printer of the last choice, else the default one; false where there is none.
     bool findPrinter();
     void forgetPrinter() noexcept;
-    void giveSetup(const PageSetup& setup);
-    void takeSetup(PageSetup& setup) const;
+    void giveSetup(const desk::PageSetup& setup);
+    void takeSetup(desk::PageSetup& setup) const;
 
     // As the system's dialogs exchange them: the printer's settings, and which printer it is.
     OwnedMemory mode_;

@@ -4,11 +4,9 @@
 #include <optional>
 
 #include "com/kit/text.h"
-#include "desk/html.h"
 #include "host/shell/print_job.h"
 #include "host/shell/print_preview.h"
 #include "host/shell/print_system.h"
-#include "host/shell/replace_file.h"
 
 namespace telvar::host {
 
@@ -23,57 +21,40 @@ desk::Paper withMargins(desk::Paper sheet, const desk::Margins& wanted) {
 
 }  // namespace
 
-Printing::Printing(win::Settings& settings)
-    : settings_(settings), setup_(loadPageSetup(settings)), printers_(std::make_unique<SystemPrinters>()) {}
+Printing::Printing() : printers_(std::make_unique<SystemPrinters>()) {}
 
-desk::PrintedTable Printing::tableOf(const ReadTable& read) const {
+void Printing::setUpPage(HWND owner, desk::PageSetup& setup) {
+    desk::PageSetup changed = setup;
+    if (printers_->setUpPage(owner, changed)) {
+        setup = changed;
+    }
+}
+
+bool Printing::print(HWND owner, const ReadTable& read, desk::PageSetup& setup) {
     desk::PrintedTable table = read();
-    if (setup_.onlyInUse) {
-        keepRowsInUse(table);
-    }
-    return table;
-}
-
-void Printing::keep(const PageSetup& setup) {
-    if (setup_ != setup) {
-        setup_ = setup;
-        savePageSetup(settings_, setup_);
-    }
-}
-
-bool Printing::setUpPage(HWND owner) {
-    PageSetup changed = setup_;
-    if (!printers_->setUpPage(owner, changed)) {
-        return false;
-    }
-    keep(changed);
-    return true;
-}
-
-bool Printing::print(HWND owner, const ReadTable& read) {
-    desk::PrintedTable table = tableOf(read);
     const std::wstring name = com::wide(table.title);
-    const auto expected = static_cast<int>(painter_.compose(table, paperOf(setup_)).pages.size());
-    PageSetup changed = setup_;
+    const auto expected = static_cast<int>(painter_.compose(table, desk::paperOf(setup)).pages.size());
+    desk::PageSetup changed = setup;
     const std::optional<PrintOrder> order = printers_->choose(owner, changed, expected);
     if (!order) {
         return false;
     }
-    keep(changed);
+    setup = changed;
     // On the sheet that the printer will really feed.
-    const desk::Paper paper = withMargins(order->device->sheet(), paperOf(setup_).margins);
+    const desk::Paper paper = withMargins(order->device->sheet(), desk::paperOf(setup).margins);
     return printDocument(owner, *order, painter_, painter_.compose(std::move(table), paper), name);
 }
 
-void Printing::preview(HWND owner, const ReadTable& read) {
+void Printing::preview(HWND owner, const ReadTable& read, desk::PageSetup& setup) {
     showPreview(owner, painter_,
-                {.compose = [&] { return painter_.compose(tableOf(read), paperOf(setup_)); },
-                 .print = [&](HWND over) { (void)print(over, read); },
-                 .setUpPage = [&](HWND over) { return setUpPage(over); }});
-}
-
-void Printing::saveHtml(const std::wstring& path, const ReadTable& read) const {
-    replaceFile(path, desk::htmlOf(tableOf(read)));
+                {.compose = [&] { return painter_.compose(read(), desk::paperOf(setup)); },
+                 .print = [&](HWND over) { (void)print(over, read, setup); },
+                 .setUpPage =
+                     [&](HWND over) {
+                         const desk::PageSetup before = setup;
+                         setUpPage(over, setup);
+                         return setup != before;
+                     }});
 }
 
 }  // namespace telvar::host

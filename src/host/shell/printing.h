@@ -1,4 +1,4 @@
-// Printing as the program offers it: page set-up, preview, print, and the same table as an HTML file. Knows neither the
+// Printing as the program offers it: page set-up, preview, print. Knows neither the
 // control nor the store: the table is read for each of them when it is needed.
 #pragma once
 
@@ -11,35 +11,27 @@
 #include "desk/printed_table.h"
 #include "host/print/device.h"
 #include "host/print/painter.h"
-#include "win/settings.h"
 
 namespace telvar::host {
 
-// All channels, with title and date. May throw.
+// The channels that are wanted, with title and date. May throw.
 using ReadTable = std::function<desk::PrintedTable()>;
 
 class Printing {
 public:
-    // Remembers the page set-up in `settings`, which outlive this.
-    explicit Printing(win::Settings& settings);
+    Printing();
 
     // Others than the system's.
     void setPrinters(std::unique_ptr<Printers> printers) { printers_ = std::move(printers); }
-    [[nodiscard]] const PageSetup& setup() const noexcept { return setup_; }
 
-    // Each throws base::Failure with one sentence, and what reading the table throws.
+    // Each throws base::Failure with one sentence, and what reading the table throws. The set-up is the user's to
+    // change.
+    void setUpPage(HWND owner, desk::PageSetup& setup);
     // False when the user cancelled.
-    bool setUpPage(HWND owner);
-    [[nodiscard]] bool print(HWND owner, const ReadTable& read);
-    void preview(HWND owner, const ReadTable& read);
-    void saveHtml(const std::wstring& path, const ReadTable& read) const;
+    [[nodiscard]] bool print(HWND owner, const ReadTable& read, desk::PageSetup& setup);
+    void preview(HWND owner, const ReadTable& read, desk::PageSetup& setup);
 
 private:
-    [[nodiscard]] desk::PrintedTable tableOf(const ReadTable& read) const;
-    void keep(const PageSetup& setup);
-
-    win::Settings& settings_;
-    PageSetup setup_;
     PagePainter painter_;
     std::unique_ptr<Printers> printers_;
 };

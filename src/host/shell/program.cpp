@@ -2,11 +2,12 @@
 
 #include <exception>
 
+#include "com/kit/text.h"
+#include "desk/sentences.h"
 #include "host/shell/command_line.h"
 #include "host/shell/dialogs.h"
 #include "host/shell/main_window.h"
 #include "host/shell/ole.h"
-#include "host/shell/sentences.h"
 
 namespace telvar::host {
 
@@ -32,9 +33,9 @@ namespace {
 ExitStatus show(const CommandLine& options, int command) {
     MainWindow window(options.settingsKey);
     try {
-        window.open(options.file);
+        window.open(com::narrow(options.file), installedComponents());
     } catch (const std::exception& failure) {
-        tellFailure(window.window(), sentenceFor(failure));
+        tellFailure(window.window(), desk::sentenceFor(failure));
         return ExitStatus::CannotStart;
     }
     window.show(command);
@@ -45,7 +46,7 @@ ExitStatus show(const CommandLine& options, int command) {
 ExitStatus run(int command) {
     const auto options = readCommandLine(processArguments());
     if (!options) {
-        tellFailure(nullptr, options.error());
+        tellFailure(nullptr, com::narrow(options.error()));
         return ExitStatus::BadArguments;
     }
     const Ole ole;

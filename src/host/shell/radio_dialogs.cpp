@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "com/kit/text.h"
 #include "host/shell/dialog.h"
 #include "host/shell/resource.h"
 
@@ -12,21 +13,23 @@ namespace telvar::host {
 namespace {
 
 struct Way {
-    const wchar_t* name;
-    std::wstring_view prefix;  // of an address
-    const wchar_t* usual;      // the rest of it
+    const char* name;
+    std::string_view prefix;  // of an address
+    const char* usual;        // the rest of it
 };
 
 // The first has no rest.
-constexpr std::array<Way, 3> ways{{{L"Simulated radio in this program", L"simulated", L""},
-                                   {L"Network (TCP), host:port", L"tcp:", L"127.0.0.1:4711"},
-                                   {L"Serial port, name,speed", L"serial:", L"COM1,19200"}}};
+constexpr std::array<Way, 3> ways{{{"Simulated radio in this program", "simulated", ""},
+                                   {"Network (TCP), host:port", "tcp:", "127.0.0.1:4711"},
+                                   {"Serial port, name,speed", "serial:", "COM1,19200"}}};
 
-void addEntry(HWND list, const wchar_t* text) { SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text)); }
+void addEntry(HWND list, std::string_view text) {
+    SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(com::wide(text).c_str()));
+}
 
 class ConnectionDialog final : public Dialog {
 public:
-    ConnectionDialog(const Connection& present, const std::wstring& state, const TakeConnection& take)
+    ConnectionDialog(const desk::Connection& present, const std::string& state, const TakeConnection& take)
         : present_(present), state_(state), take_(take) {}
 
 private:
@@ -46,7 +49,7 @@ private:
 
     bool accept() override {
         const std::size_t chosen = way();
-        take_({.address = std::wstring(ways[chosen].prefix) + (chosen == 0 ? L"" : textOf(CONNECTION_PLACE)),
+        take_({.address = std::string(ways[chosen].prefix) + (chosen == 0 ? "" : textOf(CONNECTION_PLACE)),
                .trace = textOf(CONNECTION_TRACE)});
         return true;
     }
@@ -63,22 +66,22 @@ private:
         return static_cast<std::size_t>(SendMessageW(item(CONNECTION_WAY), CB_GETCURSEL, 0, 0));
     }
 
-    const Connection& present_;
-    const std::wstring& state_;
+    const desk::Connection& present_;
+    const std::string& state_;
     const TakeConnection& take_;
 };
 
 class FaultsDialog final : public Dialog {
 public:
-    FaultsDialog(const std::wstring& present, const TakeChoice& take) : present_(present), take_(take) {}
+    FaultsDialog(const std::string& present, const TakeChoice& take) : present_(present), take_(take) {}
 
 private:
     HWND begin() override {
-        for (const wchar_t* fault : {L"none", L"silence", L"delay", L"noise", L"drop", L"repeat", L"cut", L"reorder",
-                                     L"identity", L"echo", L"power"}) {
+        for (const char* fault :
+             {"none", "silence", "delay", "noise", "drop", "repeat", "cut", "reorder", "identity", "echo", "power"}) {
             addEntry(item(FAULTS_PLAN), fault);
         }
-        setText(FAULTS_PLAN, present_.empty() ? L"none" : present_);
+        setText(FAULTS_PLAN, present_.empty() ? "none" : present_);
         return item(FAULTS_PLAN);
     }
 
@@ -89,17 +92,17 @@ private:
 
     void changed(int /*control*/) override { note({}); }
 
-    const std::wstring& present_;
+    const std::string& present_;
     const TakeChoice& take_;
 };
 
 }  // namespace
 
-bool askConnection(HWND owner, const Connection& present, const std::wstring& note, const TakeConnection& take) {
+bool askConnection(HWND owner, const desk::Connection& present, const std::string& note, const TakeConnection& take) {
     return ConnectionDialog(present, note, take).run(owner, RESOURCE_CONNECTION);
 }
 
-bool askFaults(HWND owner, const std::wstring& present, const TakeChoice& take) {
+bool askFaults(HWND owner, const std::string& present, const TakeChoice& take) {
     return FaultsDialog(present, take).run(owner, RESOURCE_FAULTS);
 }
 

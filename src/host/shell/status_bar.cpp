@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 
+#include "com/kit/text.h"
 #include "host/shell/resource.h"
 #include "win/scaling.h"
 
@@ -22,6 +23,8 @@ constexpr int progressPart = 1;
 // A repaint costs more than the row it announces.
 constexpr int stepsPerPaint = 8;
 constexpr int whole = 100;  // percent
+// Of a full refresh: one for each channel.
+constexpr int refreshSteps = 255;
 
 std::wstring partText(HWND bar, WPARAM part) {
     const auto length = static_cast<std::size_t>(LOWORD(SendMessageW(bar, SB_GETTEXTLENGTHW, part, 0)));
@@ -89,25 +92,26 @@ void StatusBar::setVisible(bool visible) {
     ShowWindow(bar_, visible ? SW_SHOW : SW_HIDE);
 }
 
-void StatusBar::setText(int part, const std::wstring& text) {
+void StatusBar::setText(int part, const std::string& narrow) {
+    const std::wstring text = com::wide(narrow);
     if (bar_ != nullptr && partText(bar_, static_cast<WPARAM>(part)) != text) {
         SendMessageW(bar_, SB_SETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
     }
 }
 
-void StatusBar::setRadio(const std::wstring& text, const std::wstring& sentence) {
-    setText(progressPart, text);
-    SendMessageW(bar_, SB_SETTIPTEXTW, progressPart, reinterpret_cast<LPARAM>(sentence.c_str()));
+void StatusBar::setRadio(std::string_view text, const std::string& sentence) {
+    setText(progressPart, std::string(text));
+    SendMessageW(bar_, SB_SETTIPTEXTW, progressPart, reinterpret_cast<LPARAM>(com::wide(sentence).c_str()));
 }
 
-void StatusBar::setMessage(const std::wstring& text) {
+void StatusBar::setMessage(const std::string& text) {
     message_ = text;
     if (!hinting_) {
         setText(0, text);
     }
 }
 
-void StatusBar::showHint(const std::wstring& text) {
+void StatusBar::showHint(const std::string& text) {
     hinting_ = true;
     setText(0, text);
 }
@@ -125,12 +129,15 @@ void StatusBar::startProgress(int steps) {
     ShowWindow(progress_, SW_SHOWNA);
 }
 
+// The control also refreshes itself, after a load for instance, so that nobody announces the first step.
 void StatusBar::stepProgress() {
-    if (progressComplete()) {
-        return;
+    if (steps_ == 0) {
+        startProgress(refreshSteps);
     }
     ++done_;
-    if (done_ % stepsPerPaint == 0 || done_ == steps_) {
+    if (done_ >= steps_) {
+        endProgress();
+    } else if (done_ % stepsPerPaint == 0) {
         SendMessageW(progress_, PBM_SETPOS, static_cast<WPARAM>(done_), 0);
         UpdateWindow(progress_);
     }

@@ -6,10 +6,13 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
+
+#include "desk/window.h"
 
 namespace telvar::host {
 
-class StatusBar {
+class StatusBar final : public desk::StatusLine {
 public:
     // Fails silently to no status bar at all; everything else then does nothing.
     void create(HWND parent, bool visible);
@@ -19,37 +22,32 @@ public:
     // In pixels; 0 while hidden.
     [[nodiscard]] int height() const;
 
-    [[nodiscard]] bool visible() const noexcept { return visible_; }
-    void setVisible(bool visible);
-
-    void setMessage(const std::wstring& text);
-    [[nodiscard]] const std::wstring& message() const noexcept { return message_; }
-    void setLevel(const std::wstring& text) { setText(2, text); }
-    void setChannels(const std::wstring& text) { setText(3, text); }
-    // What is known of the radio in two words, and as a sentence for the mouse that rests on it. A progress bar covers
-    // it.
-    void setRadio(const std::wstring& text, const std::wstring& sentence);
-    void setModified(bool modified) { setText(4, modified ? L"Modified" : L""); }
-
-    void showHint(const std::wstring& text);
+    // In the message's place while a menu is open.
+    void showHint(const std::string& text);
     void endHint();
 
-    // Shows the bar, empty; it is complete after that many steps.
-    void startProgress(int steps);
-    void stepProgress();
-    void endProgress();
-    // Shows the bar as an exchange stands, 0 to 100.
-    void showPercent(int percent);
-    [[nodiscard]] bool showsProgress() const noexcept { return steps_ > 0; }
-    [[nodiscard]] bool progressComplete() const noexcept { return done_ >= steps_; }
+    void setMessage(const std::string& text) override;
+    [[nodiscard]] std::string message() const override { return message_; }
+    void setLevel(std::string_view text) override { setText(2, std::string(text)); }
+    void setChannels(const std::string& text) override { setText(3, text); }
+    // A progress bar covers it.
+    void setRadio(std::string_view text, const std::string& sentence) override;
+    void setModified(bool modified) override { setText(4, modified ? "Modified" : ""); }
+    void stepProgress() override;
+    void showPercent(int percent) override;
+    void endProgress() override;
+    [[nodiscard]] bool visible() const override { return visible_; }
+    void setVisible(bool visible) override;
 
 private:
-    void setText(int part, const std::wstring& text);
+    void setText(int part, const std::string& text);
+    // Empty; it is complete after that many steps.
+    void startProgress(int steps);
     void placeProgress();
 
     HWND bar_ = nullptr;
     HWND progress_ = nullptr;
-    std::wstring message_;
+    std::string message_;
     bool hinting_ = false;
     bool visible_ = true;
     int steps_ = 0;

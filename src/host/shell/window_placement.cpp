@@ -12,11 +12,11 @@ LONG heightOf(const RECT& rectangle) noexcept { return rectangle.bottom - rectan
 
 }  // namespace
 
-std::optional<Placement> loadPlacement(const win::Settings& settings) {
-    const auto left = settings.number(L"Left");
-    const auto top = settings.number(L"Top");
-    const auto width = settings.number(L"Width");
-    const auto height = settings.number(L"Height");
+std::optional<Placement> loadPlacement(const desk::SettingsStore& settings) {
+    const auto left = settings.number(desk::setting::left.name);
+    const auto top = settings.number(desk::setting::top.name);
+    const auto width = settings.number(desk::setting::width.name);
+    const auto height = settings.number(desk::setting::height.name);
     // Values beyond any screen would overflow the arithmetic.
     const auto sensible = [](std::int32_t value) { return value > -100'000 && value < 100'000; };
     if (!left || !top || !width || !height || *width <= 0 || *height <= 0 || !sensible(*left) || !sensible(*top) ||
@@ -24,10 +24,10 @@ std::optional<Placement> loadPlacement(const win::Settings& settings) {
         return std::nullopt;
     }
     return Placement{.rectangle = win::fitted({*left, *top, *left + *width, *top + *height}, win::workAreas()),
-                     .maximised = settings.number(L"Maximised").value_or(0) != 0};
+                     .maximised = desk::setting::maximised.in(settings)};
 }
 
-void savePlacement(win::Settings& settings, HWND window) {
+void savePlacement(desk::SettingsStore& settings, HWND window) {
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     if (!GetWindowPlacement(window, &placement)) {
@@ -40,11 +40,11 @@ void savePlacement(win::Settings& settings, HWND window) {
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromPoint({0, 0}, MONITOR_DEFAULTTOPRIMARY), &monitor);
     const RECT& normal = placement.rcNormalPosition;
-    settings.setNumber(L"Left", normal.left + monitor.rcWork.left - monitor.rcMonitor.left);
-    settings.setNumber(L"Top", normal.top + monitor.rcWork.top - monitor.rcMonitor.top);
-    settings.setNumber(L"Width", widthOf(normal));
-    settings.setNumber(L"Height", heightOf(normal));
-    settings.setNumber(L"Maximised", maximised ? 1 : 0);
+    settings.setNumber(desk::setting::left.name, normal.left + monitor.rcWork.left - monitor.rcMonitor.left);
+    settings.setNumber(desk::setting::top.name, normal.top + monitor.rcWork.top - monitor.rcMonitor.top);
+    settings.setNumber(desk::setting::width.name, widthOf(normal));
+    settings.setNumber(desk::setting::height.name, heightOf(normal));
+    desk::setting::maximised.put(settings, maximised);
 }
 
 }  // namespace telvar::host

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-#include "win/settings.h"
+#include "desk/settings.h"
 
 namespace telvar::host {
 
@@ -16,7 +16,7 @@ struct Placement {
 };
 
 // The remembered place, fitted to the present monitors; nothing when none is remembered or it has no extent.
-[[nodiscard]] std::optional<Placement> loadPlacement(const win::Settings& settings);
-void savePlacement(win::Settings& settings, HWND window);
+[[nodiscard]] std::optional<Placement> loadPlacement(const desk::SettingsStore& settings);
+void savePlacement(desk::SettingsStore& settings, HWND window);
 
 }  // namespace telvar::host

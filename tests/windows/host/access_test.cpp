@@ -1,17 +1,17 @@
 // Levels and their passwords, and what the settings keep of them.
-#include "host/shell/access.h"
+#include "desk/access.h"
 
 #include <gtest/gtest.h>
 
 #include "com/kit/failure.h"
 #include "host/shell/password_hash.h"
+#include "host/shell/registry_settings.h"
 #include "test_settings.h"
 
 namespace telvar::tests {
 
-using host::Access;
-using host::AccessLevel;
-using win::Settings;
+using desk::Access;
+using desk::AccessLevel;
 
 // Of "p\u00e4ssword", by another implementation of PBKDF2-HMAC-SHA-256.
 constexpr const wchar_t* known = L"pbkdf2-sha256:1000:000102030405060708090a0b0c0d0e0f:"
@@ -56,64 +56,66 @@ TEST(PasswordHash, ADamagedOneMatchesNothing) {
 
 struct Levels : testing::Test {
     TestSettings own;
-    win::Settings settings{TestSettings::key};
+    host::RegistrySettings settings{TestSettings::key};
+    const host::SystemPasswordHasher hasher;
 };
 
 TEST_F(Levels, WithoutPasswordsEverybodyMayDoEverything) {
-    const Access access(settings);
+    const Access access(settings, hasher);
     EXPECT_EQ(access.level(), AccessLevel::Everything);
     EXPECT_FALSE(access.needsPassword(AccessLevel::EditChannels));
-    EXPECT_TRUE(access.admits(AccessLevel::Everything, L""));
+    EXPECT_TRUE(access.admits(AccessLevel::Everything, ""));
 }
 
 TEST_F(Levels, TheProgramBeginsAtTheHighestLevelWithoutAPassword) {
-    Access(settings).setPassword(AccessLevel::Everything, L"chief");
-    EXPECT_EQ(Access(settings).level(), AccessLevel::EditChannels);
-    Access(settings).setPassword(AccessLevel::EditChannels, L"operator");
-    EXPECT_EQ(Access(settings).level(), AccessLevel::View);
+    Access(settings, hasher).setPassword(AccessLevel::Everything, "chief");
+    EXPECT_EQ(Access(settings, hasher).level(), AccessLevel::EditChannels);
+    Access(settings, hasher).setPassword(AccessLevel::EditChannels, "operator");
+    EXPECT_EQ(Access(settings, hasher).level(), AccessLevel::View);
 }
 
 TEST_F(Levels, EachHasItsOwnPassword) {
-    Access access(settings);
-    access.setPassword(AccessLevel::Everything, L"chief");
-    access.setPassword(AccessLevel::EditChannels, L"operator");
-    EXPECT_TRUE(access.admits(AccessLevel::EditChannels, L"operator"));
-    EXPECT_FALSE(access.admits(AccessLevel::EditChannels, L"chief"));
-    EXPECT_TRUE(access.admits(AccessLevel::Everything, L"chief"));
-    EXPECT_FALSE(access.admits(AccessLevel::Everything, L""));
-    EXPECT_TRUE(access.admits(AccessLevel::View, L"anything"));
+    Access access(settings, hasher);
+    access.setPassword(AccessLevel::Everything, "chief");
+    access.setPassword(AccessLevel::EditChannels, "operator");
+    EXPECT_TRUE(access.admits(AccessLevel::EditChannels, "operator"));
+    EXPECT_FALSE(access.admits(AccessLevel::EditChannels, "chief"));
+    EXPECT_TRUE(access.admits(AccessLevel::Everything, "chief"));
+    EXPECT_FALSE(access.admits(AccessLevel::Everything, ""));
+    EXPECT_TRUE(access.admits(AccessLevel::View, "anything"));
 }
 
 TEST_F(Levels, AnEmptyPasswordTakesItAway) {
-    Access access(settings);
-    access.setPassword(AccessLevel::EditChannels, L"operator");
-    access.setPassword(AccessLevel::EditChannels, L"");
+    Access access(settings, hasher);
+    access.setPassword(AccessLevel::EditChannels, "operator");
+    access.setPassword(AccessLevel::EditChannels, "");
     EXPECT_FALSE(access.needsPassword(AccessLevel::EditChannels));
-    access.setPassword(AccessLevel::EditChannels, L"");
-    EXPECT_TRUE(access.admits(AccessLevel::EditChannels, L""));
+    access.setPassword(AccessLevel::EditChannels, "");
+    EXPECT_TRUE(access.admits(AccessLevel::EditChannels, ""));
 }
 
 TEST_F(Levels, ADamagedSettingOpensNothing) {
-    settings.setNumber(L"Password5", 7);
-    const Access access(settings);
+    settings.setNumber("Password5", 7);
+    const Access access(settings, hasher);
     EXPECT_TRUE(access.needsPassword(AccessLevel::Everything));
-    EXPECT_FALSE(access.admits(AccessLevel::Everything, L""));
+    EXPECT_FALSE(access.admits(AccessLevel::Everything, ""));
     EXPECT_EQ(access.level(), AccessLevel::EditChannels);
 }
 
 TEST_F(Levels, TheSettingsHoldNoPassword) {
-    Access(settings).setPassword(AccessLevel::Everything, L"chief");
-    const std::wstring kept = settings.text(L"Password5").value_or(L"");
-    EXPECT_TRUE(kept.starts_with(L"pbkdf2-sha256:"));
-    EXPECT_EQ(kept.find(L"chief"), std::wstring::npos);
+    Access(settings, hasher).setPassword(AccessLevel::Everything, "chief");
+    const std::string kept = settings.text("Password5").value_or("");
+    EXPECT_TRUE(kept.starts_with("pbkdf2-sha256:"));
+    EXPECT_EQ(kept.find("chief"), std::string::npos);
 }
 
 TEST(ClosedSettings, APasswordThatCannotBeKeptIsAFailure) {
     RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Telvar\\Gone");
-    win::Settings gone(L"Software\\Telvar\\Gone");
+    const host::SystemPasswordHasher hasher;
+    host::RegistrySettings gone(L"Software\\Telvar\\Gone");
     RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\Telvar\\Gone");
-    Access access(gone);
-    EXPECT_THROW(access.setPassword(AccessLevel::Everything, L"chief"), com::ComFailure);
+    Access access(gone, hasher);
+    EXPECT_THROW(access.setPassword(AccessLevel::Everything, "chief"), base::Failure);
 }
 
 }  // namespace telvar::tests

@@ -8,7 +8,7 @@ namespace telvar::tests {
 
 struct ClosingWhileModal : Program {
     // Runs a command that opens something modal, of which `inside` disposes.
-    void open(int identifier, DialogAnswers::Answer inside) {
+    void open(desk::Command identifier, DialogAnswers::Answer inside) {
         dialogs.expect(std::move(inside));
         command(identifier);
     }
@@ -22,7 +22,7 @@ struct ClosingWhileModal : Program {
         GlobalUnlock(memory);
         SetClipboardData(CF_UNICODETEXT, memory);
         CloseClipboard();
-        open(COMMAND_PASTE, std::move(inside));
+        open(desk::Command::Paste, std::move(inside));
     }
     // The window is asked to close, stays, and the dialog with it.
     void closeInVain(HWND dialog) {
@@ -39,7 +39,7 @@ struct ClosingWhileModal : Program {
         EXPECT_FALSE(isOpen());
     }
     void expectServersCanGo() {
-        program.reset();
+        end();
         pump();
         for (const char* file : {"Tesslin.ocx", "VexloRadioLink.dll", "VexloDataStore.dll"}) {
             EXPECT_TRUE(LoadedServer(file).canUnload()) << file;
@@ -58,7 +58,7 @@ struct ClosingWhileModal : Program {
 TEST_F(ClosingWhileModal, TheFillDialogKeepsTheWindowOpenAndTheQuestionComesLater) {
     start(sample("gmrs.telvar", "a.telvar"));
     change();
-    open(COMMAND_FILL_SERIES, [this](HWND dialog) { closeInVain(dialog); });
+    open(desk::Command::FillSeries, [this](HWND dialog) { closeInVain(dialog); });
     expectQuestionAtTheEnd();
 }
 
@@ -72,14 +72,14 @@ TEST_F(ClosingWhileModal, AMessageBoxKeepsTheWindowOpenAndTheQuestionComesLater)
 TEST_F(ClosingWhileModal, TheConfirmationKeepsTheWindowOpenAndTheQuestionComesLater) {
     start(sample("gmrs.telvar", "a.telvar"));
     change();
-    open(COMMAND_DELETE, [this](HWND dialog) { closeInVain(dialog); });
+    open(desk::Command::Delete, [this](HWND dialog) { closeInVain(dialog); });
     expectQuestionAtTheEnd();
 }
 
 TEST_F(ClosingWhileModal, TheSessionEndsOverTheFillDialog) {
     start(sample("gmrs.telvar", "a.telvar"));
     change();
-    open(COMMAND_FILL_SERIES, [this](HWND) { endSession(); });
+    open(desk::Command::FillSeries, [this](HWND) { endSession(); });
     expectServersCanGo();
 }
 
@@ -93,21 +93,21 @@ TEST_F(ClosingWhileModal, TheSessionEndsOverAMessageBox) {
 TEST_F(ClosingWhileModal, TheSessionEndsOverTheConfirmation) {
     start(sample("gmrs.telvar", "a.telvar"));
     change();
-    open(COMMAND_DELETE, [this](HWND) { endSession(); });
+    open(desk::Command::Delete, [this](HWND) { endSession(); });
     expectServersCanGo();
 }
 
 TEST_F(ClosingWhileModal, TheSessionEndsOverTheLogin) {
     start(sample("gmrs.telvar", "a.telvar"));
     change();
-    open(COMMAND_LOG_IN, [this](HWND) { endSession(); });
+    open(desk::Command::LogIn, [this](HWND) { endSession(); });
     expectServersCanGo();
 }
 
 TEST_F(ClosingWhileModal, WhatTheUserSavesOverTheFillDialogIsSaved) {
     start(sample("gmrs.telvar", "a.telvar"));
     change(200);
-    open(COMMAND_FILL_SERIES, [this](HWND) {
+    open(desk::Command::FillSeries, [this](HWND) {
         dialogs.expectQuestion(IDYES);
         EXPECT_EQ(SendMessageW(program->window(), WM_QUERYENDSESSION, 0, 0), TRUE);
         SendMessageW(program->window(), WM_ENDSESSION, TRUE, 0);

@@ -66,7 +66,7 @@ struct ControlFocus : Program {
         ASSERT_TRUE(exchanged());
         EXPECT_TRUE(pumpUntil([&] { return row() == channel && column() == 1 && endColumn() == 26; })) << row();
         short selected = 0;
-        com::check(program->document().store()->get_SelectedChannel(&selected));
+        com::check(components.store->get_SelectedChannel(&selected));
         EXPECT_EQ(selected, channel);
     }
 };
@@ -99,7 +99,7 @@ TEST_F(ControlFocus, IsInTheGridWhenTheHostDisablesSelectUnderTheKeyboard) {
     start();
     focus(selectButton());
     com::Bstr commands(std::wstring_view(L"RS232"));
-    com::check(com::ComPointer<_ChannelInformation>::from(program->channels())->DisableMyCommands(commands.address()));
+    com::check(com::ComPointer<_ChannelInformation>::from(components.control)->DisableMyCommands(commands.address()));
     EXPECT_EQ(GetFocus(), grid());
     expectArrowsMoveTheGrid();
 }
@@ -167,7 +167,7 @@ TEST_F(ControlFocus, TheEndOfTheEditFormBringsItToTheGridFromEveryField) {
     for (const HWND field : fields()) {
         for (const auto& end : ends) {
             focus(field);
-            command(COMMAND_EDIT_CHANNEL);
+            command(desk::Command::EditChannel);
             ASSERT_NE(EditFormDriver::form(), nullptr);
             end();
             pump();

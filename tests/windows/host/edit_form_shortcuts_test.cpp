@@ -11,7 +11,7 @@ struct ShortcutsInTheEditForm : Program, EditFormDriver {
         dialogs.ignore(L"Channel Edit");
         start(sample("maritime.telvar", "table.telvar"));
         select(channel, 1, channel, 1);
-        command(COMMAND_EDIT_CHANNEL);
+        command(desk::Command::EditChannel);
         ASSERT_NE(form(), nullptr);
         SetForegroundWindow(form());
         SetFocus(frequencyField());
@@ -33,10 +33,9 @@ struct ShortcutsInTheEditForm : Program, EditFormDriver {
         com::ComPointer<IDataStore> store;
         com::check(CoCreateInstance(__uuidof(DataStore), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IDataStore),
                                     store.putVoid()));
-        host::Document file(store);
-        file.open(path(name));
+        host::StoreAdapter(store).open(com::narrow(path(name)));
         com::Variant value;
-        com::check(file.record(number)->get_TxFreq(value.put()));
+        com::check(host::recordOf(*store, number)->get_TxFreq(value.put()));
         value.convertTo(VT_I4);
         return V_I4(&value.get());
     }
@@ -45,9 +44,9 @@ struct ShortcutsInTheEditForm : Program, EditFormDriver {
 TEST_F(ShortcutsInTheEditForm, ControlSSavesTheTable) {
     open();
     change(7);
-    ASSERT_TRUE(program->document().modified());
+    ASSERT_TRUE(modified());
     pressInForm({VK_CONTROL, 'S'});
-    EXPECT_TRUE(pumpUntil([this] { return !program->document().modified(); }));
+    EXPECT_TRUE(pumpUntil([this] { return !modified(); }));
     EXPECT_EQ(saved("table.telvar", 7), 446'006'250);
     EXPECT_NE(form(), nullptr);
     EXPECT_EQ(GetActiveWindow(), form());
@@ -58,7 +57,7 @@ TEST_F(ShortcutsInTheEditForm, ControlSAppliesEditsFirstWhereTheUserWantsThat) {
     edit();
     dialogs.expectBox(IDYES);
     pressInForm({VK_CONTROL, 'S'});
-    EXPECT_TRUE(pumpUntil([this] { return dialogs.shown().size() == 1 && !program->document().modified(); }));
+    EXPECT_TRUE(pumpUntil([this] { return dialogs.shown().size() == 1 && !modified(); }));
     EXPECT_EQ(saved("table.telvar", 5), 160'500'000);
 }
 
@@ -71,7 +70,7 @@ TEST_F(ShortcutsInTheEditForm, ControlSSavesNothingWhileTheUserStaysWithEdits) {
     pressInForm({VK_CONTROL, 'S'});
     ASSERT_TRUE(pumpUntil([this] { return dialogs.shown().size() == 2; }));
     pump();
-    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(modified());
     EXPECT_NE(saved("table.telvar", 7), 446'006'250);
     EXPECT_EQ(textOf(frequencyField()), "160.5");
     dialogs.expectBox(IDNO);
@@ -84,9 +83,9 @@ TEST_F(ShortcutsInTheEditForm, SavingByTheMenuAsksAboutEditsToo) {
     open();
     edit();
     dialogs.expectBox(IDYES);
-    command(COMMAND_SAVE);
+    command(desk::Command::Save);
     EXPECT_EQ(saved("table.telvar", 5), 160'500'000);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
 }
 
 TEST_F(ShortcutsInTheEditForm, F6GoesToTheGridAndControlNBeginsANewTable) {
@@ -95,7 +94,7 @@ TEST_F(ShortcutsInTheEditForm, F6GoesToTheGridAndControlNBeginsANewTable) {
     EXPECT_EQ(GetFocus(), gridIn(program->window()));
     ASSERT_NE(form(), nullptr);
     pressInForm({VK_CONTROL, 'N'});
-    EXPECT_TRUE(pumpUntil([this] { return program->document().path().empty(); }));
+    EXPECT_TRUE(pumpUntil([this] { return openPath().empty(); }));
 }
 
 TEST_F(ShortcutsInTheEditForm, CommandsOfTheGridsSelectionStayOut) {

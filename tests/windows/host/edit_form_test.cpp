@@ -60,18 +60,18 @@ TEST_F(EditFormOverTheProgram, FollowsGoToChannel) {
         SetDlgItemTextW(dialog, CHANNEL_NUMBER, L"16");
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
-    command(COMMAND_GO_TO);
+    command(desk::Command::GoTo);
     EXPECT_EQ(row(), 16);
     EXPECT_EQ(textOf(channelField()), "16");
 }
 
 TEST_F(EditFormOverTheProgram, GetsTheUserBackAfterItsLogin) {
     open();
-    command(COMMAND_LOG_OUT);
+    command(desk::Command::LogOut);
     dialogs.expect([](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDOK, 0); });
     SetActiveWindow(form());
     EditFormDriver::press("Access");
-    EXPECT_TRUE(pumpUntil([this] { return program->accessLevel() == host::AccessLevel::EditChannels; }));
+    EXPECT_TRUE(pumpUntil([this] { return accessLevel() == desk::AccessLevel::EditChannels; }));
     EXPECT_EQ(GetActiveWindow(), form());
 }
 
@@ -81,7 +81,7 @@ TEST_F(EditFormOverTheProgram, AppliedEditsMakeTheTableAnUnsavedOne) {
     EditFormDriver::press("Apply");
     pump();
     EXPECT_EQ(frequency(static_cast<int>(channel)), 160'500'000);
-    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(modified());
     program->refreshState();
     dialogs.expectQuestion(IDNO);
     close();
@@ -120,11 +120,11 @@ TEST_F(EditFormOverTheProgram, AnotherTableIsNotOpenedOverEditsUnasked) {
     open();
     edit();
     answer({IDNO, IDNO});
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     EXPECT_EQ(asked(question()), 1);
     EXPECT_EQ(textOf(frequencyField()), "160.5");
     answer({IDNO, IDYES});
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     EXPECT_EQ(textOf(channelField()), "1");
     EXPECT_EQ(textOf(frequencyField()), "0.000000");
     EXPECT_EQ(frequency(static_cast<int>(channel)), 0);

@@ -7,11 +7,10 @@
 namespace telvar::tests {
 
 TEST(ChannelNumber, IsOneTo255InDigits) {
-    EXPECT_EQ(host::readChannel(L"1"), 1);
-    EXPECT_EQ(host::readChannel(L" 255 "), 255);
-    EXPECT_EQ(host::readChannel(L"007"), 7);
-    for (const wchar_t* wrong :
-         {L"", L" ", L"0", L"256", L"-1", L"+1", L"1.5", L"12a", L"1 2", L"99999999999999999999", L"\u0661"}) {
+    EXPECT_EQ(host::readChannel("1"), 1);
+    EXPECT_EQ(host::readChannel(" 255 "), 255);
+    EXPECT_EQ(host::readChannel("007"), 7);
+    for (const char* wrong : {"", " ", "0", "256", "-1", "+1", "1.5", "12a", "1 2", "99999999999999999999", "\u0661"}) {
         EXPECT_EQ(host::readChannel(wrong), std::nullopt) << testing::PrintToString(wrong);
     }
 }
@@ -22,7 +21,7 @@ struct GoTo : Program {
             SetDlgItemTextW(dialog, CHANNEL_NUMBER, number);
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
-        command(COMMAND_GO_TO);
+        command(desk::Command::GoTo);
     }
     [[nodiscard]] long top() { return gridNumber(&IChannelGrid::get_TopRow); }
 };
@@ -65,7 +64,7 @@ TEST_F(GoTo, SuggestsTheCurrentChannelAndRefusesOthersThanOneTo255) {
         EXPECT_EQ(GetFocus(), GetDlgItem(dialog, CHANNEL_NUMBER));
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    command(COMMAND_GO_TO);
+    command(desk::Command::GoTo);
     EXPECT_EQ(row(), 42);
     EXPECT_EQ(column(), 3);
 }
@@ -89,7 +88,7 @@ TEST_F(GoTo, ARefusalCanBeReadInEveryScheme) {
         ReleaseDC(note, context);
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    command(COMMAND_GO_TO);
+    command(desk::Command::GoTo);
 }
 
 TEST_F(GoTo, IsDoneFromTheKeyboardAlone) {
@@ -113,7 +112,7 @@ TEST_F(GoTo, IsDoneFromTheKeyboardAlone) {
 TEST_F(GoTo, TheStatusBarTellsWhatItDoes) {
     start();
     const HMENU menu = GetSubMenu(GetMenu(program->window()), editMenu);
-    SendMessageW(program->window(), WM_MENUSELECT, MAKEWPARAM(COMMAND_GO_TO, MF_HILITE),
+    SendMessageW(program->window(), WM_MENUSELECT, MAKEWPARAM(desk::Command::GoTo, MF_HILITE),
                  reinterpret_cast<LPARAM>(menu));
     EXPECT_EQ(statusText(0), L"Shows and selects a channel by its number");
     SendMessageW(program->window(), WM_MENUSELECT, MAKEWPARAM(0, 0xFFFF), 0);
@@ -127,9 +126,10 @@ TEST_F(GoTo, EveryCommandOfTheMenusHasAHint) {
             const UINT identifier = GetMenuItemID(menu, at);
             if (identifier == static_cast<UINT>(-1)) {
                 look(GetSubMenu(menu, at));
-            } else if (identifier != 0 && identifier != COMMAND_RECENT_FIRST) {
-                std::array<wchar_t, 128> text{};
-                EXPECT_GT(LoadStringW(GetModuleHandleW(nullptr), identifier, text.data(), 128), 0) << identifier;
+            } else if (identifier != 0 && identifier != static_cast<UINT>(desk::Command::RecentFirst)) {
+                SendMessageW(program->window(), WM_MENUSELECT, MAKEWPARAM(identifier, 0),
+                             reinterpret_cast<LPARAM>(menu));
+                EXPECT_NE(statusText(0), L"") << identifier;
             }
         }
     };

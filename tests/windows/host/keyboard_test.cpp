@@ -102,7 +102,7 @@ TEST_F(Keyboard, WhatTheGridDoesNotUseIsTheHosts) {
     press({VK_F5});
     EXPECT_TRUE(pumpUntil([this] { return cell(7, 1) == L"446.006250"; }));
     press({VK_CONTROL, 'S'});
-    EXPECT_TRUE(pumpUntil([this] { return !program->document().modified(); }));
+    EXPECT_TRUE(pumpUntil([this] { return !modified(); }));
     press({VK_CONTROL, 'A'});
     EXPECT_TRUE(pumpUntil([this] { return endRow() == 255; }));
     // Neither has a meaning here, and the cells stay as they are.

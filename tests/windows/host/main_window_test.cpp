@@ -12,9 +12,9 @@ namespace telvar::tests {
 
 TEST_F(Program, StartsWithAnEmptyTable) {
     start();
-    EXPECT_EQ(program->document().path(), L"");
-    EXPECT_EQ(program->document().configuredChannels(), 0);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_EQ(openPath(), L"");
+    EXPECT_EQ(configuredChannels(), 0);
+    EXPECT_FALSE(modified());
     EXPECT_EQ(cell(0, 1), L"Tx Frequency (MHz)");
     EXPECT_EQ(cell(255, 1), L"X");
 }
@@ -22,7 +22,7 @@ TEST_F(Program, StartsWithAnEmptyTable) {
 TEST_F(Program, OpensTheFileItIsGivenAndTakesTheControlsCaption) {
     const std::wstring file = sample("maritime.telvar", "Küste & Hafen 1.telvar");
     start(file);
-    EXPECT_EQ(program->document().path(), file);
+    EXPECT_EQ(openPath(), file);
     EXPECT_EQ(title(), L"Channel Information - International maritime VHF, coast station");
     EXPECT_EQ(cell(1, 1), L"160.650000");
     EXPECT_EQ(recentFiles(), Texts{file});
@@ -54,7 +54,7 @@ TEST_F(Program, AMissingFileIsToldAndANewTableStaysOpen) {
     start(path("nowhere.telvar"));
     ASSERT_EQ(dialogs.shown().size(), 1U);
     EXPECT_NE(dialogs.shown().front().find(L"nowhere.telvar"), std::wstring::npos);
-    EXPECT_EQ(program->document().path(), L"");
+    EXPECT_EQ(openPath(), L"");
     EXPECT_EQ(recentFiles(), Texts{});
 }
 
@@ -67,7 +67,7 @@ TEST_F(Program, ADamagedFileIsToldAsTheStoreDoesAndTheOpenTableStays) {
         bad, R"({"format": "telvar-channel-table", "version": 1, "channels": [{"channel": 3, "TxFreq": "x"}]})");
     dialogs.expectFile(com::wide(bad));
     dialogs.expectBox(IDOK);
-    command(COMMAND_OPEN);
+    command(desk::Command::Open);
     ASSERT_EQ(dialogs.shown().size(), 2U);
     const std::wstring& sentence = dialogs.shown().back();
     EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << com::narrow(sentence);
@@ -75,9 +75,9 @@ TEST_F(Program, ADamagedFileIsToldAsTheStoreDoesAndTheOpenTableStays) {
     EXPECT_NE(sentence.find(L"3"), std::wstring::npos) << com::narrow(sentence);
     EXPECT_NE(sentence.find(L"TxFreq"), std::wstring::npos) << com::narrow(sentence);
     EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
-    EXPECT_EQ(program->document().path(), good);
+    EXPECT_EQ(openPath(), good);
     EXPECT_EQ(cell(1, 1), before);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     EXPECT_EQ(recentFiles(), Texts{good});
 }
 
@@ -87,7 +87,7 @@ TEST_F(Program, AChangeThatNoFlagAnnouncedIsMarkedAndSaved) {
     EXPECT_FALSE(title().starts_with(L"*"));
     change(200);
     EXPECT_TRUE(title().starts_with(L"*"));
-    command(COMMAND_SAVE);
+    command(desk::Command::Save);
     EXPECT_FALSE(title().starts_with(L"*"));
     EXPECT_NE(TemporaryFolder::read(folder / "a.telvar").find("\"channel\": 200"), std::string::npos);
     EXPECT_NE(TemporaryFolder::read(folder / "a.telvar.bak").find("\"channels\""), std::string::npos);
@@ -97,19 +97,19 @@ TEST_F(Program, RefreshShowsWhatTheStoreHolds) {
     start();
     change(7);
     EXPECT_EQ(cell(7, 1), L"X");
-    command(COMMAND_REFRESH);
+    command(desk::Command::Refresh);
     EXPECT_EQ(cell(7, 1), L"446.006250");
 }
 
 TEST_F(Program, AnotherTableIsShownFromItsTopAndARefreshStaysWhereItIs) {
     start(sample("gmrs.telvar", "a.telvar"));
-    const auto grid = com::ComPointer<IChannelGrid>::from(program->channels());
+    const auto grid = com::ComPointer<IChannelGrid>::from(components.control);
     com::check(grid->put_TopRow(100));
     long top = 0;
-    command(COMMAND_REFRESH);
+    command(desk::Command::Refresh);
     com::check(grid->get_TopRow(&top));
     EXPECT_EQ(top, 100);
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     com::check(grid->get_TopRow(&top));
     EXPECT_EQ(top, 1);
 }
@@ -119,7 +119,7 @@ TEST_F(Program, ARefreshMovesTheProgressBarFromEndToEnd) {
     const HWND bar = GetDlgItem(GetDlgItem(program->window(), CHILD_STATUS_BAR), CHILD_PROGRESS);
     int steps = 0;
     std::vector<LRESULT> positions;
-    const host::EventConnection events(program->channels(), __uuidof(__ChannelInformation),
+    const host::EventConnection events(components.control.get(), __uuidof(__ChannelInformation),
                                        [&](DISPID event, const DISPPARAMS&) {
                                            if (event == 12 && ++steps % 64 == 0) {
                                                EXPECT_TRUE(IsWindowVisible(bar));
@@ -128,7 +128,7 @@ TEST_F(Program, ARefreshMovesTheProgressBarFromEndToEnd) {
                                            return true;
                                        });
     EXPECT_FALSE(IsWindowVisible(bar));
-    command(COMMAND_REFRESH);
+    command(desk::Command::Refresh);
     EXPECT_EQ(steps, 255);
     EXPECT_EQ(positions, (std::vector<LRESULT>{64, 128, 192}));
     EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 255);
@@ -139,9 +139,9 @@ TEST_F(Program, ANewTableIsSavedUnderTheNameThatTheUserGives) {
     start();
     change();
     dialogs.expectFile(path("fresh"));
-    command(COMMAND_SAVE);
-    EXPECT_EQ(program->document().path(), path("fresh.telvar"));
-    EXPECT_FALSE(program->document().modified());
+    command(desk::Command::Save);
+    EXPECT_EQ(openPath(), path("fresh.telvar"));
+    EXPECT_FALSE(modified());
     EXPECT_EQ(recentFiles(), Texts{path("fresh.telvar")});
 }
 
@@ -149,9 +149,9 @@ TEST_F(Program, SavingUnderANameCanBeCancelled) {
     start();
     change();
     dialogs.expectBox(IDCANCEL);
-    command(COMMAND_SAVE_AS);
-    EXPECT_TRUE(program->document().modified());
-    EXPECT_EQ(program->document().path(), L"");
+    command(desk::Command::SaveAs);
+    EXPECT_TRUE(modified());
+    EXPECT_EQ(openPath(), L"");
 }
 
 TEST_F(Program, AFileThatCannotBeWrittenIsToldAndTheChangesStay) {
@@ -163,12 +163,12 @@ TEST_F(Program, AFileThatCannotBeWrittenIsToldAndTheChangesStay) {
     dialogs.expectFile(guarded);
     dialogs.expectBox(IDYES);  // the system asks whether to replace the file
     dialogs.expectBox(IDOK);
-    command(COMMAND_SAVE_AS);
+    command(desk::Command::SaveAs);
     ASSERT_EQ(dialogs.shown().size(), 3U);
     EXPECT_NE(dialogs.shown().back().find(L"guarded.telvar"), std::wstring::npos)
         << com::narrow(dialogs.shown().back());
-    EXPECT_TRUE(program->document().modified());
-    EXPECT_EQ(program->document().path(), L"");
+    EXPECT_TRUE(modified());
+    EXPECT_EQ(openPath(), L"");
     SetFileAttributesW(guarded.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(TemporaryFolder::read(folder / "guarded.telvar"), before);
 }
@@ -178,14 +178,14 @@ TEST_F(Program, NewAsksAboutChangesByTheFilesName) {
     start(file);
     change();
     dialogs.expectQuestion(IDCANCEL);
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     EXPECT_EQ(dialogs.shown(), Texts{L"Telvar: Do you want to save the changes to tables.telvar?"});
-    EXPECT_EQ(program->document().path(), file);
+    EXPECT_EQ(openPath(), file);
     EXPECT_EQ(frequency(), 446'006'250);
 
     dialogs.expectQuestion(IDNO);
-    command(COMMAND_NEW);
-    EXPECT_EQ(program->document().path(), L"");
+    command(desk::Command::New);
+    EXPECT_EQ(openPath(), L"");
     EXPECT_EQ(frequency(), 0);
     EXPECT_EQ(cell(1, 1), L"X");
 }
@@ -227,7 +227,7 @@ TEST_F(Program, ClosingStaysWhenTheTableCouldNotBeSaved) {
     dialogs.expectBox(IDCANCEL);
     close();
     EXPECT_TRUE(isOpen());
-    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(modified());
 }
 
 TEST_F(Program, ClosingAsksNothingWhenNothingChanged) {
@@ -252,13 +252,13 @@ TEST_F(Program, AWindowThatShowsAQuestionDoesNotClose) {
     change();
     dialogs.expect([this](HWND dialog) {
         SendMessageW(program->window(), WM_CLOSE, 0, 0);
-        SendMessageW(program->window(), WM_COMMAND, COMMAND_NEW, 0);
+        SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(desk::Command::New), 0);
         EXPECT_TRUE(isOpen());
         EXPECT_EQ(frequency(), 446'006'250);
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
         PostMessageW(dialog, WM_CLOSE, 0, 0);
     });
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     EXPECT_TRUE(isOpen());
     EXPECT_EQ(frequency(), 446'006'250);
 }
@@ -268,7 +268,7 @@ TEST_F(Program, AfterAMessageTheFocusIsWhereItWas) {
     key(VK_TAB);
     const HWND before = GetFocus();
     dialogs.expectBox(IDOK);
-    command(COMMAND_ABOUT);
+    command(desk::Command::About);
     EXPECT_EQ(GetFocus(), before);
     EXPECT_TRUE(IsChild(program->window(), before));
 }
@@ -278,22 +278,22 @@ TEST_F(Program, RecentFilesAreOpenedByTheirNumber) {
     const std::wstring second = sample("gmrs.telvar", "second.telvar");
     start(first);
     dialogs.expectFile(second);
-    command(COMMAND_OPEN);
+    command(desk::Command::Open);
     EXPECT_EQ(recentFiles(), (Texts{second, first}));
-    command(COMMAND_RECENT_FIRST + 1);
-    EXPECT_EQ(program->document().path(), first);
+    command(static_cast<desk::Command>(static_cast<int>(desk::Command::RecentFirst) + 1));
+    EXPECT_EQ(openPath(), first);
     EXPECT_EQ(recentFiles(), (Texts{first, second}));
 }
 
 TEST_F(Program, ARecentFileThatIsGoneIsToldAndForgotten) {
     const std::wstring file = sample("pmr446.telvar", "a.telvar");
     start(file);
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     std::filesystem::remove(TemporaryFolder::pathOf(folder / "a.telvar"));
     dialogs.expectBox(IDOK);
-    command(COMMAND_RECENT_FIRST);
+    command(desk::Command::RecentFirst);
     EXPECT_EQ(recentFiles(), Texts{});
-    EXPECT_EQ(program->document().path(), L"");
+    EXPECT_EQ(openPath(), L"");
 }
 
 TEST_F(Program, AFileThatIsDroppedOnTheWindowOpens) {
@@ -307,7 +307,7 @@ TEST_F(Program, AFileThatIsDroppedOnTheWindowOpens) {
     std::memcpy(drop + 1, file.data(), file.size() * sizeof(wchar_t));
     GlobalUnlock(memory);
     SendMessageW(program->window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
-    EXPECT_EQ(program->document().path(), file);
+    EXPECT_EQ(openPath(), file);
     EXPECT_EQ(recentFiles(), Texts{file});
 }
 
@@ -315,28 +315,30 @@ TEST_F(Program, TheFileMenuListsTheRecentFiles) {
     const std::wstring file = sample("pmr446.telvar", "R&D.telvar");
     start(file);
     const HMENU menu = GetSubMenu(GetMenu(program->window()), 0);
-    const auto text = [menu](UINT identifier) {
+    const auto text = [menu](desk::Command command) {
+        const auto identifier = static_cast<UINT>(command);
         std::wstring result(260, L'\0');
         result.resize(static_cast<std::size_t>(GetMenuStringW(menu, identifier, result.data(), 260, MF_BYCOMMAND)));
         return result;
     };
     const int before = GetMenuItemCount(menu);
     SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
-    EXPECT_EQ(text(COMMAND_RECENT_FIRST), host::RecentFiles::menuText(0, file));
+    EXPECT_EQ(text(desk::Command::RecentFirst), com::wide(desk::RecentFiles::menuText(0, com::narrow(file))));
     EXPECT_EQ(GetMenuItemCount(menu), before);
-    command(COMMAND_NEW);
-    win::Settings others(TestSettings::key);
-    host::RecentFiles(others).remove(file);
+    command(desk::Command::New);
+    host::RegistrySettings others(TestSettings::key);
+    const host::HostSystem system;
+    desk::RecentFiles(others, system).remove(com::narrow(file));
     SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
-    EXPECT_EQ(text(COMMAND_RECENT_FIRST), L"No recent files");
+    EXPECT_EQ(text(desk::Command::RecentFirst), L"No recent files");
 }
 
 TEST_F(Program, RemembersItsPlaceAndItsStatusBar) {
     start();
     SetWindowPos(program->window(), nullptr, 40, 30, 600, 500, SWP_NOZORDER);
-    command(COMMAND_STATUS_BAR);
+    command(desk::Command::StatusBar);
     close();
-    program.reset();
+    end();
     start();
     RECT place{};
     GetWindowRect(program->window(), &place);
@@ -346,7 +348,7 @@ TEST_F(Program, RemembersItsPlaceAndItsStatusBar) {
     EXPECT_EQ(place.bottom - place.top, 500);
     EXPECT_EQ(SendMessageW(program->window(), WM_GETOBJECT, 0, 0), 0);
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(program->window(), CHILD_STATUS_BAR)));
-    command(COMMAND_STATUS_BAR);
+    command(desk::Command::StatusBar);
     EXPECT_TRUE(IsWindowVisible(GetDlgItem(program->window(), CHILD_STATUS_BAR)));
 }
 
@@ -371,15 +373,15 @@ TEST_F(Program, TheControlFillsTheWindowAboveTheStatusBar) {
 TEST_F(Program, TheEditMenuCopiesPastesAndUndoesInTheGrid) {
     start(sample("gmrs.telvar", "a.telvar"));
     select(1, 1, 1, 8);
-    command(COMMAND_COPY);
+    command(desk::Command::Copy);
     select(200, 1, 200, 1);
-    command(COMMAND_PASTE);
+    command(desk::Command::Paste);
     EXPECT_EQ(cell(200, 1), cell(1, 1));
     EXPECT_EQ(cell(200, 5), cell(1, 5));
     EXPECT_TRUE(title().starts_with(L"*"));
-    command(COMMAND_UNDO);
+    command(desk::Command::Undo);
     EXPECT_EQ(cell(200, 1), L"X");
-    command(COMMAND_REDO);
+    command(desk::Command::Redo);
     EXPECT_EQ(cell(200, 1), cell(1, 1));
     dialogs.expectQuestion(IDNO);
     close();
@@ -387,31 +389,36 @@ TEST_F(Program, TheEditMenuCopiesPastesAndUndoesInTheGrid) {
 
 TEST_F(Program, TheEditMenuOffersWhatTheControlOffers) {
     start();
-    EXPECT_FALSE(offered(editMenu, COMMAND_UNDO));
-    EXPECT_FALSE(offered(editMenu, COMMAND_REDO));
-    EXPECT_TRUE(offered(editMenu, COMMAND_COPY));
-    EXPECT_TRUE(offered(editMenu, COMMAND_SELECT_ALL));
-    command(COMMAND_SELECT_ALL);
+    EXPECT_FALSE(offered(editMenu, desk::Command::Undo));
+    EXPECT_FALSE(offered(editMenu, desk::Command::Redo));
+    EXPECT_TRUE(offered(editMenu, desk::Command::Copy));
+    EXPECT_TRUE(offered(editMenu, desk::Command::SelectAll));
+    command(desk::Command::SelectAll);
     EXPECT_EQ(endRow(), 255);
     EXPECT_EQ(endColumn(), 26);
 }
 
 TEST_F(Program, InATextBoxTheEditMenuIsTheTextBoxs) {
     start();
-    while (host::focusedTextBox() == nullptr) {
+    const auto inTextBox = [] {
+        std::array<wchar_t, 16> name{};
+        GetClassNameW(GetFocus(), name.data(), static_cast<int>(name.size()));
+        return std::wstring_view(name.data()) == L"Edit" || std::wstring_view(name.data()) == L"EDIT";
+    };
+    while (!inTextBox()) {
         key(VK_TAB);
     }
     const HWND box = GetFocus();
     SetWindowTextW(box, L"12");
-    command(COMMAND_SELECT_ALL);
-    command(COMMAND_COPY);
+    command(desk::Command::SelectAll);
+    command(desk::Command::Copy);
     SetWindowTextW(box, L"");
-    command(COMMAND_PASTE);
-    command(COMMAND_PASTE);
+    command(desk::Command::Paste);
+    command(desk::Command::Paste);
     std::wstring text(8, L'\0');
     text.resize(static_cast<std::size_t>(GetWindowTextW(box, text.data(), 8)));
     EXPECT_EQ(text, L"1212");
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
 }
 
 TEST_F(Program, AfterSelectingAChannelOnTheRadioEverythingWorksAgain) {
@@ -435,19 +442,20 @@ TEST_F(Program, AfterSelectingAChannelOnTheRadioEverythingWorksAgain) {
     EXPECT_TRUE(pumpUntil([button] { return IsWindowEnabled(button) != FALSE; }));
     EXPECT_EQ(dialogs.shown(), Texts{});
     EXPECT_NE(SendMessageW(program->window(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)), TRUE);
-    command(COMMAND_NEW);
-    EXPECT_EQ(program->document().path(), L"");
+    command(desk::Command::New);
+    EXPECT_EQ(openPath(), L"");
 }
 
 TEST_F(Program, TwoWindowsKeepTheirTablesApart) {
     start(sample("pmr446.telvar", "a.telvar"));
     MainWindow other(TestSettings::key);
     const std::wstring second = sample("gmrs.telvar", "b.telvar");
-    other.open(second);
+    const host::Components others = host::installedComponents();
+    other.open(com::narrow(second), others);
     change(200);
-    EXPECT_TRUE(program->document().modified());
-    EXPECT_FALSE(other.document().modified());
-    EXPECT_EQ(other.document().path(), second);
+    EXPECT_TRUE(modified());
+    EXPECT_FALSE(host::StoreAdapter(others.store).modified());
+    EXPECT_EQ(com::wide(host::StoreAdapter(others.store).path()), second);
     EXPECT_EQ(recentFiles().size(), 2U);
     SendMessageW(other.window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(other.window(), nullptr);
@@ -457,7 +465,7 @@ TEST_F(Program, TwoWindowsKeepTheirTablesApart) {
 TEST_F(Program, TheServersCanBeUnloadedAfterItsEnd) {
     start(sample("pmr446.telvar", "a.telvar"));
     close();
-    program.reset();
+    end();
     pump();
     for (const char* file : {"Tesslin.ocx", "VexloRadioLink.dll", "VexloDataStore.dll"}) {
         EXPECT_TRUE(LoadedServer(file).canUnload()) << file;

@@ -45,16 +45,22 @@ protected:
 
     Program() { com::check(OleInitialize(nullptr)); }
     ~Program() override {
-        program.reset();
+        end();
         pump();
         OleUninitialize();
     }
 
     void start(const std::wstring& file = {}) {
         program.emplace(TestSettings::key);
-        program->open(file);
+        components = host::installedComponents();
+        program->open(com::narrow(file), components);
         program->show(SW_SHOWNORMAL);
         pump();
+    }
+    // Nothing of it is left.
+    void end() {
+        components = {};
+        program.reset();
     }
     // As the program's own loop, until nothing is queued. The message that ends the loop is dropped.
     void pump() {
@@ -87,8 +93,8 @@ protected:
         walk::press(chord);
         pump();
     }
-    void command(int identifier) {
-        SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(identifier), 0);
+    void command(desk::Command command) {
+        SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(command), 0);
         pump();
     }
     void close() {
@@ -109,26 +115,41 @@ protected:
     [[nodiscard]] std::wstring path(const std::string& name) { return com::wide(folder / name); }
 
     void change(int channel = 1) {
-        com::check(program->document().record(channel)->put_TxFreq(com::Variant(std::int32_t{446'006'250}).get()));
+        com::check(record(channel)->put_TxFreq(com::Variant(std::int32_t{446'006'250}).get()));
         program->refreshState();
+    }
+    [[nodiscard]] com::ComPointer<IChannelRecord> record(int channel) {
+        return host::recordOf(*components.store, channel);
+    }
+    [[nodiscard]] bool modified() { return host::StoreAdapter(components.store).modified(); }
+    [[nodiscard]] std::wstring openPath() { return com::wide(host::StoreAdapter(components.store).path()); }
+    [[nodiscard]] int configuredChannels() { return host::StoreAdapter(components.store).configuredChannels(); }
+    // As the line at the window's foot names it.
+    [[nodiscard]] desk::AccessLevel accessLevel() {
+        for (const desk::AccessLevel level : desk::accessLevels) {
+            if (com::narrow(statusText(2)) == desk::nameOf(level)) {
+                return level;
+            }
+        }
+        throw std::runtime_error("the status line names no level");
     }
     [[nodiscard]] long frequency(int channel = 1) {
         com::Variant value;
-        com::check(program->document().record(channel)->get_TxFreq(value.put()));
+        com::check(record(channel)->get_TxFreq(value.put()));
         value.convertTo(VT_I4);
         return V_I4(&value.get());
     }
     [[nodiscard]] std::wstring cell(long row, long column) {
         com::Bstr text;
-        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->get_Cell(row, column, text.put()));
+        com::check(com::ComPointer<IChannelGrid>::from(components.control)->get_Cell(row, column, text.put()));
         return std::wstring(text.view());
     }
     void select(long row, long column, long endRow, long endColumn) {
-        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->Select(row, column, endRow, endColumn));
+        com::check(com::ComPointer<IChannelGrid>::from(components.control)->Select(row, column, endRow, endColumn));
     }
     [[nodiscard]] long gridNumber(HRESULT (STDMETHODCALLTYPE IChannelGrid::*property)(LONG*)) {
         long number = 0;
-        com::check((com::ComPointer<IChannelGrid>::from(program->channels()).get()->*property)(&number));
+        com::check((com::ComPointer<IChannelGrid>::from(components.control).get()->*property)(&number));
         return number;
     }
     [[nodiscard]] long row() { return gridNumber(&IChannelGrid::get_CurrentRow); }
@@ -136,7 +157,7 @@ protected:
     [[nodiscard]] long endRow() { return gridNumber(&IChannelGrid::get_SelectionEndRow); }
     [[nodiscard]] long endColumn() { return gridNumber(&IChannelGrid::get_SelectionEndColumn); }
     // Whether the menu at that place of the menu bar offers the command now.
-    [[nodiscard]] bool offered(int menuIndex, int identifier) {
+    [[nodiscard]] bool offered(int menuIndex, desk::Command identifier) {
         const HMENU menu = GetSubMenu(GetMenu(program->window()), menuIndex);
         SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu),
                      static_cast<LPARAM>(menuIndex));
@@ -157,14 +178,18 @@ protected:
     }
     [[nodiscard]] bool isOpen() { return program->window() != nullptr; }
     [[nodiscard]] std::vector<std::wstring> recentFiles() {
-        win::Settings own(TestSettings::key);
-        return host::RecentFiles(own).paths();
+        std::vector<std::wstring> paths;
+        for (const std::string& path : desk::setting::recentFiles.in(host::RegistrySettings(TestSettings::key))) {
+            paths.push_back(com::wide(path));
+        }
+        return paths;
     }
 
     static inline InstalledServers* servers = nullptr;
     const TestSettings settings;
     TemporaryFolder folder;
     DialogAnswers dialogs;
+    host::Components components;
     std::optional<MainWindow> program;
 };
 

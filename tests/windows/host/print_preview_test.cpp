@@ -34,7 +34,7 @@ struct PrintPreview : PrintProgram {
     void expectOver() {
         EXPECT_EQ(FindWindowW(nullptr, L"Print Preview"), nullptr);
         EXPECT_TRUE(IsWindowEnabled(program->window()));
-        EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT_PREVIEW));
+        EXPECT_TRUE(offered(fileMenu, desk::Command::PrintPreview));
     }
 };
 
@@ -188,7 +188,7 @@ TEST_F(PrintPreview, AFailureOfThePrinterIsToldOverThePreview) {
 
 TEST_F(PrintPreview, AChangedPageSetupIsShownAtOnce) {
     startWith("pmr446.telvar");
-    printers->setUp = [](host::PageSetup& setup) {
+    printers->setUp = [](desk::PageSetup& setup) {
         setup.onlyInUse = true;
         return true;
     };
@@ -249,8 +249,8 @@ TEST_F(PrintPreview, TheSessionEndsOverIt) {
         SendMessageW(program->window(), WM_ENDSESSION, TRUE, 0);
         EXPECT_FALSE(isOpen());
     });
-    command(COMMAND_PRINT_PREVIEW);
-    program.reset();
+    command(desk::Command::PrintPreview);
+    end();
     pump();
     for (const char* file : {"Tesslin.ocx", "VexloRadioLink.dll", "VexloDataStore.dll"}) {
         EXPECT_TRUE(LoadedServer(file).canUnload()) << file;
@@ -259,7 +259,7 @@ TEST_F(PrintPreview, TheSessionEndsOverIt) {
 
 TEST_F(PrintPreview, LooksGood) {
     startWith("maritime.telvar");
-    command(COMMAND_LOG_OUT);
+    command(desk::Command::LogOut);
     TimedSteps steps;
     steps.until(focusIs(PREVIEW_PAGE)).act([this] { takePicture(previewed, "print_preview"); }).act(cancel());
     preview(steps);

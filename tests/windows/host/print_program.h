@@ -18,15 +18,15 @@ struct PrintProgram : Program {
         start(sample(name, "a.telvar"));
         auto own = std::make_unique<RecordingPrinters>(record);
         printers = own.get();
-        program->printing().setPrinters(std::move(own));
+        program->setPrinters(std::move(own));
         dialogs.ignore(L"Printing");
     }
     void useOnlyChannelsInUse() {
-        printers->setUp = [](host::PageSetup& setup) {
+        printers->setUp = [](desk::PageSetup& setup) {
             setup.onlyInUse = true;
             return true;
         };
-        command(COMMAND_PAGE_SETUP);
+        command(desk::Command::PageSetup);
     }
     // Opens the preview, in which `steps` are taken; they close it.
     void preview(TimedSteps& steps) {
@@ -34,7 +34,7 @@ struct PrintProgram : Program {
             previewed = window;
             steps.start(window);
         });
-        command(COMMAND_PRINT_PREVIEW);
+        command(desk::Command::PrintPreview);
         EXPECT_TRUE(IsWindowEnabled(program->window()));
     }
     [[nodiscard]] TimedSteps::Step pageIs(int page) {
@@ -52,7 +52,7 @@ struct PrintProgram : Program {
     }
     [[nodiscard]] bool columnVisible(long column) {
         VARIANT_BOOL visible = VARIANT_FALSE;
-        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->get_ColumnVisible(column, &visible));
+        com::check(com::ComPointer<IChannelGrid>::from(components.control)->get_ColumnVisible(column, &visible));
         return visible != VARIANT_FALSE;
     }
 

@@ -36,22 +36,24 @@ bool anyPrinter() {
 struct PrintCommands : PrintProgram {
     [[nodiscard]] std::string savedHtml(const std::string& name) {
         dialogs.expectFile(path(name));
-        command(COMMAND_SAVE_HTML);
+        command(desk::Command::SaveHtml);
         return TemporaryFolder::read(folder / name);
     }
 };
 
 TEST_F(PrintCommands, AreOfferedInTheFileMenu) {
     startWith("pmr446.telvar");
-    for (const int identifier : {COMMAND_PRINT, COMMAND_PRINT_PREVIEW, COMMAND_PAGE_SETUP, COMMAND_SAVE_HTML}) {
-        EXPECT_TRUE(offered(fileMenu, identifier)) << identifier;
+    for (const desk::Command identifier :
+         {desk::Command::Print, desk::Command::PrintPreview, desk::Command::PageSetup, desk::Command::SaveHtml}) {
+        EXPECT_TRUE(offered(fileMenu, identifier)) << static_cast<int>(identifier);
     }
 }
 
 TEST_F(PrintCommands, WithoutAnOpenTableTheControlSaysSo) {
     startWith("pmr446.telvar");
-    program->document().store()->Close();
-    for (const int identifier : {COMMAND_PRINT, COMMAND_PRINT_PREVIEW, COMMAND_SAVE_HTML}) {
+    components.store->Close();
+    for (const desk::Command identifier :
+         {desk::Command::Print, desk::Command::PrintPreview, desk::Command::SaveHtml}) {
         dialogs.expectBox(IDOK);
         command(identifier);
         EXPECT_EQ(dialogs.shown().back(),
@@ -62,7 +64,7 @@ TEST_F(PrintCommands, WithoutAnOpenTableTheControlSaysSo) {
 
 TEST_F(PrintCommands, EveryChannelIsPrintedAsTheControlShowsIt) {
     startWith("maritime.telvar");
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     Texts printed;
     for (const Texts& page : record.pages) {
         std::ranges::copy(page, std::back_inserter(printed));
@@ -83,8 +85,8 @@ TEST_F(PrintCommands, EveryChannelIsPrintedAsTheControlShowsIt) {
 
 TEST_F(PrintCommands, ColumnsThatTheLevelHidesAreNotPrinted) {
     startWith("pmr446.telvar");
-    command(COMMAND_LOG_OUT);
-    command(COMMAND_PRINT);
+    command(desk::Command::LogOut);
+    command(desk::Command::Print);
     Texts printed;
     for (const Texts& page : record.pages) {
         std::ranges::copy(page, std::back_inserter(printed));
@@ -98,7 +100,7 @@ TEST_F(PrintCommands, OnlyChannelsInUseArePrintedIfWanted) {
     startWith("pmr446.telvar");
     useOnlyChannelsInUse();
     const std::string html = savedHtml("used.html");
-    const int used = program->document().configuredChannels();
+    const int used = configuredChannels();
     ASSERT_GT(used, 0);
     ASSERT_LT(used, 255);
     std::size_t rows = 0;
@@ -118,9 +120,9 @@ TEST_F(PrintCommands, CtrlPPrints) {
 TEST_F(PrintCommands, ACancelledChoiceOfPrinterIsSilent) {
     startWith("pmr446.telvar");
     printers->order = [](host::PrintOrder&, int) { return false; };
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     EXPECT_EQ(record.calls, Texts{});
-    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+    EXPECT_TRUE(offered(fileMenu, desk::Command::Print));
     EXPECT_TRUE(IsChild(program->window(), GetFocus()));
 }
 
@@ -128,10 +130,10 @@ TEST_F(PrintCommands, AComputerWithoutAPrinterIsToldInOneSentence) {
     startWith("pmr446.telvar");
     printers->order = [](host::PrintOrder&, int) -> bool { throw base::Failure(host::SystemPrinters::noPrinter); };
     dialogs.expectBox(IDOK);
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     EXPECT_EQ(dialogs.shown().back(), L"Telvar: There is no printer on this computer; File > Save as HTML writes the "
                                       L"same table for a browser.");
-    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+    EXPECT_TRUE(offered(fileMenu, desk::Command::Print));
 }
 
 // Whatever this computer has.
@@ -139,27 +141,27 @@ TEST_F(PrintCommands, TheSystemsPrintersAreAskedOrMissed) {
     start(sample("pmr446.telvar", "a.telvar"));
     if (anyPrinter()) {
         dialogs.expectBox(IDCANCEL);
-        command(COMMAND_PRINT);
-        EXPECT_EQ(statusText(messagePart), program->document().path());
+        command(desk::Command::Print);
+        EXPECT_EQ(statusText(messagePart), openPath());
     } else {
         dialogs.expectBox(IDOK);
-        command(COMMAND_PRINT);
+        command(desk::Command::Print);
         EXPECT_TRUE(dialogs.shown().back().starts_with(L"Telvar: There is no printer on this computer;"));
     }
-    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+    EXPECT_TRUE(offered(fileMenu, desk::Command::Print));
 }
 
 TEST_F(PrintCommands, AFailureOfThePrinterIsToldAndEverythingComesBack) {
     startWith("pmr446.telvar");
     record.startPage = host::DeviceAnswer::Refused;
     dialogs.expectBox(IDOK);
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     EXPECT_EQ(dialogs.shown().back(),
               L"Telvar: Page 1 could not be printed, and the rest of the document was given up.");
-    EXPECT_TRUE(offered(fileMenu, COMMAND_PRINT));
+    EXPECT_TRUE(offered(fileMenu, desk::Command::Print));
     EXPECT_TRUE(IsWindowEnabled(program->window()));
     record.startPage = host::DeviceAnswer::Done;
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     EXPECT_EQ(record.calls.back(), L"end");
 }
 
@@ -169,7 +171,7 @@ TEST_F(PrintCommands, AScriptThatAsksGetsThePreview) {
         EXPECT_EQ(textOf(window), L"Print Preview");
         PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
     });
-    com::check(com::ComPointer<_ChannelInformation>::from(program->channels())->PrintInfo());
+    com::check(com::ComPointer<_ChannelInformation>::from(components.control)->PrintInfo());
     pump();
     EXPECT_EQ(dialogs.shown().size(), 1U);
     EXPECT_EQ(record.calls, Texts{});
@@ -177,10 +179,10 @@ TEST_F(PrintCommands, AScriptThatAsksGetsThePreview) {
 
 TEST_F(PrintCommands, WhatTheUserAskedForIsForgottenAfterwards) {
     startWith("pmr446.telvar");
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     const std::size_t calls = record.calls.size();
     dialogs.expect([](HWND window) { PostMessageW(window, WM_COMMAND, IDCANCEL, 0); });
-    com::check(com::ComPointer<_ChannelInformation>::from(program->channels())->PrintInfo());
+    com::check(com::ComPointer<_ChannelInformation>::from(components.control)->PrintInfo());
     pump();
     EXPECT_EQ(record.calls.size(), calls);
 }
@@ -211,9 +213,10 @@ TEST_F(PrintCommands, AnHtmlFileThatCannotBeWrittenIsToldInOneSentence) {
     startWith("pmr446.telvar");
     const std::string place = folder / "taken.html";
     std::filesystem::create_directories(TemporaryFolder::pathOf(place) / "inside");
-    EXPECT_THROW(program->printing().saveHtml(com::wide(place), [] { return desk::PrintedTable{}; }), base::Failure);
+    const host::HostSystem system;
+    EXPECT_THROW(system.replaceFile(place, "x"), base::Failure);
     try {
-        program->printing().saveHtml(path("nowhere\\table.html"), [] { return desk::PrintedTable{}; });
+        system.replaceFile(folder / "nowhere\\table.html", "x");
         ADD_FAILURE();
     } catch (const base::Failure& failure) {
         EXPECT_TRUE(failure.description().find("table.html could not be written: ") != std::string::npos)
@@ -230,7 +233,7 @@ TEST_F(PrintCommands, AnHtmlFileThatMayNotBeReplacedStaysAndIsTold) {
     dialogs.expectFile(file);
     dialogs.expectBox(IDYES);
     dialogs.expectBox(IDOK);
-    command(COMMAND_SAVE_HTML);
+    command(desk::Command::SaveHtml);
     const std::wstring& sentence = dialogs.shown().back();
     EXPECT_TRUE(sentence.starts_with(L"Telvar: " + file + L" could not be written: ")) << com::narrow(sentence);
     EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
@@ -239,63 +242,26 @@ TEST_F(PrintCommands, AnHtmlFileThatMayNotBeReplacedStaysAndIsTold) {
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
     dialogs.expectFile(file);
     dialogs.expectBox(IDYES);
-    command(COMMAND_SAVE_HTML);
+    command(desk::Command::SaveHtml);
     EXPECT_TRUE(TemporaryFolder::read(folder / "kept.html").starts_with("<!DOCTYPE html>"));
 }
 
 TEST_F(PrintCommands, ACancelledHtmlFileIsNone) {
     startWith("pmr446.telvar");
     dialogs.expectBox(IDCANCEL);
-    command(COMMAND_SAVE_HTML);
+    command(desk::Command::SaveHtml);
     EXPECT_EQ(folder.entries(), (std::vector<std::string>{"a.telvar"}));
 }
 
 // ---- page set-up
 
-TEST(PageSetupLengths, AreMillimetresWithTwoDecimals) {
-    EXPECT_EQ(host::readMillimetres(L"15"), 1'500);
-    EXPECT_EQ(host::readMillimetres(L" 12.7 "), 1'270);
-    EXPECT_EQ(host::readMillimetres(L"12,75"), 1'275);
-    EXPECT_EQ(host::readMillimetres(L"0"), 0);
-    for (const wchar_t* wrong : {L"", L" ", L"-1", L".5", L"1.234", L"1.2.3", L"15mm", L"99999999999"}) {
-        EXPECT_EQ(host::readMillimetres(wrong), std::nullopt) << testing::PrintToString(wrong);
-    }
-    EXPECT_EQ(host::millimetresText(1'500), L"15");
-    EXPECT_EQ(host::millimetresText(1'270), L"12.7");
-    EXPECT_EQ(host::millimetresText(1'275), L"12.75");
-    EXPECT_EQ(host::millimetresText(1'205), L"12.05");
-}
-
-TEST(PageSetupMemory, KeepsWhatMakesSense) {
-    const TestSettings key;
-    win::Settings settings(TestSettings::key);
-    EXPECT_EQ(host::loadPageSetup(settings), host::usualPageSetup());
-    const host::PageSetup wanted{.sheet = {14'800, 21'000},
-                                 .sheetCode = 11,
-                                 .landscape = true,
-                                 .margins = {1'000, 1'100, 1'200, 1'300},
-                                 .onlyInUse = true};
-    savePageSetup(settings, wanted);
-    EXPECT_EQ(host::loadPageSetup(settings), wanted);
-    settings.setNumber(L"PrintMarginLeft", 20'000);
-    EXPECT_EQ(host::loadPageSetup(settings).margins, host::usualPageSetup().margins);
-    settings.setNumber(L"PrintSheetWidth", -1);
-    EXPECT_EQ(host::loadPageSetup(settings).sheet, host::usualPageSetup().sheet);
-    EXPECT_TRUE(host::loadPageSetup(settings).onlyInUse);
-}
-
-TEST(PageSetupMemory, PaperIsTurnedAndInTwips) {
-    const host::PageSetup landscape{.sheet = {2'540, 5'080}, .landscape = true, .margins = {254, 0, 0, 127}};
-    EXPECT_EQ(paperOf(landscape), (desk::Paper{{2'880, 1'440}, {144, 0, 0, 72}}));
-}
-
 TEST_F(PrintCommands, ThePageSetupIsRememberedForTheNextStart) {
     startWith("pmr446.telvar");
     useOnlyChannelsInUse();
     close();
-    program.reset();
+    end();
     start();
-    EXPECT_TRUE(program->printing().setup().onlyInUse);
+    EXPECT_TRUE(desk::setting::printOnlyInUse.in(host::RegistrySettings(TestSettings::key)));
 }
 
 struct OwnPageSetup : PrintProgram {
@@ -308,7 +274,7 @@ struct OwnPageSetup : PrintProgram {
 };
 
 TEST_F(OwnPageSetup, TakesPaperOrientationMarginsAndChannels) {
-    host::PageSetup setup;
+    desk::PageSetup setup;
     answer([](HWND dialog) {
         SendDlgItemMessageW(dialog, PAGE_SHEET, CB_SETCURSEL, 2, 0);
         CheckRadioButton(dialog, PAGE_PORTRAIT, PAGE_LANDSCAPE, PAGE_LANDSCAPE);
@@ -318,7 +284,7 @@ TEST_F(OwnPageSetup, TakesPaperOrientationMarginsAndChannels) {
         takePicture(dialog, "page_setup");
     });
     EXPECT_TRUE(host::askPageSetup(nullptr, setup));
-    EXPECT_EQ(setup, (host::PageSetup{.sheet = {14'800, 21'000},
+    EXPECT_EQ(setup, (desk::PageSetup{.sheet = {14'800, 21'000},
                                       .sheetCode = 11,
                                       .landscape = true,
                                       .margins = {1'250, 1'500, 1'500, 2'000},
@@ -326,8 +292,8 @@ TEST_F(OwnPageSetup, TakesPaperOrientationMarginsAndChannels) {
 }
 
 TEST_F(OwnPageSetup, RefusesWhatIsNoMarginAndMarginsThatLeaveNoRoom) {
-    host::PageSetup setup;
-    const host::PageSetup before = setup;
+    desk::PageSetup setup;
+    const desk::PageSetup before = setup;
     dialogs.expect([](HWND dialog) {
         SetDlgItemTextW(dialog, PAGE_TOP, L"wide");
         SendMessageW(dialog, WM_COMMAND, IDOK, 0);

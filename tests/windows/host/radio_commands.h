@@ -16,28 +16,28 @@ struct RadioCommands : Program {
     // A table of one band plan, whose sending the store does not want confirmed.
     void startWith(const std::string& name) {
         start(sample(name, "a.telvar"));
-        com::check(program->document().store()->put_ShowSendWarning(VARIANT_FALSE));
+        com::check(components.store->put_ShowSendWarning(VARIANT_FALSE));
     }
-    [[nodiscard]] bool idle() { return offered(radioMenu, COMMAND_RADIO_SEND); }
-    void finish(int identifier) {
+    [[nodiscard]] bool idle() { return offered(radioMenu, desk::Command::RadioSend); }
+    void finish(desk::Command identifier) {
         constexpr ULONGLONG longestExchange = 30'000;  // milliseconds
         command(identifier);
         EXPECT_TRUE(pumpUntil([this] { return idle(); }, longestExchange));
         pump();
     }
-    void send() { finish(COMMAND_RADIO_SEND); }
-    void load() { finish(COMMAND_RADIO_LOAD); }
-    void cancelDuringExchange(int identifier) {
+    void send() { finish(desk::Command::RadioSend); }
+    void load() { finish(desk::Command::RadioLoad); }
+    void cancelDuringExchange(desk::Command identifier) {
         command(identifier);
-        ASSERT_TRUE(offered(radioMenu, COMMAND_RADIO_CANCEL));
-        finish(COMMAND_RADIO_CANCEL);
+        ASSERT_TRUE(offered(radioMenu, desk::Command::RadioCancel));
+        finish(desk::Command::RadioCancel);
     }
     void setFaults(const wchar_t* plan) {
         dialogs.expect([plan](HWND dialog) {
             SetDlgItemTextW(dialog, FAULTS_PLAN, plan);
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
-        command(COMMAND_RADIO_FAULTS);
+        command(desk::Command::RadioFaults);
     }
     // As the line at the window's foot shows it; -1 while it shows none.
     [[nodiscard]] int shownPercent() {
@@ -47,7 +47,7 @@ struct RadioCommands : Program {
     }
     [[nodiscard]] bool commsBusy() {
         VARIANT_BOOL busy = VARIANT_FALSE;
-        com::check(program->document().store()->get_CommsBusy(&busy));
+        com::check(components.store->get_CommsBusy(&busy));
         return busy != VARIANT_FALSE;
     }
     // A button or box of the control by its caption.
@@ -78,9 +78,9 @@ struct RadioCommands : Program {
     }
     void expectEverythingBack() {
         EXPECT_TRUE(idle());
-        EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_LOAD));
-        EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_CANCEL));
-        EXPECT_TRUE(offered(editMenu, COMMAND_COPY));
+        EXPECT_TRUE(offered(radioMenu, desk::Command::RadioLoad));
+        EXPECT_FALSE(offered(radioMenu, desk::Command::RadioCancel));
+        EXPECT_TRUE(offered(editMenu, desk::Command::Copy));
         EXPECT_FALSE(hourglassShows());
         EXPECT_TRUE(selectButtonEnabled());
         EXPECT_FALSE(progressShows());

@@ -45,7 +45,7 @@ const FaultyExchange exchanges[] = {
 struct RadioFaults : RadioCommands, testing::WithParamInterface<FaultyExchange> {
     void SetUp() override { startWith("gmrs.telvar"); }
     // Runs the exchange and holds it to its end.
-    void expectEnd(int identifier, const std::wstring& sentence, const std::wstring& success) {
+    void expectEnd(desk::Command identifier, const std::wstring& sentence, const std::wstring& success) {
         if (!sentence.empty()) {
             dialogs.expectBox(IDOK);
         }
@@ -62,11 +62,11 @@ struct RadioFaults : RadioCommands, testing::WithParamInterface<FaultyExchange> 
 TEST_P(RadioFaults, ASendUnderItEndsAndTheNextIsGood) {
     setFaults(GetParam().fault);
     EXPECT_EQ(statusText(messagePart), std::wstring(L"Fault of the simulated radio: ") + GetParam().fault);
-    expectEnd(COMMAND_RADIO_SEND, GetParam().sendEnds, L"The radio holds the table;");
+    expectEnd(desk::Command::RadioSend, GetParam().sendEnds, L"The radio holds the table;");
     EXPECT_EQ(frequency(), 462'562'500);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     setFaults(L"none");
-    expectEnd(COMMAND_RADIO_SEND, L"", L"The radio holds the table;");
+    expectEnd(desk::Command::RadioSend, L"", L"The radio holds the table;");
 }
 
 // The table has changed since it was sent, and the changes may go.
@@ -76,11 +76,11 @@ TEST_P(RadioFaults, ALoadUnderItEndsAndTheNextIsGood) {
     const bool fails = GetParam().loadEnds[0] != L'\0';
     setFaults(GetParam().fault);
     dialogs.expectQuestion(IDNO);
-    expectEnd(COMMAND_RADIO_LOAD, GetParam().loadEnds, L"The table was loaded from the radio.");
+    expectEnd(desk::Command::RadioLoad, GetParam().loadEnds, L"The table was loaded from the radio.");
     EXPECT_EQ(frequency(), fails ? 446'006'250 : 462'562'500);
     setFaults(L"none");
     dialogs.expectQuestion(IDNO);
-    expectEnd(COMMAND_RADIO_LOAD, L"", L"The table was loaded from the radio.");
+    expectEnd(desk::Command::RadioLoad, L"", L"The table was loaded from the radio.");
     EXPECT_EQ(frequency(), 462'562'500);
     EXPECT_EQ(cell(1, 1), L"462.562500");
 }

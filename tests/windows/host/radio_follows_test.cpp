@@ -6,32 +6,32 @@ namespace telvar::tests {
 struct RadioFollows : RadioCommands {
     // A new table whose radio has a P25 board or none, saved under that name.
     void saveTable(const std::string& name, bool board) {
-        command(COMMAND_NEW);
-        com::check(program->document().store()->put_P25BoardFitted(board ? VARIANT_TRUE : VARIANT_FALSE));
+        command(desk::Command::New);
+        com::check(components.store->put_P25BoardFitted(board ? VARIANT_TRUE : VARIANT_FALSE));
         dialogs.expectFile(path(name));
-        command(COMMAND_SAVE_AS);
-        ASSERT_FALSE(program->document().modified());
+        command(desk::Command::SaveAs);
+        ASSERT_FALSE(modified());
     }
     void openTable(const std::string& name) {
         dialogs.expectFile(path(name));
-        command(COMMAND_OPEN);
-        ASSERT_EQ(program->document().path(), path(name));
+        command(desk::Command::Open);
+        ASSERT_EQ(openPath(), path(name));
     }
-    void enterLevel(host::AccessLevel level) {
-        command(COMMAND_LOG_OUT);
+    void enterLevel(desk::AccessLevel level) {
+        command(desk::Command::LogOut);
         dialogs.expect([level](HWND dialog) {
-            SendDlgItemMessageW(dialog, LOGIN_LEVEL, CB_SETCURSEL, level == host::AccessLevel::EditChannels ? 1U : 2U,
+            SendDlgItemMessageW(dialog, LOGIN_LEVEL, CB_SETCURSEL, level == desk::AccessLevel::EditChannels ? 1U : 2U,
                                 0);
             SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(LOGIN_LEVEL, CBN_SELCHANGE),
                          reinterpret_cast<LPARAM>(GetDlgItem(dialog, LOGIN_LEVEL)));
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
-        command(COMMAND_LOG_IN);
-        ASSERT_EQ(program->accessLevel(), level);
+        command(desk::Command::LogIn);
+        ASSERT_EQ(accessLevel(), level);
     }
     [[nodiscard]] bool shown(long column) {
         VARIANT_BOOL visible = VARIANT_FALSE;
-        com::check(com::ComPointer<IChannelGrid>::from(program->channels())->get_ColumnVisible(column, &visible));
+        com::check(com::ComPointer<IChannelGrid>::from(components.control)->get_ColumnVisible(column, &visible));
         return visible != VARIANT_FALSE;
     }
     void lockData() {
@@ -44,7 +44,7 @@ TEST_F(RadioFollows, TheP25ColumnsFollowTheBoardOfTheOpenedTable) {
     start();
     saveTable("with.telvar", true);
     saveTable("without.telvar", false);
-    enterLevel(host::AccessLevel::EditChannels);
+    enterLevel(desk::AccessLevel::EditChannels);
     EXPECT_FALSE(shown(23));
     openTable("with.telvar");
     for (const long column : {23, 24, 25, 26}) {
@@ -53,20 +53,20 @@ TEST_F(RadioFollows, TheP25ColumnsFollowTheBoardOfTheOpenedTable) {
     EXPECT_FALSE(shown(22));
     openTable("without.telvar");
     EXPECT_FALSE(shown(23));
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     VARIANT_BOOL board = VARIANT_FALSE;
-    com::check(program->document().store()->get_P25BoardFitted(&board));
+    com::check(components.store->get_P25BoardFitted(&board));
     EXPECT_EQ(shown(23), board != VARIANT_FALSE);
 }
 
 TEST_F(RadioFollows, TheP25ColumnsFollowARefreshAndALoad) {
     startWith("gmrs.telvar");
-    enterLevel(host::AccessLevel::EditChannels);
+    enterLevel(desk::AccessLevel::EditChannels);
     send();
-    com::check(program->document().store()->put_P25BoardFitted(VARIANT_TRUE));
-    command(COMMAND_REFRESH);
+    com::check(components.store->put_P25BoardFitted(VARIANT_TRUE));
+    command(desk::Command::Refresh);
     EXPECT_TRUE(shown(23));
-    com::check(program->document().store()->put_P25BoardFitted(VARIANT_FALSE));
+    com::check(components.store->put_P25BoardFitted(VARIANT_FALSE));
     dialogs.expectQuestion(IDNO);
     load();
     EXPECT_FALSE(shown(23));
@@ -84,7 +84,7 @@ TEST_F(RadioFollows, ALoadIntoALockedTableIsRefusedBeforeAnythingIsAsked) {
     EXPECT_NE(dialogs.shown()[0].find(L"Data is locked. Clear 'Lock Data' to make changes."), std::wstring::npos)
         << com::narrow(dialogs.shown()[0]);
     EXPECT_EQ(frequency(3), 446'006'250);
-    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(modified());
     dialogs.expectQuestion(IDNO);
     close();
 }

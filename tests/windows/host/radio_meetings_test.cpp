@@ -7,14 +7,14 @@ namespace telvar::tests {
 struct RadioMeetings : RadioCommands {
     [[nodiscard]] bool linkBusy() {
         VARIANT_BOOL busy = VARIANT_FALSE;
-        com::check(program->radioLink()->get_Busy(&busy));
+        com::check(components.link->get_Busy(&busy));
         return busy != VARIANT_FALSE;
     }
     // Begins as soon as nobody else uses the link.
     void select(const wchar_t* channel) {
         ASSERT_TRUE(pumpUntil([this] { return !linkBusy(); }));
         com::Bstr text{std::wstring_view(channel)};
-        com::check(program->radioLink()->SelectChannel(text.address()));
+        com::check(components.link->SelectChannel(text.address()));
     }
     // As that many seconds would.
     void poll(int times) {
@@ -30,7 +30,7 @@ TEST_F(RadioMeetings, ACancellationIsForgottenWithItsExchange) {
     startWith("gmrs.telvar");
     setFaults(L"delay:100");
     dialogs.expectBox(IDOK);
-    cancelDuringExchange(COMMAND_RADIO_LOAD);
+    cancelDuringExchange(desk::Command::RadioLoad);
     setFaults(L"none");
     select(L"7");
     ASSERT_TRUE(pumpUntil([this] { return !linkBusy(); }));
@@ -43,13 +43,13 @@ TEST_F(RadioMeetings, ASelectionThatEndsDuringTheWaitReleasesNothing) {
     setFaults(L"delay:300");
     select(L"7");
     ASSERT_TRUE(linkBusy());
-    command(COMMAND_RADIO_LOAD);
+    command(desk::Command::RadioLoad);
     EXPECT_FALSE(selectButtonEnabled());
     EXPECT_TRUE(hourglassShows());
     EXPECT_TRUE(pumpUntil([this] { return shownPercent() > 0; }));
     EXPECT_FALSE(selectButtonEnabled());
     dialogs.expectBox(IDOK);
-    finish(COMMAND_RADIO_CANCEL);
+    finish(desk::Command::RadioCancel);
     expectEverythingBack();
 }
 
@@ -57,10 +57,10 @@ TEST_F(RadioMeetings, NoQuestionIsAskedWhileSomebodyElseKeepsTheLinkBusy) {
     startWith("gmrs.telvar");
     ASSERT_TRUE(pumpUntil([this] { return statusText(radioPart) == L"Radio ready"; }));
     ASSERT_TRUE(pumpUntil([this] { return !linkBusy(); }));
-    com::check(program->document().store()->put_CommsBusy(VARIANT_TRUE));
+    com::check(components.store->put_CommsBusy(VARIANT_TRUE));
     poll(8);
     EXPECT_TRUE(commsBusy());
-    com::check(program->document().store()->put_CommsBusy(VARIANT_FALSE));
+    com::check(components.store->put_CommsBusy(VARIANT_FALSE));
     setFaults(L"silence");
     poll(1);
     EXPECT_EQ(statusText(radioPart), L"No radio answers");

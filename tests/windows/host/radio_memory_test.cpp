@@ -8,7 +8,7 @@ struct RadioMemory : RadioCommands {
     void restart() {
         dialogs.expectQuestion(IDNO);
         close();
-        program.reset();
+        end();
         pump();
     }
     void trace(const std::wstring& file) {
@@ -16,7 +16,7 @@ struct RadioMemory : RadioCommands {
             SetDlgItemTextW(dialog, CONNECTION_TRACE, file.c_str());
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
-        command(COMMAND_RADIO_CONNECTION);
+        command(desk::Command::RadioConnection);
     }
 };
 
@@ -35,7 +35,7 @@ TEST_F(RadioMemory, IsInTheUsersOwnFolderUnlessToldOtherwise) {
     RegDeleteKeyValueW(HKEY_CURRENT_USER, TestSettings::key, L"SimulatedRadioFile");
     start();
     com::Bstr file;
-    com::check(program->radioLink()->get_StateFile(file.put()));
+    com::check(components.link->get_StateFile(file.put()));
     EXPECT_EQ(std::wstring(file.view()), win::userFolder() + L"\\simulated-radio.telvar-radio");
     EXPECT_NE(GetFileAttributesW(win::userFolder().c_str()), INVALID_FILE_ATTRIBUTES);
 }
@@ -55,7 +55,7 @@ TEST_F(RadioMemory, ATraceHasEveryFrameOfTheRunAndIsOffInTheNext) {
     restart();
     start();
     com::Bstr file;
-    com::check(program->radioLink()->get_TraceFile(file.put()));
+    com::check(components.link->get_TraceFile(file.put()));
     EXPECT_EQ(file.view(), L"");
 }
 

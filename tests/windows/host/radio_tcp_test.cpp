@@ -25,11 +25,11 @@ struct RadioOverTcp : RadioCommands {
             SetDlgItemTextW(dialog, CONNECTION_PLACE, place.c_str());
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
-        command(COMMAND_RADIO_CONNECTION);
+        command(desk::Command::RadioConnection);
         ASSERT_EQ(statusText(messagePart), L"The radio is now at " + com::wide(radio.address()) + L".");
     }
     // The radio goes when the exchange has come that far; what the program says then.
-    [[nodiscard]] std::wstring pulledDuring(int identifier, int percent) {
+    [[nodiscard]] std::wstring pulledDuring(desk::Command identifier, int percent) {
         RadioProgram radio(slowLine);
         connectTo(radio);
         dialogs.expectBox(IDOK);
@@ -44,7 +44,7 @@ struct RadioOverTcp : RadioCommands {
         return lastDialog();
     }
     void expectTableAsItWas() {
-        EXPECT_FALSE(program->document().modified());
+        EXPECT_FALSE(modified());
         EXPECT_EQ(frequency(), 462'562'500);
         EXPECT_EQ(cell(1, 1), L"462.562500");
     }
@@ -69,28 +69,28 @@ TEST_F(RadioOverTcp, ASentTableComesBack) {
 
 TEST_F(RadioOverTcp, ACablePulledDuringALoadLeavesTheTable) {
     startWith("gmrs.telvar");
-    EXPECT_TRUE(ends(pulledDuring(COMMAND_RADIO_LOAD, writing), L"; the table here was not changed."));
+    EXPECT_TRUE(ends(pulledDuring(desk::Command::RadioLoad, writing), L"; the table here was not changed."));
     expectTableAsItWas();
     expectEverythingBack();
 }
 
 TEST_F(RadioOverTcp, ACablePulledBeforeASendWritesHasWrittenNothing) {
     startWith("gmrs.telvar");
-    EXPECT_TRUE(ends(pulledDuring(COMMAND_RADIO_SEND, reading), L"; nothing was written to the radio."));
+    EXPECT_TRUE(ends(pulledDuring(desk::Command::RadioSend, reading), L"; nothing was written to the radio."));
     expectTableAsItWas();
     expectEverythingBack();
 }
 
 TEST_F(RadioOverTcp, ACablePulledWhileASendWritesLeavesTheFormerTable) {
     startWith("gmrs.telvar");
-    EXPECT_TRUE(ends(pulledDuring(COMMAND_RADIO_SEND, writing), L"; the radio keeps its former table."));
+    EXPECT_TRUE(ends(pulledDuring(desk::Command::RadioSend, writing), L"; the radio keeps its former table."));
     expectTableAsItWas();
     expectEverythingBack();
 }
 
 TEST_F(RadioOverTcp, AfterAPulledCableAnotherRadioIsSentTo) {
     startWith("gmrs.telvar");
-    (void)pulledDuring(COMMAND_RADIO_SEND, writing);
+    (void)pulledDuring(desk::Command::RadioSend, writing);
     EXPECT_TRUE(pumpUntil([this] { return statusText(radioPart) == L"No radio answers"; }));
     const RadioProgram radio("--quiet");
     connectTo(radio);

@@ -17,7 +17,7 @@ TEST_F(RadioCommands, ASentTableComesBack) {
     EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table; its former one is kept in "))
         << com::narrow(statusText(messagePart));
     expectEverythingBack();
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
 
     change();
     dialogs.expectQuestion(IDNO);
@@ -25,7 +25,7 @@ TEST_F(RadioCommands, ASentTableComesBack) {
     EXPECT_EQ(frequency(), first);
     EXPECT_EQ(cell(1, 1), L"462.562500");
     EXPECT_EQ(statusText(messagePart), L"The table was loaded from the radio.");
-    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(modified());
     EXPECT_TRUE(title().starts_with(L"*"));
     expectEverythingBack();
 }
@@ -41,18 +41,18 @@ TEST_F(RadioCommands, TwoExchangesCanFollowEachOther) {
 TEST_F(RadioCommands, DuringAnExchangeOnlyCancellingIsOffered) {
     startWith("gmrs.telvar");
     setFaults(L"delay:100");
-    command(COMMAND_RADIO_SEND);
-    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_SEND));
-    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_LOAD));
-    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_CONNECTION));
-    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_FAULTS));
-    EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_CANCEL));
+    command(desk::Command::RadioSend);
+    EXPECT_FALSE(offered(radioMenu, desk::Command::RadioSend));
+    EXPECT_FALSE(offered(radioMenu, desk::Command::RadioLoad));
+    EXPECT_FALSE(offered(radioMenu, desk::Command::RadioConnection));
+    EXPECT_FALSE(offered(radioMenu, desk::Command::RadioFaults));
+    EXPECT_TRUE(offered(radioMenu, desk::Command::RadioCancel));
     EXPECT_TRUE(hourglassShows());
     EXPECT_FALSE(selectButtonEnabled());
     EXPECT_TRUE(pumpUntil([this] { return progressShows(); }));
     EXPECT_TRUE(statusText(messagePart).starts_with(L"Sending to the radio: "));
     dialogs.expectBox(IDOK);
-    finish(COMMAND_RADIO_CANCEL);
+    finish(desk::Command::RadioCancel);
     EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
     expectEverythingBack();
 }
@@ -61,16 +61,16 @@ TEST_F(RadioCommands, ACancelledLoadLeavesTheTable) {
     startWith("gmrs.telvar");
     setFaults(L"delay:100");
     dialogs.expectBox(IDOK);
-    cancelDuringExchange(COMMAND_RADIO_LOAD);
+    cancelDuringExchange(desk::Command::RadioLoad);
     EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; the table here was not changed.");
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     EXPECT_EQ(cell(1, 1), L"462.562500");
     expectEverythingBack();
 }
 
 TEST_F(RadioCommands, ASendThatIsNotConfirmedBeginsNothing) {
     start(sample("gmrs.telvar", "a.telvar"));
-    com::check(program->document().store()->put_ShowSendWarning(VARIANT_TRUE));
+    com::check(components.store->put_ShowSendWarning(VARIANT_TRUE));
     dialogs.expectBox(IDCANCEL);
     send();
     EXPECT_EQ(dialogs.shown().size(), 1U);
@@ -79,7 +79,7 @@ TEST_F(RadioCommands, ASendThatIsNotConfirmedBeginsNothing) {
 
 TEST_F(RadioCommands, ASendThatIsNotPermittedGivesEverythingBack) {
     startWith("gmrs.telvar");
-    com::check(program->document().store()->put_SendPermitted(VARIANT_FALSE));
+    com::check(components.store->put_SendPermitted(VARIANT_FALSE));
     send();
     EXPECT_EQ(dialogs.shown(), nothing);
     expectEverythingBack();
@@ -87,7 +87,7 @@ TEST_F(RadioCommands, ASendThatIsNotPermittedGivesEverythingBack) {
 
 TEST_F(RadioCommands, ATableThatFailsTheChecksIsNotSent) {
     startWith("gmrs.telvar");
-    com::check(program->document().record(1)->put_SynthStep(com::Variant(std::int32_t{7}).get()));
+    com::check(record(1)->put_SynthStep(com::Variant(std::int32_t{7}).get()));
     dialogs.expectBox(IDOK);
     send();
     EXPECT_EQ(dialogs.shown().size(), 1U);
@@ -100,7 +100,7 @@ TEST_F(RadioCommands, ASilentRadioIsToldAndEverythingComesBack) {
     dialogs.expectBox(IDOK);
     load();
     EXPECT_TRUE(ends(lastDialog(), L"; the table here was not changed."));
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     expectEverythingBack();
 }
 
@@ -126,12 +126,12 @@ TEST_F(RadioCommands, AFaultThatDoesNotExistIsRefusedInTheDialog) {
         EXPECT_EQ(note, L"\"laziness\" is not a fault of the simulated radio.");
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    command(COMMAND_RADIO_FAULTS);
+    command(desk::Command::RadioFaults);
 }
 
 TEST_F(RadioCommands, TheConnectionIsRememberedAndTakesTheFaultAway) {
     start();
-    EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_FAULTS));
+    EXPECT_TRUE(offered(radioMenu, desk::Command::RadioFaults));
     dialogs.expect([](HWND dialog) {
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, CONNECTION_PLACE)));
         SendDlgItemMessageW(dialog, CONNECTION_WAY, CB_SETCURSEL, 1, 0);
@@ -144,13 +144,13 @@ TEST_F(RadioCommands, TheConnectionIsRememberedAndTakesTheFaultAway) {
         SetDlgItemTextW(dialog, CONNECTION_PLACE, L"127.0.0.1:9");
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
-    command(COMMAND_RADIO_CONNECTION);
-    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_FAULTS));
+    command(desk::Command::RadioConnection);
+    EXPECT_FALSE(offered(radioMenu, desk::Command::RadioFaults));
     EXPECT_EQ(statusText(messagePart), L"The radio is now at tcp:127.0.0.1:9.");
     close();
-    program.reset();
+    end();
     start();
-    EXPECT_FALSE(offered(radioMenu, COMMAND_RADIO_FAULTS));
+    EXPECT_FALSE(offered(radioMenu, desk::Command::RadioFaults));
     dialogs.expectBox(IDOK);
     load();
     EXPECT_TRUE(ends(lastDialog(), L"; the table here was not changed."));
@@ -160,7 +160,7 @@ TEST_F(RadioCommands, TheConnectionIsRememberedAndTakesTheFaultAway) {
 TEST_F(RadioCommands, ClosingDuringAnExchangeAsksAndCancelsIt) {
     startWith("gmrs.telvar");
     setFaults(L"delay:100");
-    command(COMMAND_RADIO_SEND);
+    command(desk::Command::RadioSend);
     dialogs.expectBox(IDNO);
     close();
     EXPECT_TRUE(isOpen());
@@ -175,10 +175,10 @@ TEST_F(RadioCommands, ClosingDuringAnExchangeAsksAndCancelsIt) {
 TEST_F(RadioCommands, TheEndOfTheSessionEndsAnExchange) {
     startWith("gmrs.telvar");
     setFaults(L"delay:100");
-    command(COMMAND_RADIO_SEND);
+    command(desk::Command::RadioSend);
     SendMessageW(program->window(), WM_ENDSESSION, TRUE, 0);
     EXPECT_FALSE(isOpen());
-    program.reset();
+    end();
     pump();
     EXPECT_TRUE(LoadedServer("VexloRadioLink.dll").canUnload());
 }
@@ -198,7 +198,7 @@ TEST_F(RadioCommands, AnExchangeWaitsForTheDiagnostics) {
     setFaults(L"delay:400");
     ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
     dialogs.expectBox(IDOK);
-    cancelDuringExchange(COMMAND_RADIO_LOAD);
+    cancelDuringExchange(desk::Command::RadioLoad);
     EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; the table here was not changed.");
     expectEverythingBack();
 }
@@ -208,9 +208,9 @@ TEST_F(RadioCommands, CancellingDuringTheWaitCancelsWhatComesAfter) {
     startWith("gmrs.telvar");
     setFaults(L"silence");
     ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
-    PostMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_CANCEL, 0);
+    PostMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(desk::Command::RadioCancel), 0);
     dialogs.expectBox(IDOK);
-    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_LOAD, 0);
+    SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(desk::Command::RadioLoad), 0);
     EXPECT_TRUE(pumpUntil([this] { return idle(); }));
     EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; the table here was not changed.");
     expectEverythingBack();
@@ -218,46 +218,46 @@ TEST_F(RadioCommands, CancellingDuringTheWaitCancelsWhatComesAfter) {
 
 TEST_F(RadioCommands, ALinkThatSeemsBusyForEverCanBeCancelled) {
     startWith("gmrs.telvar");
-    com::check(program->document().store()->put_CommsBusy(VARIANT_TRUE));
-    PostMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_CANCEL, 0);
+    com::check(components.store->put_CommsBusy(VARIANT_TRUE));
+    PostMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(desk::Command::RadioCancel), 0);
     dialogs.expectBox(IDOK);
-    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_LOAD, 0);
+    SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(desk::Command::RadioLoad), 0);
     EXPECT_TRUE(pumpUntil([this] { return idle(); }));
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     expectEverythingBack();
 }
 
 TEST_F(RadioCommands, ClosingDuringTheWaitClosesAfterwards) {
     startWith("gmrs.telvar");
-    com::check(program->document().store()->put_CommsBusy(VARIANT_TRUE));
+    com::check(components.store->put_CommsBusy(VARIANT_TRUE));
     PostMessageW(program->window(), WM_CLOSE, 0, 0);
     dialogs.expectBox(IDOK);
-    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_LOAD, 0);
+    SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(desk::Command::RadioLoad), 0);
     EXPECT_TRUE(pumpUntil([this] { return !isOpen(); }));
 }
 
 TEST_F(RadioCommands, ClosingDuringTheWaitOfASendClosesAfterwards) {
     startWith("gmrs.telvar");
-    com::check(program->document().store()->put_CommsBusy(VARIANT_TRUE));
+    com::check(components.store->put_CommsBusy(VARIANT_TRUE));
     PostMessageW(program->window(), WM_CLOSE, 0, 0);
     dialogs.expectBox(IDOK);
-    SendMessageW(program->window(), WM_COMMAND, COMMAND_RADIO_SEND, 0);
+    SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(desk::Command::RadioSend), 0);
     EXPECT_TRUE(pumpUntil([this] { return !isOpen(); }));
     EXPECT_EQ(lastDialog(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
 }
 
 // Nobody asks, and nothing frees the link: the wait ends with the window that it was begun from.
 TEST_F(RadioCommands, TheEndOfTheSessionEndsAWaitThatWouldLastForEver) {
-    for (const int identifier : {COMMAND_RADIO_SEND, COMMAND_RADIO_LOAD}) {
+    for (const desk::Command identifier : {desk::Command::RadioSend, desk::Command::RadioLoad}) {
         start();
-        const auto store = com::ComPointer<IDataStore>(program->document().store());
+        const auto store = com::ComPointer<IDataStore>(components.store);
         com::check(store->put_TableOpen(VARIANT_TRUE));
         com::check(store->put_ShowSendWarning(VARIANT_FALSE));
         com::check(store->put_CommsBusy(VARIANT_TRUE));
         PostMessageW(program->window(), WM_ENDSESSION, TRUE, 0);
         SendMessageW(program->window(), WM_COMMAND, static_cast<WPARAM>(identifier), 0);
         EXPECT_FALSE(isOpen());
-        program.reset();
+        end();
         pump();
         EXPECT_TRUE(LoadedServer("Tesslin.ocx").canUnload());
         EXPECT_TRUE(LoadedServer("VexloRadioLink.dll").canUnload());

@@ -1,68 +1,70 @@
-#include "host/shell/recent_files.h"
+#include "desk/recent_files.h"
 
 #include <gtest/gtest.h>
 
+#include "host/shell/host_system.h"
+#include "host/shell/registry_settings.h"
 #include "test_settings.h"
 
 namespace telvar::tests {
 
-using host::RecentFiles;
-using win::Settings;
-using Paths = std::vector<std::wstring>;
+using desk::RecentFiles;
+using Paths = std::vector<std::string>;
 
 class RecentFilesTest : public testing::Test {
 protected:
     TestSettings own;
-    win::Settings settings{TestSettings::key};
-    RecentFiles recent{settings};
+    host::RegistrySettings settings{TestSettings::key};
+    const host::HostSystem system;
+    RecentFiles recent{settings, system};
 };
 
 TEST_F(RecentFilesTest, AFreshListIsEmpty) { EXPECT_EQ(recent.paths(), Paths{}); }
 
 TEST_F(RecentFilesTest, TheNewestIsFirst) {
-    recent.add(L"C:\\a.telvar");
-    recent.add(L"C:\\b.telvar");
-    EXPECT_EQ(recent.paths(), (Paths{L"C:\\b.telvar", L"C:\\a.telvar"}));
+    recent.add("C:\\a.telvar");
+    recent.add("C:\\b.telvar");
+    EXPECT_EQ(recent.paths(), (Paths{"C:\\b.telvar", "C:\\a.telvar"}));
 }
 
 TEST_F(RecentFilesTest, AFileIsListedOnceWhateverItsLetterCase) {
-    recent.add(L"C:\\Größe.telvar");
-    recent.add(L"C:\\b.telvar");
-    recent.add(L"C:\\GRÖSSE.telvar");
-    recent.add(L"C:\\GRÖßE.telvar");
-    EXPECT_EQ(recent.paths(), (Paths{L"C:\\GRÖßE.telvar", L"C:\\GRÖSSE.telvar", L"C:\\b.telvar"}));
+    recent.add("C:\\Größe.telvar");
+    recent.add("C:\\b.telvar");
+    recent.add("C:\\GRÖSSE.telvar");
+    recent.add("C:\\GRÖßE.telvar");
+    EXPECT_EQ(recent.paths(), (Paths{"C:\\GRÖßE.telvar", "C:\\GRÖSSE.telvar", "C:\\b.telvar"}));
 }
 
 TEST_F(RecentFilesTest, TheTenthPushesTheOldestOut) {
     for (int file = 1; file <= 10; ++file) {
-        recent.add(L"C:\\" + std::to_wstring(file) + L".telvar");
+        recent.add("C:\\" + std::to_string(file) + ".telvar");
     }
     const Paths paths = recent.paths();
     ASSERT_EQ(paths.size(), 9U);
-    EXPECT_EQ(paths.front(), L"C:\\10.telvar");
-    EXPECT_EQ(paths.back(), L"C:\\2.telvar");
+    EXPECT_EQ(paths.front(), "C:\\10.telvar");
+    EXPECT_EQ(paths.back(), "C:\\2.telvar");
 }
 
 TEST_F(RecentFilesTest, AFileCanBeTakenOut) {
-    recent.add(L"C:\\a.telvar");
-    recent.add(L"C:\\b.telvar");
-    recent.remove(L"c:\\B.telvar");
-    EXPECT_EQ(recent.paths(), Paths{L"C:\\a.telvar"});
+    recent.add("C:\\a.telvar");
+    recent.add("C:\\b.telvar");
+    recent.remove("c:\\B.telvar");
+    EXPECT_EQ(recent.paths(), Paths{"C:\\a.telvar"});
 }
 
 TEST_F(RecentFilesTest, AnotherProgramsAdditionsAreKept) {
-    win::Settings others(TestSettings::key);
-    RecentFiles(others).add(L"C:\\theirs.telvar");
-    recent.add(L"C:\\ours.telvar");
-    EXPECT_EQ(recent.paths(), (Paths{L"C:\\ours.telvar", L"C:\\theirs.telvar"}));
+    host::RegistrySettings others(TestSettings::key);
+    RecentFiles(others, system).add("C:\\theirs.telvar");
+    recent.add("C:\\ours.telvar");
+    EXPECT_EQ(recent.paths(), (Paths{"C:\\ours.telvar", "C:\\theirs.telvar"}));
 }
 
 TEST_F(RecentFilesTest, MenuTextsAreNumberedAndKeepTheirAmpersands) {
-    EXPECT_EQ(RecentFiles::menuText(0, L"C:\\R&D.telvar"), L"&1 C:\\R&&D.telvar");
-    const std::wstring longText = RecentFiles::menuText(8, L"C:\\" + std::wstring(200, L'x') + L"\\end.telvar");
-    EXPECT_TRUE(longText.starts_with(L"&9 "));
+    EXPECT_EQ(RecentFiles::menuText(0, "C:\\R&D.telvar"), "&1 C:\\R&&D.telvar");
+    const std::string longText = RecentFiles::menuText(8, "C:\\" + std::string(200, 'x') + "\\end.telvar");
+    EXPECT_TRUE(longText.starts_with("&9 "));
     EXPECT_LE(longText.size(), 64U);
-    EXPECT_TRUE(longText.ends_with(L"end.telvar"));
+    EXPECT_TRUE(longText.ends_with("end.telvar"));
 }
 
 TEST(Settings, NumbersAreKept) {
@@ -77,7 +79,7 @@ TEST(Settings, AValueOfAnotherKindIsNoNumberAndNoList) {
     win::Settings settings(TestSettings::key);
     settings.setNumber(L"RecentFiles", 3);
     settings.setList(L"Left", {L"x"});
-    EXPECT_EQ(settings.list(L"RecentFiles"), Paths{});
+    EXPECT_EQ(settings.list(L"RecentFiles"), std::vector<std::wstring>{});
     EXPECT_EQ(settings.number(L"Left"), std::nullopt);
 }
 

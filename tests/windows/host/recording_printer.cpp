@@ -89,9 +89,9 @@ DeviceAnswer RecordingPrinter::end() {
 
 void RecordingPrinter::giveUp() noexcept { record_.calls.emplace_back(L"giveUp"); }
 
-bool RecordingPrinters::setUpPage(HWND, host::PageSetup& setup) { return setUp && setUp(setup); }
+bool RecordingPrinters::setUpPage(HWND, desk::PageSetup& setup) { return setUp && setUp(setup); }
 
-std::optional<host::PrintOrder> RecordingPrinters::choose(HWND, host::PageSetup& setup, int pages) {
+std::optional<host::PrintOrder> RecordingPrinters::choose(HWND, desk::PageSetup& setup, int pages) {
     host::PrintOrder chosen;
     desk::Paper sheet = paperOf(setup);
     sheet.margins = {};

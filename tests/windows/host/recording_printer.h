@@ -67,11 +67,11 @@ class RecordingPrinters final : public host::Printers {
 public:
     explicit RecordingPrinters(PrinterRecord& record) : record_(record) {}
 
-    [[nodiscard]] bool setUpPage(HWND owner, host::PageSetup& setup) override;
-    [[nodiscard]] std::optional<host::PrintOrder> choose(HWND owner, host::PageSetup& setup, int pages) override;
+    [[nodiscard]] bool setUpPage(HWND owner, desk::PageSetup& setup) override;
+    [[nodiscard]] std::optional<host::PrintOrder> choose(HWND owner, desk::PageSetup& setup, int pages) override;
 
     // Nothing: cancelled.
-    std::function<bool(host::PageSetup&)> setUp;
+    std::function<bool(desk::PageSetup&)> setUp;
     std::function<bool(host::PrintOrder&, int pages)> order = [](host::PrintOrder&, int) { return true; };
 
 private:

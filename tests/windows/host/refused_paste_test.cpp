@@ -43,7 +43,7 @@ TEST_F(RefusedPaste, IsSaidAgainAtTheSameCellAndGoesWithTheNextPaste) {
     copyToClipboard(L"perhaps");
     pasteRefused(3, 6);
     program->refreshState();
-    command(COMMAND_LOG_OUT);
+    command(desk::Command::LogOut);
     EXPECT_NE(statusText(0), L"Paste refused at channel 3, Scan");
     EXPECT_EQ(pasteRefused(3, 6), L"Paste refused at channel 3, Scan");
     copyToClipboard(L"Yes");

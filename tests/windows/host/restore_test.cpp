@@ -1,5 +1,5 @@
 // The tables that the radio held before: how their files are listed, and how one goes back into the radio.
-#include "host/shell/backups.h"
+#include "desk/backups.h"
 #include "picture.h"
 #include "radio_commands.h"
 
@@ -12,57 +12,11 @@ constexpr long later = 462'575'000;
 
 }  // namespace
 
-TEST(BackupNames, HoldDateTimeAndNumber) {
-    const auto first = host::readBackupName(L"radio 2024-03-01 14.05.09.telvar-radio");
-    ASSERT_TRUE(first);
-    EXPECT_EQ(first->made.wYear, 2024);
-    EXPECT_EQ(first->made.wMonth, 3);
-    EXPECT_EQ(first->made.wDay, 1);
-    EXPECT_EQ(first->made.wHour, 14);
-    EXPECT_EQ(first->made.wMinute, 5);
-    EXPECT_EQ(first->made.wSecond, 9);
-    EXPECT_EQ(first->number, 1);
-    const auto second = host::readBackupName(L"radio 2024-03-01 14.05.09 (12).telvar-radio");
-    ASSERT_TRUE(second);
-    EXPECT_EQ(second->number, 12);
-}
-
-TEST(BackupNames, AnythingElseIsNone) {
-    for (const wchar_t* name :
-         {L"", L"radio.telvar-radio", L"radio 2024-03-01 14.05.09.telvar-radio.bak", L"radio 2024-03-01 14.05.09",
-          L"radio 2024-13-01 14.05.09.telvar-radio", L"radio 2024-02-30 14.05.09.telvar-radio",
-          L"radio 2024-03-01 24.05.09.telvar-radio", L"radio 2024-03-01 14.05.09 ().telvar-radio",
-          L"radio 2024-03-01 14.05.09 (x).telvar-radio", L"radio 2024-03-01 14.05.09 (2.telvar-radio",
-          L"radio 24-03-01 14.05.09.telvar-radio", L"table 2024-03-01 14.05.09.telvar-radio"}) {
-        EXPECT_EQ(host::readBackupName(name), std::nullopt) << testing::PrintToString(name);
-    }
-}
-
-TEST(BackupList, BeginsWithTheNewest) {
-    TemporaryFolder folder;
-    for (const char* name : {"radio 2024-03-01 14.05.09.telvar-radio", "radio 2024-03-01 14.05.09 (2).telvar-radio",
-                             "radio 2023-12-31 23.59.59.telvar-radio", "radio 2024-03-01 14.05.10.telvar-radio",
-                             "radio 2024-03-01 14.05.09 (10).telvar-radio", "other.txt"}) {
-        TemporaryFolder::write(folder / name, "x");
-    }
-    std::filesystem::create_directories(TemporaryFolder::pathOf(folder / "radio 2025-01-01 00.00.00.telvar-radio"));
-    std::vector<std::wstring> names;
-    for (const host::Backup& backup : host::backupsIn(com::wide(folder.name()))) {
-        names.push_back(std::filesystem::path(backup.path).filename().wstring());
-    }
-    EXPECT_EQ(names, (std::vector<std::wstring>{
-                         L"radio 2024-03-01 14.05.10.telvar-radio", L"radio 2024-03-01 14.05.09 (10).telvar-radio",
-                         L"radio 2024-03-01 14.05.09 (2).telvar-radio", L"radio 2024-03-01 14.05.09.telvar-radio",
-                         L"radio 2023-12-31 23.59.59.telvar-radio"}));
-    EXPECT_TRUE(host::backupsIn(com::wide(folder / "nowhere")).empty());
-    EXPECT_TRUE(host::backupsIn({}).empty());
-}
-
 struct RestoreBackup : RadioCommands {
     // A table of one band plan, and backups in the test's own folder.
     void startWith(const std::string& name) {
         RadioCommands::startWith(name);
-        com::check(program->radioLink()->put_BackupFolder(com::Bstr(std::wstring_view(backups())).get()));
+        com::check(components.link->put_BackupFolder(com::Bstr(std::wstring_view(backups())).get()));
     }
     [[nodiscard]] std::wstring backups() { return path("backups"); }
     void finish() {
@@ -71,14 +25,14 @@ struct RestoreBackup : RadioCommands {
         EXPECT_TRUE(pumpUntil([this] { return idle(); }));
     }
     void send() {
-        command(COMMAND_RADIO_SEND);
+        command(desk::Command::RadioSend);
         finish();
     }
     // Chooses the newest, confirms, and waits for the end.
     void restore(bool load, const std::function<void(HWND)>& look = nullptr) {
         expectChoice(load, look);
         dialogs.expectBox(IDYES);
-        command(COMMAND_RADIO_RESTORE);
+        command(desk::Command::RadioRestore);
         finish();
     }
     void expectChoice(bool load, const std::function<void(HWND)>& look = nullptr) {
@@ -94,14 +48,14 @@ struct RestoreBackup : RadioCommands {
     void sendTwoTables() {
         startWith("gmrs.telvar");
         send();
-        com::check(program->document().record(1)->put_TxFreq(com::Variant(std::int32_t{later}).get()));
+        com::check(record(1)->put_TxFreq(com::Variant(std::int32_t{later}).get()));
         send();
-        command(COMMAND_SAVE);
+        command(desk::Command::Save);
     }
     [[nodiscard]] std::wstring inRadio() {
         dialogs.expectQuestion(IDNO);
         change(2);
-        command(COMMAND_RADIO_LOAD);
+        command(desk::Command::RadioLoad);
         finish();
         return cell(1, 1);
     }
@@ -113,17 +67,17 @@ TEST_F(RestoreBackup, TheRestoredTableIsInTheRadioAndShownAsModified) {
     restore(true, [](HWND dialog) { takePicture(dialog, "restore_backup"); });
     EXPECT_EQ(frequency(), 462'562'500);
     EXPECT_EQ(cell(1, 1), L"462.562500");
-    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(modified());
     EXPECT_TRUE(title().starts_with(L"*"));
     EXPECT_EQ(inRadio(), L"462.562500");
-    EXPECT_EQ(host::backupsIn(backups()).size(), 3U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 3U);
 }
 
 TEST_F(RestoreBackup, TheOpenTableStaysIfThatIsWanted) {
     sendTwoTables();
     restore(false);
     EXPECT_EQ(frequency(), later);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table; its former one is kept in "))
         << com::narrow(statusText(messagePart));
     EXPECT_EQ(inRadio(), L"462.562500");
@@ -135,9 +89,9 @@ TEST_F(RestoreBackup, NotSavingTakesTheShownTableBack) {
     EXPECT_EQ(frequency(), 462'562'500);
     dialogs.expectQuestion(IDNO);
     dialogs.expectFile(path("a.telvar"));
-    command(COMMAND_OPEN);
+    command(desk::Command::Open);
     EXPECT_EQ(frequency(), later);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
 }
 
 TEST_F(RestoreBackup, UnsavedChangesAreAskedAboutBeforeAnythingIsSent) {
@@ -146,10 +100,10 @@ TEST_F(RestoreBackup, UnsavedChangesAreAskedAboutBeforeAnythingIsSent) {
     expectChoice(true);
     dialogs.expectBox(IDYES);
     dialogs.expectQuestion(IDCANCEL);
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     EXPECT_TRUE(idle());
     EXPECT_EQ(frequency(3), 446'006'250);
-    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
 }
 
 TEST_F(RestoreBackup, ALockedTableIsToldBeforeAnythingIsSent) {
@@ -157,11 +111,11 @@ TEST_F(RestoreBackup, ALockedTableIsToldBeforeAnythingIsSent) {
     SendMessageW(lockDataBox(), BM_CLICK, 0, 0);
     expectChoice(true);
     dialogs.expectBox(IDOK);
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     ASSERT_EQ(dialogs.shown().size(), 2U);
     EXPECT_NE(dialogs.shown()[1].find(L"Data is locked"), std::wstring::npos) << com::narrow(dialogs.shown()[1]);
     EXPECT_TRUE(idle());
-    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
     EXPECT_EQ(frequency(), later);
 }
 
@@ -169,9 +123,9 @@ TEST_F(RestoreBackup, NothingIsSentWithoutAConfirmation) {
     sendTwoTables();
     expectChoice(true);
     dialogs.expectBox(IDNO);
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     EXPECT_TRUE(idle());
-    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
     EXPECT_TRUE(
         dialogs.shown().back().starts_with(L"Telvar: The table in the radio will be overwritten by the one of "))
         << com::narrow(dialogs.shown().back());
@@ -187,7 +141,7 @@ TEST_F(RestoreBackup, AnEmptyListSaysSo) {
         EXPECT_EQ(note, L"No send has kept anything yet in " + backups() + L".");
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     EXPECT_TRUE(idle());
 }
 
@@ -199,15 +153,15 @@ TEST_F(RestoreBackup, ADamagedFileIsToldAndNothingIsSentOrLoaded) {
     expectChoice(true);
     dialogs.expectBox(IDYES);
     dialogs.expectBox(IDOK);
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     finish();
     const std::wstring& sentence = dialogs.shown().back();
     EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << com::narrow(sentence);
     EXPECT_NE(sentence.find(L"radio 2024-03-01 14.05.09.telvar-radio"), std::wstring::npos) << com::narrow(sentence);
     EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
     EXPECT_EQ(cell(1, 1), L"462.562500");
-    EXPECT_FALSE(program->document().modified());
-    EXPECT_EQ(host::backupsIn(backups()).size(), 1U);
+    EXPECT_FALSE(modified());
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 1U);
 }
 
 // The question how the radio is keeps the link busy for a moment.
@@ -217,11 +171,11 @@ TEST_F(RestoreBackup, WaitsForTheDiagnostics) {
     ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
     expectChoice(false);
     dialogs.expectBox(IDYES);
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     EXPECT_FALSE(idle());
     EXPECT_TRUE(pumpUntil([this] { return statusText(messagePart).starts_with(L"Restoring the radio's table: "); }));
     dialogs.expectBox(IDOK);
-    command(COMMAND_RADIO_CANCEL);
+    command(desk::Command::RadioCancel);
     finish();
     EXPECT_EQ(dialogs.shown().back(), L"Telvar: The exchange was aborted; nothing was written to the radio.");
 }
@@ -232,16 +186,16 @@ TEST_F(RestoreBackup, CanBeCancelledWhileItWaitsForTheDiagnostics) {
     ASSERT_TRUE(pumpUntil([this] { return commsBusy(); }));
     expectChoice(true);
     dialogs.expectBox(IDYES);
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     ASSERT_FALSE(idle());
-    EXPECT_TRUE(offered(radioMenu, COMMAND_RADIO_CANCEL));
-    command(COMMAND_RADIO_CANCEL);
+    EXPECT_TRUE(offered(radioMenu, desk::Command::RadioCancel));
+    command(desk::Command::RadioCancel);
     EXPECT_TRUE(idle());
     EXPECT_EQ(statusText(messagePart), L"The exchange with the radio was cancelled.");
     ASSERT_TRUE(pumpUntil([this] { return !commsBusy(); }));
     pump();
     EXPECT_TRUE(idle());
-    EXPECT_EQ(host::backupsIn(backups()).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
     EXPECT_EQ(frequency(), later);
 }
 
@@ -251,14 +205,14 @@ TEST_F(RestoreBackup, EditsMadeMeanwhileAreAskedAboutBeforeTheTableIsReplaced) {
     setFaults(L"delay:5");
     expectChoice(true);
     dialogs.expectBox(IDYES);
-    command(COMMAND_RADIO_RESTORE);
+    command(desk::Command::RadioRestore);
     ASSERT_FALSE(idle());
     change(3);
     dialogs.expectQuestion(IDCANCEL);
     finish();
     EXPECT_EQ(frequency(3), 446'006'250);
     EXPECT_EQ(frequency(), later);
-    EXPECT_TRUE(program->document().modified());
+    EXPECT_TRUE(modified());
     setFaults(L"none");
     EXPECT_EQ(inRadio(), L"462.562500");
 }

@@ -35,10 +35,10 @@ struct SystemPrinter : Program {
 
 TEST_F(SystemPrinter, TakesTheWholeTable) {
     start(sample("maritime.telvar", "a.telvar"));
-    command(COMMAND_LOG_OUT);
+    command(desk::Command::LogOut);
     dialogs.ignore(L"Printing");
     dialogs.expect(accept);
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     EXPECT_EQ(statusText(0), L"The table was printed.");
     const std::string pages = printer.output();
     EXPECT_TRUE(pages.starts_with("%!PS"));
@@ -51,18 +51,18 @@ TEST_F(SystemPrinter, ACancelledDocumentIsGivenUpInSilence) {
     dialogs.expect(accept);
     dialogs.expect([](HWND box) { PostMessageW(box, WM_COMMAND, IDCANCEL, 0); });
     const std::wstring before = statusText(0);
-    command(COMMAND_PRINT);
+    command(desk::Command::Print);
     EXPECT_TRUE(dialogs.shown().back().starts_with(L"Printing"));
     EXPECT_EQ(dialogs.shown().size(), 2U);
     EXPECT_EQ(statusText(0), before);
     EXPECT_EQ(printer.output(), "");
     EXPECT_TRUE(IsWindowEnabled(program->window()));
-    EXPECT_TRUE(offered(0, COMMAND_PRINT));
+    EXPECT_TRUE(offered(0, desk::Command::Print));
 }
 
 TEST_F(SystemPrinter, TellsItsSheetAndWhatItCannotReach) {
     host::SystemPrinters printers;
-    host::PageSetup setup;
+    desk::PageSetup setup;
     setup.landscape = true;
     dialogs.expect(accept);
     const auto order = printers.choose(nullptr, setup, 1);
@@ -77,14 +77,14 @@ TEST_F(SystemPrinter, TellsItsSheetAndWhatItCannotReach) {
 
 TEST_F(SystemPrinter, ACancelledDialogIsNoOrder) {
     host::SystemPrinters printers;
-    host::PageSetup setup;
+    desk::PageSetup setup;
     dialogs.expectBox(IDCANCEL);
     EXPECT_FALSE(printers.choose(nullptr, setup, 1));
 }
 
 TEST_F(SystemPrinter, TheSystemsPageSetupHasTheChoiceOfChannels) {
     host::SystemPrinters printers;
-    host::PageSetup setup;
+    desk::PageSetup setup;
     dialogs.expect([](HWND dialog) {
         const HWND box = GetDlgItem(dialog, PAGE_ONLY_IN_USE);
         ASSERT_NE(box, nullptr);
@@ -103,19 +103,19 @@ TEST_F(SystemPrinter, TheSystemsPageSetupHasTheChoiceOfChannels) {
     });
     EXPECT_TRUE(printers.setUpPage(nullptr, setup));
     EXPECT_TRUE(setup.onlyInUse);
-    EXPECT_EQ(setup.margins, host::PageSetup{}.margins);
-    EXPECT_EQ(setup.sheet, host::PageSetup{}.sheet);
+    EXPECT_EQ(setup.margins, desk::PageSetup{}.margins);
+    EXPECT_EQ(setup.sheet, desk::PageSetup{}.sheet);
 }
 
 TEST_F(SystemPrinter, ACancelledPageSetupChangesNothing) {
     host::SystemPrinters printers;
-    host::PageSetup setup;
+    desk::PageSetup setup;
     dialogs.expect([](HWND dialog) {
         CheckDlgButton(dialog, PAGE_ONLY_IN_USE, BST_CHECKED);
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_FALSE(printers.setUpPage(nullptr, setup));
-    EXPECT_EQ(setup, host::PageSetup{});
+    EXPECT_EQ(setup, desk::PageSetup{});
 }
 
 }  // namespace telvar::tests

@@ -20,22 +20,22 @@ struct UndoPaths : Program {
     [[nodiscard]] ULONG commandState(OLECMDID command) {
         OLECMD state{.cmdID = static_cast<ULONG>(command), .cmdf = 0};
         com::check(
-            com::ComPointer<IOleCommandTarget>::from(program->channels())->QueryStatus(nullptr, 1, &state, nullptr));
+            com::ComPointer<IOleCommandTarget>::from(components.control)->QueryStatus(nullptr, 1, &state, nullptr));
         return state.cmdf;
     }
     [[nodiscard]] HRESULT execute(OLECMDID command) {
-        return com::ComPointer<IOleCommandTarget>::from(program->channels())
+        return com::ComPointer<IOleCommandTarget>::from(components.control)
             ->Exec(nullptr, static_cast<DWORD>(command), OLECMDEXECOPT_DODEFAULT, nullptr, nullptr);
     }
     void paste() {
         select(1, 1, 1, 4);
-        command(COMMAND_COPY);
+        command(desk::Command::Copy);
         select(200, 1, 200, 1);
-        command(COMMAND_PASTE);
+        command(desk::Command::Paste);
     }
     void tryEveryPath() {
-        for (const int identifier : {COMMAND_UNDO, COMMAND_REDO}) {
-            EXPECT_FALSE(offered(editMenu, identifier)) << identifier;
+        for (const desk::Command identifier : {desk::Command::Undo, desk::Command::Redo}) {
+            EXPECT_FALSE(offered(editMenu, identifier)) << static_cast<int>(identifier);
             command(identifier);
         }
         for (const WORD key : {WORD{'Z'}, WORD{'Y'}}) {
@@ -94,27 +94,27 @@ TEST_F(UndoPaths, AFreshTableHasNothingToTakeBack) {
     const auto before = cells();
     tryEveryPath();
     EXPECT_EQ(cells(), before);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     EXPECT_EQ(popUpStates(), nothingToUndo);
 }
 
 TEST_F(UndoPaths, AnotherTableForgetsThePasteBefore) {
     start(sample("gmrs.telvar", "a.telvar"));
     paste();
-    EXPECT_TRUE(offered(editMenu, COMMAND_UNDO));
+    EXPECT_TRUE(offered(editMenu, desk::Command::Undo));
     dialogs.expectQuestion(IDNO);
-    command(COMMAND_NEW);
+    command(desk::Command::New);
     const auto before = cells();
     tryEveryPath();
     EXPECT_EQ(cells(), before);
-    EXPECT_FALSE(program->document().modified());
+    EXPECT_FALSE(modified());
     EXPECT_EQ(popUpStates(), nothingToUndo);
 }
 
 TEST_F(UndoPaths, ARefreshForgetsThePasteBefore) {
     start(sample("gmrs.telvar", "a.telvar"));
     paste();
-    command(COMMAND_REFRESH);
+    command(desk::Command::Refresh);
     const auto before = cells();
     tryEveryPath();
     EXPECT_EQ(cells(), before);
@@ -129,13 +129,13 @@ TEST_F(UndoPaths, OneStepBackAndOneForthAreOfferedInTurn) {
     EXPECT_EQ(popUpStates(), (States{0, 0, 0, 0, MF_GRAYED}));
     press({VK_CONTROL, 'Z'});
     EXPECT_TRUE(pumpUntil([this] { return cell(200, 1) == L"X"; }));
-    EXPECT_FALSE(offered(editMenu, COMMAND_UNDO));
+    EXPECT_FALSE(offered(editMenu, desk::Command::Undo));
     EXPECT_EQ(execute(OLECMDID_UNDO), OLECMDERR_E_DISABLED);
     EXPECT_EQ(popUpStates(), (States{0, 0, 0, MF_GRAYED, 0}));
     press({VK_CONTROL, 'Z'});
     press({VK_CONTROL, 'Y'});
     EXPECT_TRUE(pumpUntil([&] { return cells() == pasted; }));
-    EXPECT_FALSE(offered(editMenu, COMMAND_REDO));
+    EXPECT_FALSE(offered(editMenu, desk::Command::Redo));
     EXPECT_EQ(execute(OLECMDID_REDO), OLECMDERR_E_DISABLED);
     dialogs.expectQuestion(IDNO);
     close();

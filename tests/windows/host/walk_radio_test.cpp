@@ -15,17 +15,27 @@
 #include "test_settings.h"
 #include "walk/table_reading.h"
 #include "walk/walk_steps.h"
+#include "walk/walked_program.h"
 
 namespace telvar::tests {
 
 using host::MainWindow;
 using walk::Transcript;
 using walk::Walk;
+using walk::WalkedProgram;
 using walk::WalkStep;
+
+struct Apartment {
+    Apartment() { com::check(OleInitialize(nullptr)); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+    Apartment(Apartment&&) = delete;
+    Apartment& operator=(Apartment&&) = delete;
+    ~Apartment() { OleUninitialize(); }
+};
 
 struct WalkWithRadio : testing::Test {
     WalkWithRadio() {
-        com::check(OleInitialize(nullptr));
         std::filesystem::copy_file(TELVAR_SOURCE_DIR "/samples/every-reading.telvar",
                                    TemporaryFolder::pathOf(folder / "table.telvar"));
     }
@@ -36,12 +46,10 @@ struct WalkWithRadio : testing::Test {
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
             DispatchMessageW(&message);
         }
-        OleUninitialize();
     }
     // The opening of the table, and the steps from `first` up to `last`.
     [[nodiscard]] std::vector<WalkStep> stepsBetween(std::wstring_view first, std::wstring_view last) {
-        std::vector<WalkStep> all =
-            walk::mainJob(*program, com::wide(folder / "table.telvar"), com::wide(folder.name()));
+        std::vector<WalkStep> all = walk::mainJob(walked, com::wide(folder / "table.telvar"), com::wide(folder.name()));
         const auto opened = find(all, L"the table is opened and every channel is shown: ");
         const auto begin = find(all, first);
         const auto end = find(all, last);
@@ -60,7 +68,7 @@ struct WalkWithRadio : testing::Test {
         Walk walk(*program, log, com::wide(folder.name()));
         steps.push_back({.text = L"ends", .act = [] { PostQuitMessage(0); }, .done = [] { return true; }});
         walk.start(std::move(steps));
-        program->open({});
+        program->open({}, walked.components());
         program->show(SW_SHOWNORMAL);
         MSG message{};
         while (GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -77,7 +85,9 @@ struct WalkWithRadio : testing::Test {
     const TestSettings settings;
     const InstalledServers servers;
     TemporaryFolder folder;
+    const Apartment apartment;
     std::optional<MainWindow> program{std::in_place, TestSettings::key};
+    WalkedProgram walked{*program, host::installedComponents()};
 };
 
 constexpr wchar_t radioBegins[] = L"the simulated radio is empty";
@@ -86,7 +96,7 @@ constexpr wchar_t comparison[] = L"what came back is compared";
 TEST_F(WalkWithRadio, WhatComesBackAsItWasSentIsCounted) {
     EXPECT_TRUE(take(stepsBetween(radioBegins, comparison))) << transcript();
     const std::size_t keys =
-        walk::copyTable(program->document(), *com::ComPointer<IChannelGrid>::from(program->channels())).keys.size();
+        walk::copyTable(walked, *com::ComPointer<IChannelGrid>::from(walked.components().control)).keys.size();
     EXPECT_NE(transcript().find("ok    what came back is compared with what was sent: 255 channels, " +
                                 std::to_string(keys) + " keys equal\n"),
               std::string::npos)
@@ -98,8 +108,7 @@ TEST_F(WalkWithRadio, AKeyThatComesBackDifferentlyEndsTheWalk) {
     std::vector<WalkStep> steps = stepsBetween(radioBegins, comparison);
     const std::size_t last = steps.size() - 1;
     WalkStep tampering{.text = L"somebody changes a level", .act = [this] {
-                           com::check(
-                               program->document().record(200)->put_NBVCODev(com::Variant(std::int32_t{1}).get()));
+                           com::check(walked.record(200)->put_NBVCODev(com::Variant(std::int32_t{1}).get()));
                        }};
     steps.insert(steps.begin() + static_cast<std::ptrdiff_t>(last), std::move(tampering));
     EXPECT_FALSE(take(std::move(steps)));

@@ -6,14 +6,14 @@
 #include <array>
 #include <tuple>
 
+#include "host/shell/registry_settings.h"
 #include "test_settings.h"
 #include "win/scaling.h"
 
 namespace telvar::tests {
 
-using win::fitted;
 using host::loadPlacement;
-using win::Settings;
+using win::fitted;
 
 namespace {
 
@@ -46,18 +46,18 @@ TEST(Placement, AWindowLargerThanTheScreenIsShrunk) {
 
 TEST(Placement, NothingOrNonsenseInTheSettingsIsNoPlace) {
     const TestSettings own;
-    win::Settings settings(TestSettings::key);
+    host::RegistrySettings settings(TestSettings::key);
     EXPECT_FALSE(loadPlacement(settings));
-    settings.setNumber(L"Left", 10);
-    settings.setNumber(L"Top", 10);
-    settings.setNumber(L"Width", 0);
-    settings.setNumber(L"Height", 500);
+    settings.setNumber("Left", 10);
+    settings.setNumber("Top", 10);
+    settings.setNumber("Width", 0);
+    settings.setNumber("Height", 500);
     EXPECT_FALSE(loadPlacement(settings));
-    settings.setNumber(L"Width", 0x7FFFFFFF);
+    settings.setNumber("Width", 0x7FFFFFFF);
     EXPECT_FALSE(loadPlacement(settings));
-    settings.setNumber(L"Width", 400);
-    settings.setNumber(L"Height", 300);
-    settings.setNumber(L"Maximised", 1);
+    settings.setNumber("Width", 400);
+    settings.setNumber("Height", 300);
+    settings.setNumber("Maximised", 1);
     const auto place = loadPlacement(settings);
     ASSERT_TRUE(place);
     EXPECT_TRUE(place->maximised);
