@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_files.h"
 #include "cli/table_verdict.h"
-#include "store/json_text.h"
 
 namespace telvar::cli {
 
@@ -102,9 +102,7 @@ private:
             return console.refuse(checked.error());
         }
         if (console.json) {
-            console.out << "{\"file\": " << store::jsonQuoted(file)
-                        << ", \"ok\": " << (checked->good() ? "true" : "false") << ", " << jsonMembers(*checked)
-                        << "}\n";
+            console.out << Json().add("file", file).add("ok", checked->good()).add(jsonOf(*checked)).line();
         } else {
             tell(console, shownName(file, "standard input"), *checked);
         }

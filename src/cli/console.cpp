@@ -1,6 +1,5 @@
 #include "cli/console.h"
-
-#include "store/json_text.h"
+#include "cli/json.h"
 
 namespace telvar::cli {
 
@@ -8,8 +7,7 @@ Outcome Console::refuse(const os::FileError& error) const {
     const auto sentence = error.sentence();
     err << sentence << '\n';
     if (json) {
-        out << "{\"file\": " << store::jsonQuoted(error.path) << ", \"error\": " << store::jsonQuoted(sentence)
-            << "}\n";
+        out << Json().add("file", error.path).add("error", sentence).line();
     }
     return Outcome::Unusable;
 }
@@ -18,7 +16,7 @@ Outcome Console::refuse(const std::string& what) const {
     const auto sentence = os::FileError{.path = "telvar", .what = what}.sentence();
     err << sentence << '\n';
     if (json) {
-        out << "{\"error\": " << store::jsonQuoted(sentence) << "}\n";
+        out << Json().add("error", sentence).line();
     }
     return Outcome::Unusable;
 }

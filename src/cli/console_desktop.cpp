@@ -1,7 +1,6 @@
 #include "cli/console_desktop.h"
 
 #include "base/failure.h"
-#include "store/json_text.h"
 
 namespace telvar::cli {
 
@@ -33,14 +32,12 @@ namespace {
 
 }  // namespace
 
-std::string ConsoleDesktop::messagesAsJson() const {
-    std::string text;
+std::vector<Json> ConsoleDesktop::messagesAsJson() const {
+    std::vector<Json> messages;
     for (const auto& box : messages_) {
-        text += text.empty() ? "{\"text\": " : ", {\"text\": ";
-        text += store::jsonQuoted(box.text) + ", \"title\": " + store::jsonQuoted(box.title) +
-                ", \"icon\": " + store::jsonQuoted(nameOf(box.icon)) + "}";
+        messages.push_back(Json().add("text", box.text).add("title", box.title).add("icon", nameOf(box.icon)));
     }
-    return "[" + text + "]";
+    return messages;
 }
 
 ui::Answer ConsoleDesktop::show(const ui::MessageBox& box) {

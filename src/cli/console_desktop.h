@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/console.h"
+#include "cli/json.h"
 #include "ui/desktop.h"
 
 namespace telvar::cli {
@@ -23,8 +24,8 @@ public:
 
     // What was told, in order. A routine that tells something did not go through.
     [[nodiscard]] const std::vector<ui::MessageBox>& messages() const noexcept { return messages_; }
-    // As JSON: [{"text": ..., "title": ..., "icon": "none", "information" or "exclamation"}, ...].
-    [[nodiscard]] std::string messagesAsJson() const;
+    // "text", "title" and "icon" ("none", "information" or "exclamation") of each.
+    [[nodiscard]] std::vector<Json> messagesAsJson() const;
 
     // Nobody can be asked: a question is answered No or Cancel.
     ui::Answer show(const ui::MessageBox& box) override;

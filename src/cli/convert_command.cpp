@@ -2,10 +2,10 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_files.h"
 #include "os/file_lock.h"
 #include "os/files.h"
-#include "store/json_text.h"
 #include "store/table_file.h"
 
 namespace telvar::cli {
@@ -58,8 +58,8 @@ public:
             return console.refuse(done.error());
         }
         if (console.json && out_ != standardStream) {
-            console.out << "{\"in\": " << store::jsonQuoted(in_) << ", \"out\": " << store::jsonQuoted(out_)
-                        << ", \"format\": \"" << (*output == FileFormat::Csv ? "csv" : "telvar") << "\"}\n";
+            const char* const format = *output == FileFormat::Csv ? "csv" : "telvar";
+            console.out << Json().add("in", in_).add("out", out_).add("format", format).line();
         }
         return Outcome::Fine;
     }

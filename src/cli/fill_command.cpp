@@ -3,11 +3,11 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_edit.h"
 #include "cli/windowless_grid.h"
 #include "editing/frmFill.h"
 #include "interchange/key_text.h"
-#include "store/json_text.h"
 
 namespace telvar::cli {
 
@@ -99,10 +99,12 @@ private:
     }
 
     // Channels and numbers as the dialog took them.
-    [[nodiscard]] static std::string takenAsJson(const editing::frmFill& form) {
-        return ", \"from\": " + form.start_chan_val.text() + ", \"to\": " + form.end_chan_val.text() +
-               ", \"start\": " + store::jsonQuoted(form.start_freq_val.text()) +
-               ", \"step\": " + store::jsonQuoted(form.step_val.text());
+    [[nodiscard]] static Json takenAsJson(const editing::frmFill& form) {
+        return Json()
+            .add("from", std::stoi(form.start_chan_val.text()))
+            .add("to", std::stoi(form.end_chan_val.text()))
+            .add("start", form.start_freq_val.text())
+            .add("step", form.step_val.text());
     }
 
     std::string file_;

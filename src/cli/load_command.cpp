@@ -2,12 +2,12 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/link_options.h"
 #include "cli/table_files.h"
 #include "os/file_lock.h"
 #include "os/files.h"
 #include "radio/apply_image.h"
-#include "store/json_text.h"
 #include "store/reference_data_store.h"
 #include "store/table_file.h"
 
@@ -95,12 +95,14 @@ private:
         return true;
     }
 
+    [[nodiscard]] Json result(const std::string& address, bool ok, bool changed) const {
+        return Json().add("file", file_).add("radio", address).add("ok", ok).add("changed", changed);
+    }
+
     [[nodiscard]] Outcome succeeded(const Console& console, const std::string& address, bool changed,
                                     const std::string& sentence) const {
         if (console.json) {
-            console.out << "{\"file\": " << store::jsonQuoted(file_) << ", \"radio\": " << store::jsonQuoted(address)
-                        << ", \"ok\": true, \"changed\": " << (changed ? "true" : "false")
-                        << ", \"sentence\": " << store::jsonQuoted(sentence) << "}\n";
+            console.out << result(address, true, changed).add("sentence", sentence).line();
         } else if (file_ != standardStream) {
             console.out << sentence << '\n';
         }
@@ -111,8 +113,7 @@ private:
                                  const std::string& sentence) const {
         console.err << "telvar: " << sentence << '\n';
         if (console.json) {
-            console.out << "{\"file\": " << store::jsonQuoted(file_) << ", \"radio\": " << store::jsonQuoted(address)
-                        << ", \"ok\": false, \"changed\": false, \"error\": " << store::jsonQuoted(sentence) << "}\n";
+            console.out << result(address, false, false).add("error", sentence).line();
         }
         return Outcome::Unusable;
     }

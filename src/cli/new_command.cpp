@@ -2,9 +2,9 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_files.h"
 #include "os/files.h"
-#include "store/json_text.h"
 
 namespace telvar::cli {
 
@@ -37,8 +37,7 @@ public:
             return console.refuse(done.error());
         }
         if (console.json && file_ != standardStream) {
-            console.out << "{\"file\": " << store::jsonQuoted(file_) << ", \"title\": " << store::jsonQuoted(title_)
-                        << "}\n";
+            console.out << Json().add("file", file_).add("title", title_).line();
         }
         return Outcome::Fine;
     }

@@ -3,6 +3,7 @@
 
 #include "cli/column_name.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_edit.h"
 #include "cli/windowless_grid.h"
 #include "editing/clipboard_editing.h"
@@ -65,12 +66,12 @@ public:
     }
 
 private:
-    [[nodiscard]] static std::string asJson(const std::optional<editing::RefusedCell>& refused) {
-        if (!refused) {
-            return {};
+    [[nodiscard]] static Json asJson(const std::optional<editing::RefusedCell>& refused) {
+        Json place;
+        if (refused) {
+            place.add("refused", Json().add("channel", refused->row).add("column", refused->column));
         }
-        return ", \"refused\": {\"channel\": " + std::to_string(refused->row) +
-               ", \"column\": " + std::to_string(refused->column) + "}";
+        return place;
     }
 
     [[nodiscard]] std::optional<std::string> problemWith(const Console& console,

@@ -7,6 +7,7 @@
 #include "base/checked.h"
 #include "base/failure.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/number_option.h"
 #include "synth/clsPLLSetting.h"
 #include "synth/divider.h"
@@ -66,12 +67,15 @@ private:
     }
 
     static void printJson(const Console& console, bool valid, const std::optional<Division>& division) {
-        console.out << "{\"valid\": " << (valid ? "true" : "false");
+        Json json;
+        json.add("valid", valid);
         if (division) {
-            console.out << ", \"ratio\": " << division->ratio << ", \"main\": " << division->split.main
-                        << ", \"eights\": " << division->split.eights << ", \"ones\": " << division->split.ones;
+            json.add("ratio", division->ratio)
+                .add("main", division->split.main)
+                .add("eights", division->split.eights)
+                .add("ones", division->split.ones);
         }
-        console.out << "}\n";
+        console.out << json.line();
     }
 
     std::int32_t vco_ = 0;

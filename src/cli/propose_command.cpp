@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/number_option.h"
 #include "synth/proposal.h"
 
@@ -26,9 +27,9 @@ public:
         const auto proposal = synth::proposeSetting(vco_, reference_, currentStep_);
         if (console.json) {
             if (proposal) {
-                console.out << "{\"step\": " << proposal->step << ", \"modulo\": " << proposal->modulo << "}\n";
+                console.out << Json().add("step", proposal->step).add("modulo", proposal->modulo).line();
             } else {
-                console.out << "{\"step\": null}\n";
+                console.out << Json().add("step", std::optional<int>()).line();
             }
         } else if (proposal) {
             console.out << "step " << proposal->step << " Hz, modulo " << proposal->modulo << '\n';

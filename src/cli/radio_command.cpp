@@ -2,11 +2,11 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/radio_diary.h"
 #include "os/end_requests.h"
 #include "radio/address.h"
 #include "radio/radio_server.h"
-#include "store/json_text.h"
 
 namespace telvar::cli {
 
@@ -65,7 +65,7 @@ private:
     static void sayWhere(const Console& console, std::uint16_t port) {
         const auto address = radio::textOf({.way = radio::Address::Way::Tcp, .place = "127.0.0.1", .port = port});
         if (console.json) {
-            console.out << "{\"radio\": " << store::jsonQuoted(address) << "}\n" << std::flush;
+            console.out << Json().add("radio", address).line() << std::flush;
         } else {
             console.out << address << '\n' << std::flush;
         }

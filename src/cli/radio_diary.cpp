@@ -1,4 +1,5 @@
 #include "cli/radio_diary.h"
+#include "cli/json.h"
 
 #include "radio/bytes.h"
 #include "radio/hexadecimal.h"
@@ -43,7 +44,7 @@ void RadioDiary::note(const radio::Frame& request, const radio::Frame& answer) {
         return;
     }
     if (console_.json) {
-        console_.out << "{\"exchange\": " << store::jsonQuoted(text) << "}\n" << std::flush;
+        console_.out << Json().add("exchange", text).line() << std::flush;
     } else {
         console_.out << text << '\n' << std::flush;
     }

@@ -3,11 +3,11 @@
 
 #include "base/failure.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/link_options.h"
 #include "cli/table_files.h"
 #include "cli/table_verdict.h"
 #include "model/memory_data_store.h"
-#include "store/json_text.h"
 
 namespace telvar::cli {
 
@@ -81,11 +81,15 @@ private:
 
     void printJson(const Console& console, const Sent& sent) const {
         if (console.json) {
-            console.out << "{\"file\": " << store::jsonQuoted(file_) << ", \"radio\": " << store::jsonQuoted(sent.radio)
-                        << ", \"ok\": " << (sent.outcome.succeeded ? "true" : "false") << ", "
-                        << jsonMembers(sent.verdict) << ", \"backup\": " << store::jsonQuoted(sent.backup) << ", \""
-                        << (sent.outcome.succeeded || sent.outcome.sentence.empty() ? "sentence" : "error")
-                        << "\": " << store::jsonQuoted(sent.outcome.sentence) << "}\n";
+            const auto& [succeeded, sentence] = sent.outcome;
+            console.out << Json()
+                               .add("file", file_)
+                               .add("radio", sent.radio)
+                               .add("ok", succeeded)
+                               .add(jsonOf(sent.verdict))
+                               .add("backup", sent.backup)
+                               .add(succeeded || sentence.empty() ? "sentence" : "error", sentence)
+                               .line();
         }
     }
 

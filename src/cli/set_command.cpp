@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_edit.h"
 #include "interchange/key_text.h"
 #include "store/json_text.h"
@@ -108,8 +109,7 @@ public:
             return console.refuse(changed.error());
         }
         if (console.json) {
-            console.out << "{\"file\": " << store::jsonQuoted(file_)
-                        << ", \"changed\": " << (*changed ? "true" : "false") << "}\n";
+            console.out << Json().add("file", file_).add("changed", *changed).line();
         }
         return Outcome::Fine;
     }

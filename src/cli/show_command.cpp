@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_files.h"
 #include "interchange/row_cells.h"
 #include "store/json_text.h"
@@ -86,21 +87,19 @@ private:
         std::ranges::for_each(rows, printRow);
     }
 
-    [[nodiscard]] std::string jsonCells(const interchange::RowCells& cells) const {
-        std::string text;
-        for (std::size_t column = 0; column < columnsShown(); ++column) {
-            text += (column > 0 ? ", " : "") + store::jsonQuoted(cells[column]);
-        }
-        return "[" + text + "]";
+    [[nodiscard]] auto shown(const interchange::RowCells& cells) const {
+        return std::span(cells).first(columnsShown());
     }
 
     void printJson(const Console& console, const std::string& title, const Rows& rows) const {
-        console.out << "{\"file\": " << store::jsonQuoted(file_) << ", \"title\": " << store::jsonQuoted(title)
-                    << ", \"headings\": " << jsonCells(headings()) << ", \"rows\": [";
-        for (const auto& row : rows) {
-            console.out << (&row != rows.data() ? ", " : "") << jsonCells(row);
-        }
-        console.out << "]}\n";
+        const auto headings = this->headings();
+        const auto cells = rows | std::views::transform([this](const auto& row) { return shown(row); });
+        console.out << Json()
+                           .add("file", file_)
+                           .add("title", title)
+                           .add("headings", shown(headings))
+                           .add("rows", std::vector(cells.begin(), cells.end()))
+                           .line();
     }
 
     std::string file_;

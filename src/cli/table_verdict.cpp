@@ -1,9 +1,6 @@
 #include "cli/table_verdict.h"
 
-#include <utility>
-
 #include "model/memory_data_store.h"
-#include "store/json_text.h"
 #include "ui/desktop.h"
 
 namespace telvar::cli {
@@ -39,15 +36,15 @@ void tell(const Console& console, const std::string& name, const TableVerdict& v
     }
 }
 
-std::string jsonMembers(const TableVerdict& verdict) {
-    std::string members = "\"scan\": " + store::jsonQuoted(verdict.scan) + ", \"messages\": [";
-    const char* separator = "";
+Json jsonOf(const TableVerdict& verdict) {
+    std::vector<Json> messages;
     for (const synth::Finding& finding : verdict.table.findings) {
-        members += std::string(std::exchange(separator, ", ")) + "{\"text\": " + store::jsonQuoted(finding.text) +
-                   ", \"title\": " + store::jsonQuoted(finding.title.value_or(ui::defaultTitle)) +
-                   ", \"icon\": \"exclamation\"}";
+        messages.push_back(Json()
+                               .add("text", finding.text)
+                               .add("title", finding.title.value_or(ui::defaultTitle))
+                               .add("icon", "exclamation"));
     }
-    return members + "]";
+    return Json().add("scan", verdict.scan).add("messages", messages);
 }
 
 }  // namespace telvar::cli

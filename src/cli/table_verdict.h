@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/console.h"
+#include "cli/json.h"
 #include "store/table_contents.h"
 #include "synth/table_check.h"
 
@@ -21,7 +22,7 @@ struct TableVerdict {
 // To the diagnostics, each message behind the file's name.
 void tell(const Console& console, const std::string& name, const TableVerdict& verdict);
 
-// "scan" and "messages" of a JSON object, with the texts exactly as the control shows them.
-[[nodiscard]] std::string jsonMembers(const TableVerdict& verdict);
+// "scan" and "messages", with the texts exactly as the control shows them.
+[[nodiscard]] Json jsonOf(const TableVerdict& verdict);
 
 }  // namespace telvar::cli

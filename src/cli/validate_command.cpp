@@ -3,6 +3,7 @@
 
 #include "cli/column_name.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/table_files.h"
 #include "editing/validators.h"
 #include "store/json_text.h"
@@ -44,7 +45,7 @@ public:
         const auto error =
             editing::validateCell({.store = table, .channel = 1, .format = console.format}, *column, text_);
         if (console.json) {
-            console.out << "{\"error\": " << store::jsonQuoted(error) << "}\n";
+            console.out << Json().add("error", error).line();
         } else if (!error.empty()) {
             console.out << error << '\n';
         }

@@ -31,7 +31,7 @@ void WindowlessGrid::renderRow(std::int16_t row) {
 }
 
 Outcome keepEdit(const Console& console, const std::string& file, TableEdit& edit, WindowlessGrid& grid,
-                 const std::string& alsoJson) {
+                 const Json& also) {
     const bool wentThrough = grid.desktop().messages().empty();
     bool changed = false;
     if (wentThrough) {
@@ -43,8 +43,12 @@ Outcome keepEdit(const Console& console, const std::string& file, TableEdit& edi
         changed = *done;
     }
     if (console.json) {
-        console.out << "{\"file\": " << store::jsonQuoted(file) << ", \"changed\": " << (changed ? "true" : "false")
-                    << alsoJson << ", \"messages\": " << grid.desktop().messagesAsJson() << "}\n";
+        console.out << Json()
+                           .add("file", file)
+                           .add("changed", changed)
+                           .add(also)
+                           .add("messages", grid.desktop().messagesAsJson())
+                           .line();
     }
     return wentThrough ? Outcome::Fine : Outcome::Findings;
 }

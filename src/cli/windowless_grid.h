@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/console_desktop.h"
+#include "cli/json.h"
 #include "cli/table_edit.h"
 #include "editing/grid_surroundings.h"
 #include "editing/undo.h"
@@ -40,8 +41,8 @@ private:
 };
 
 // The end of a command that edits by the grid: keeps the edit where no message was shown, and answers what came of it.
-// `alsoJson` are further members of the JSON result, each behind a comma.
+// `also` are further members of the JSON result.
 [[nodiscard]] Outcome keepEdit(const Console& console, const std::string& file, TableEdit& edit, WindowlessGrid& grid,
-                               const std::string& alsoJson = {});
+                               const Json& also = {});
 
 }  // namespace telvar::cli
