@@ -5,7 +5,7 @@
 
 namespace telvar::tests {
 
-using namespace host::print;
+using namespace desk;
 
 namespace {
 

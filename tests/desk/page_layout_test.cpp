@@ -8,7 +8,7 @@
 
 namespace telvar::tests {
 
-using namespace host::print;
+using namespace desk;
 
 namespace {
 
