@@ -9,6 +9,8 @@ namespace telvar::desk {
 namespace {
 
 constexpr std::string_view extension = ".telvar-radio";
+// Of the calendar that the computer writes dates by.
+constexpr int firstYear = 1601;
 
 // Takes the text from the front, if it stands there.
 bool take(std::string_view& text, std::string_view what) noexcept {
@@ -58,7 +60,7 @@ std::optional<Backup> readBackupName(std::string_view name) {
                       takeRepetition(name, backup.number) && name == extension;
     const std::chrono::year_month_day date(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day)));
-    if (!read || !date.ok() || hour > 23 || minute > 59 || second > 59) {
+    if (!read || !date.ok() || year < firstYear || hour > 23 || minute > 59 || second > 59) {
         return std::nullopt;
     }
     backup.made = std::chrono::local_days(date) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
