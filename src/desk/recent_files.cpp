@@ -28,17 +28,21 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, end);
 }
 
-// As much of the path's beginning as there is room for, a gap, and its last part.
+// As much of the path's beginning as there is room for, a gap, and its last part; that alone, cut if need be, where it
+// leaves no room.
 std::string shortened(const std::string& path) {
     if (charactersIn(path) <= longestMenuPath) {
         return path;
     }
-    const std::string name = separatorOf(path) + std::string(fileNameOf(path));
-    const std::size_t taken = gap.size() + charactersIn(name);
-    if (taken >= longestMenuPath) {
-        return std::string(firstCharacters(fileNameOf(path), longestMenuPath - gap.size())).append(gap);
+    const std::string_view name = fileNameOf(path);
+    const std::size_t taken = gap.size() + 1 + charactersIn(name);
+    if (taken <= longestMenuPath) {
+        return std::string(firstCharacters(path, longestMenuPath - taken)).append(gap) + separatorOf(path) +
+               std::string(name);
     }
-    return std::string(firstCharacters(path, longestMenuPath - taken)).append(gap) + name;
+    return charactersIn(name) <= longestMenuPath
+               ? std::string(name)
+               : std::string(firstCharacters(name, longestMenuPath - gap.size())).append(gap);
 }
 
 }  // namespace
