@@ -1,7 +1,5 @@
 #include "desk/desk.h"
 
-#include "desk/paths.h"
-
 namespace telvar::desk {
 
 namespace {
@@ -178,9 +176,11 @@ void Desk::chooseConnection() {
 }
 
 void Desk::chooseFaults() {
+    const std::vector<std::string> known = bench_.link.knownFaults();
     const std::string present = bench_.link.faults();
     const bool taken = bench_.ask([&](Questions& questions) {
-        return questions.askFaults(present, [this](const std::string& faults) { bench_.link.setFaults(faults); });
+        return questions.askFaults(known, present,
+                                   [this](const std::string& faults) { bench_.link.setFaults(faults); });
     });
     if (taken) {
         bench_.window.status().setMessage("Fault of the simulated radio: " + bench_.link.faults());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace telvar::desk {
 
@@ -42,6 +43,8 @@ public:
     // Of the simulated radio.
     [[nodiscard]] virtual std::string faults() const = 0;
     virtual void setFaults(const std::string& faults) = 0;
+    // The names of those there are.
+    [[nodiscard]] virtual std::vector<std::string> knownFaults() const = 0;
     // A full path, or nothing for no trace.
     [[nodiscard]] virtual std::string traceFile() const = 0;
     virtual void setTraceFile(const std::string& path) = 0;

@@ -83,7 +83,7 @@ public:
     // cannot be taken, which is shown. Whether a choice was taken.
     [[nodiscard]] virtual bool askConnection(const Connection& present, const std::string& note,
                                              const std::function<void(const Connection&)>& take) = 0;
-    [[nodiscard]] virtual bool askFaults(const std::string& present,
+    [[nodiscard]] virtual bool askFaults(std::span<const std::string> known, const std::string& present,
                                          const std::function<void(const std::string&)>& take) = 0;
     // `folder` is told where there is nothing to choose.
     [[nodiscard]] virtual std::optional<RestoreChoice> askBackup(std::span<const Backup> backups,

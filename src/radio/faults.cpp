@@ -63,6 +63,14 @@ constexpr int furthestFrame = 1'000'000;
 
 }  // namespace
 
+std::string faultNames() {
+    std::string names;
+    for (const FaultInfo& each : faultKinds) {
+        names += (names.empty() ? "" : ",") + std::string(each.name);
+    }
+    return names;
+}
+
 std::expected<FaultPlan, std::string> parseFaults(std::string_view text) {
     FaultPlan plan;
     if (base::trimmed(text).empty() || base::trimmed(text) == "none") {

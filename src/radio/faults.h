@@ -60,6 +60,9 @@ using FaultPlan = std::vector<Fault>;
 inline constexpr std::chrono::milliseconds usualDelay{200};
 inline constexpr std::chrono::milliseconds longestDelay{60'000};
 
+// All names, separated by commas.
+[[nodiscard]] std::string faultNames();
+
 // Names separated by commas; "delay:3000" gives the delay in milliseconds, empty or "none" means no fault. The error
 // is one sentence without its full stop.
 [[nodiscard]] std::expected<FaultPlan, std::string> parseFaults(std::string_view text);

@@ -17,13 +17,13 @@ struct Begin : DeskWorld {
             World{.store = store, .control = control, .link = link, .window = window, .system = system}, settings,
             hasher);
         forget();
-        program->begin(file);
+        program->begin([this] { journal.note("join"); }, file);
         return notes();
     }
 };
 
 TEST_F(Begin, IsANewTableShownAtTheLevelInForce) {
-    EXPECT_EQ(beginning(), (Notes{stateFile, "control access: Everything", "store new", "control refresh",
+    EXPECT_EQ(beginning(), (Notes{stateFile, "join", "control access: Everything", "store new", "control refresh",
                                   "control access: Everything", "store count channels", "control show top"}));
     EXPECT_EQ(line.level, "Everything");
     EXPECT_EQ(line.messages, Notes{"New channel table"});
@@ -84,7 +84,7 @@ TEST_F(Begin, WhatTheLinkRefusesIsTold) {
 TEST_F(Begin, WithoutALinkNothingIsAskedOfIt) {
     link.there = false;
     settings.setText("RadioConnection", "tcp:10.0.0.1:4001");
-    EXPECT_EQ(beginning()[0], "control access: Everything");
+    EXPECT_EQ(beginning()[1], "control access: Everything");
     poll(3);
     EXPECT_EQ(notesOf({"link"}), Notes());
     EXPECT_TRUE(program->mayClose());
@@ -129,6 +129,7 @@ TEST_F(Connections, ACancelledChoiceChangesNothing) {
     run(Command::RadioConnection);
     run(Command::RadioFaults);
     EXPECT_EQ(notes(), (Notes{"ask connection: simulated||", "ask faults: none"}));
+    EXPECT_EQ(ask.offeredFaults, (std::vector<std::string>{"silence", "echo"}));
     EXPECT_EQ(line.messages, Notes());
     EXPECT_FALSE(settings.has("RadioConnection"));
 }

@@ -32,7 +32,7 @@ struct DeskWorld : testing::Test {
         program = std::make_unique<desk::Desk>(
             desk::World{.store = store, .control = control, .link = link, .window = window, .system = system}, settings,
             hasher);
-        program->begin(file);
+        program->begin([] {}, file);
         window.wanted = false;
         forget();
     }

@@ -203,6 +203,7 @@ public:
         address = wanted;
     }
     [[nodiscard]] std::string faults() const override { return plan; }
+    [[nodiscard]] std::vector<std::string> knownFaults() const override { return {"silence", "echo"}; }
     void setFaults(const std::string& faults) override {
         act("faults", faults);
         plan = faults;
@@ -262,6 +263,7 @@ public:
     std::function<std::optional<desk::AccessLevel>(desk::Access&)> passwords;
     std::optional<desk::Connection> connection;
     std::optional<std::string> faults;
+    std::vector<std::string> offeredFaults;
     // Of the listed ones, by its place.
     std::optional<std::size_t> backup;
     bool showRestored = true;
@@ -313,8 +315,9 @@ public:
         act("connection", present.address + "|" + present.trace + "|" + note);
         return connection && taken([&] { take(*connection); });
     }
-    [[nodiscard]] bool askFaults(const std::string& present,
+    [[nodiscard]] bool askFaults(std::span<const std::string> known, const std::string& present,
                                  const std::function<void(const std::string&)>& take) override {
+        offeredFaults.assign(known.begin(), known.end());
         act("faults", present);
         return faults && taken([&] { take(*faults); });
     }

@@ -176,6 +176,8 @@ STDMETHODIMP RadioLink::put_Connection(BSTR address) noexcept {
 
 STDMETHODIMP RadioLink::get_Faults(BSTR* faults) noexcept { return answerText(faults, faults_); }
 
+STDMETHODIMP RadioLink::get_KnownFaults(BSTR* names) noexcept { return answerText(names, radio::faultNames()); }
+
 STDMETHODIMP RadioLink::put_Faults(BSTR faults) noexcept {
     return set([&](radio::LinkSettings& settings) {
         settings.faults = understood(radio::parseFaults(textOf(faults)));

@@ -50,6 +50,7 @@ public:
     STDMETHODIMP put_Connection(BSTR address) noexcept override;
     STDMETHODIMP get_Faults(BSTR* faults) noexcept override;
     STDMETHODIMP put_Faults(BSTR faults) noexcept override;
+    STDMETHODIMP get_KnownFaults(BSTR* names) noexcept override;
     STDMETHODIMP get_StateFile(BSTR* path) noexcept override;
     STDMETHODIMP put_StateFile(BSTR path) noexcept override;
     STDMETHODIMP get_TraceFile(BSTR* path) noexcept override;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/text.h"
 #include "com/kit/bstr.h"
 #include "com/kit/failure.h"
 #include "com/kit/text.h"
@@ -35,6 +36,15 @@ void LinkAdapter::abort() {
 }
 
 void LinkAdapter::restore(const std::string& backup) { put(&IRadioLink::RestoreBackup, backup); }
+
+std::vector<std::string> LinkAdapter::knownFaults() const {
+    std::vector<std::string> names;
+    const std::string all = text(&IRadioLink::get_KnownFaults);
+    for (const std::string_view name : base::splitAt(all, ',')) {
+        names.emplace_back(name);
+    }
+    return names;
+}
 
 void LinkAdapter::setTraceFile(const std::string& path) {
     put(&IRadioLink::put_TraceFile, path.empty() ? path : com::narrow(absolutePath(com::wide(path))));

@@ -27,6 +27,7 @@ public:
     void setConnection(const std::string& address) override { put(&IRadioLink::put_Connection, address); }
     [[nodiscard]] std::string faults() const override { return text(&IRadioLink::get_Faults); }
     void setFaults(const std::string& faults) override { put(&IRadioLink::put_Faults, faults); }
+    [[nodiscard]] std::vector<std::string> knownFaults() const override;
     [[nodiscard]] std::string traceFile() const override { return text(&IRadioLink::get_TraceFile); }
     // A name alone means the present folder.
     void setTraceFile(const std::string& path) override;

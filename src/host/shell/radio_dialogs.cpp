@@ -73,12 +73,13 @@ private:
 
 class FaultsDialog final : public Dialog {
 public:
-    FaultsDialog(const std::string& present, const TakeChoice& take) : present_(present), take_(take) {}
+    FaultsDialog(std::span<const std::string> known, const std::string& present, const TakeChoice& take)
+        : known_(known), present_(present), take_(take) {}
 
 private:
     HWND begin() override {
-        for (const char* fault :
-             {"none", "silence", "delay", "noise", "drop", "repeat", "cut", "reorder", "identity", "echo", "power"}) {
+        addEntry(item(FAULTS_PLAN), "none");
+        for (const std::string& fault : known_) {
             addEntry(item(FAULTS_PLAN), fault);
         }
         setText(FAULTS_PLAN, present_.empty() ? "none" : present_);
@@ -92,6 +93,7 @@ private:
 
     void changed(int /*control*/) override { note({}); }
 
+    std::span<const std::string> known_;
     const std::string& present_;
     const TakeChoice& take_;
 };
@@ -102,8 +104,8 @@ bool askConnection(HWND owner, const desk::Connection& present, const std::strin
     return ConnectionDialog(present, note, take).run(owner, RESOURCE_CONNECTION);
 }
 
-bool askFaults(HWND owner, const std::string& present, const TakeChoice& take) {
-    return FaultsDialog(present, take).run(owner, RESOURCE_FAULTS);
+bool askFaults(HWND owner, std::span<const std::string> known, const std::string& present, const TakeChoice& take) {
+    return FaultsDialog(known, present, take).run(owner, RESOURCE_FAULTS);
 }
 
 }  // namespace telvar::host

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <span>
 #include <string>
 
 #include "desk/window.h"
@@ -18,6 +19,7 @@ using TakeChoice = std::function<void(const std::string& choice)>;
 [[nodiscard]] bool askConnection(HWND owner, const desk::Connection& present, const std::string& note,
                                  const TakeConnection& take);
 // Faults as the radio link has them.
-[[nodiscard]] bool askFaults(HWND owner, const std::string& present, const TakeChoice& take);
+[[nodiscard]] bool askFaults(HWND owner, std::span<const std::string> known, const std::string& present,
+                             const TakeChoice& take);
 
 }  // namespace telvar::host

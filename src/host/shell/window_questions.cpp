@@ -42,8 +42,9 @@ bool WindowQuestions::askConnection(const desk::Connection& present, const std::
     return host::askConnection(owner_, present, note, take);
 }
 
-bool WindowQuestions::askFaults(const std::string& present, const std::function<void(const std::string&)>& take) {
-    return host::askFaults(owner_, present, take);
+bool WindowQuestions::askFaults(std::span<const std::string> known, const std::string& present,
+                                const std::function<void(const std::string&)>& take) {
+    return host::askFaults(owner_, known, present, take);
 }
 
 std::optional<desk::RestoreChoice> WindowQuestions::askBackup(std::span<const desk::Backup> backups,

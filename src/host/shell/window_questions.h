@@ -27,7 +27,7 @@ public:
     [[nodiscard]] std::optional<desk::AccessLevel> askNewPassword(desk::Access& access) override;
     [[nodiscard]] bool askConnection(const desk::Connection& present, const std::string& note,
                                      const std::function<void(const desk::Connection&)>& take) override;
-    [[nodiscard]] bool askFaults(const std::string& present,
+    [[nodiscard]] bool askFaults(std::span<const std::string> known, const std::string& present,
                                  const std::function<void(const std::string&)>& take) override;
     [[nodiscard]] std::optional<desk::RestoreChoice> askBackup(std::span<const desk::Backup> backups,
                                                                const std::string& folder) override;

@@ -116,6 +116,23 @@ TEST_F(RadioCommands, AFailedExchangeDoesNotSpoilTheNext) {
     expectEverythingBack();
 }
 
+TEST_F(RadioCommands, TheFaultsThatAreOfferedAreThoseOfTheLink) {
+    start();
+    dialogs.expect([](HWND dialog) {
+        const HWND list = GetDlgItem(dialog, FAULTS_PLAN);
+        std::string offered;
+        const auto count = static_cast<WPARAM>(SendMessageW(list, CB_GETCOUNT, 0, 0));
+        for (WPARAM index = 0; index < count; ++index) {
+            std::array<wchar_t, 50> text{};
+            SendMessageW(list, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+            offered += (index == 0 ? "" : ",") + com::narrow(text.data());
+        }
+        EXPECT_EQ(offered, "none,silence,delay,noise,drop,repeat,cut,reorder,identity,echo,power");
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    command(desk::Command::RadioFaults);
+}
+
 TEST_F(RadioCommands, AFaultThatDoesNotExistIsRefusedInTheDialog) {
     start();
     dialogs.expect([](HWND dialog) {

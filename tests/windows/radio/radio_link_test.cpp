@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -10,9 +11,11 @@
 #include "VexloDataStore.h"
 #include "VexloRadioLink.h"
 #include "base/conversion.h"
+#include "base/text.h"
 #include "com/kit/object.h"
 #include "com/kit/object_safety.h"
 #include "com/kit/waiting.h"
+#include "radio/faults.h"
 #include "radio/table_image.h"
 #include "support/served_radio.h"
 #include "support/temporary_folder.h"
@@ -202,6 +205,18 @@ TEST_F(Link, AnAbortEndsTheWaitForARadioThatIsSilent) {
     ASSERT_EQ(link->SendChannelTable(), S_OK);
     ASSERT_EQ(link->AbortTransfer(), S_OK);
     EXPECT_EQ(outcome(), "False The exchange was aborted; nothing was written to the radio.");
+}
+
+TEST_F(Link, NamesEveryFaultThatItTakes) {
+    const std::string names = textOf(get(*link, "KnownFaults"));
+    for (const auto& info : radio::faultKinds) {
+        EXPECT_NE(("," + names + ",").find("," + std::string(info.name) + ","), std::string::npos) << info.name;
+    }
+    EXPECT_EQ(std::ranges::count(names, ','), radio::faultKinds.size() - 1);
+    for (const std::string_view name : base::splitAt(names, ',')) {
+        EXPECT_NO_THROW(put(*link, "Faults", Variant(std::string(name)))) << name;
+    }
+    EXPECT_EQ(link->get_KnownFaults(nullptr), E_POINTER);
 }
 
 TEST_F(Link, TellsHowEachExchangeEndedByItsNumber) {
