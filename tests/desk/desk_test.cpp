@@ -11,13 +11,15 @@ using namespace desk;
 struct Begin : DeskWorld {
     static constexpr char stateFile[] = "link state file: C:\\Users\\me\\Telvar\\simulated-radio.telvar-radio";
 
+    std::function<void()> joining = [this] { journal.note("join"); };
+
     // As begin(), and all that is noted.
     Notes beginning(const std::string& file = {}) {
         program = std::make_unique<Desk>(
             World{.store = store, .control = control, .link = link, .window = window, .system = system}, settings,
             hasher);
         forget();
-        program->begin([this] { journal.note("join"); }, file);
+        program->begin([this] { joining(); }, file);
         return notes();
     }
 };
@@ -29,6 +31,21 @@ TEST_F(Begin, IsANewTableShownAtTheLevelInForce) {
     EXPECT_EQ(line.messages, Notes{"New channel table"});
     EXPECT_EQ(line.channels, "2 channels");
     EXPECT_EQ(window.title, "Telvar");
+}
+
+TEST_F(Begin, JoinsInsideACallSoThatNoCommandRunsMeanwhile) {
+    joining = [this] {
+        EXPECT_FALSE(program->allowed(Command::New));
+        EXPECT_FALSE(program->mayClose());
+    };
+    beginning();
+    EXPECT_TRUE(program->allowed(Command::New));
+}
+
+TEST_F(Begin, AJoinThatFailsGoesThrough) {
+    joining = [] { throw base::Failure("They do not fit"); };
+    EXPECT_THROW(beginning(), base::Failure);
+    EXPECT_EQ(notes(), Notes{stateFile});
 }
 
 TEST_F(Begin, OpensTheFileThatItIsGiven) {
@@ -84,7 +101,7 @@ TEST_F(Begin, WhatTheLinkRefusesIsTold) {
 TEST_F(Begin, WithoutALinkNothingIsAskedOfIt) {
     link.there = false;
     settings.setText("RadioConnection", "tcp:10.0.0.1:4001");
-    EXPECT_EQ(beginning()[1], "control access: Everything");
+    EXPECT_EQ(beginning()[0], "join");
     poll(3);
     EXPECT_EQ(notesOf({"link"}), Notes());
     EXPECT_TRUE(program->mayClose());
