@@ -161,7 +161,6 @@ void Exchange::progressed(long percent) {
 }
 
 void Exchange::ended(Task task, bool succeeded, const std::string& message) {
-    radio_.resume();
     if (!message.empty()) {
         bench_.window.status().setMessage(message);
     } else if (cancelWanted_) {

@@ -16,7 +16,7 @@ public:
     // under way, of this link or of somebody else who has marked the store busy: the question's end would take that
     // mark away.
     void poll();
-    // Until the next exchange ends. A pause that none follows ends by itself.
+    // Until the exchange that needs the link has ended. A pause that none follows ends by itself.
     void pause() noexcept { pausedPolls_ = longestPause; }
     void resume() noexcept { pausedPolls_ = 0; }
 

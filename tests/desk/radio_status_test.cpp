@@ -118,6 +118,30 @@ TEST_F(RadioPolls, ARestoreThatWaitsPausesThem) {
     EXPECT_EQ(questions(), 0);
 }
 
+// A question would take the link that the restore waits for.
+TEST_F(RadioPolls, TheEndOfAnotherExchangeLeavesThePauseOfARestoreThatWaits) {
+    restoreBehindStatus(false);
+    program->exchangeEnded(Task::ChannelSelection, true, "");
+    answerStatus();
+    forget();
+    poll();
+    EXPECT_EQ(questions(), 0);
+    runLater();
+    EXPECT_EQ(journal.count(std::string("link restore: ") + newest), 1);
+}
+
+TEST_F(RadioPolls, TheEndOfAnotherExchangeLeavesThePauseOfOneThatIsPrepared) {
+    control.during("send", [this] {
+        program->diagnosticsPaused();
+        end(Task::ChannelSelection, true);
+        poll();
+        EXPECT_EQ(questions(), 0);
+    });
+    run(Command::RadioSend);
+    poll();
+    EXPECT_EQ(questions(), 1);
+}
+
 TEST_F(RadioPolls, ARestoreThatWasRefusedEndsThePause) {
     link.fails("restore", "The file is damaged");
     restore(false);
