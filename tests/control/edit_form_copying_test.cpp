@@ -70,12 +70,15 @@ TEST_F(CopyingToOthers, CopiesToTheOtherSelectedChannelsAndRendersThem) {
     grid().select({5, 1}, {8, 3});
     doubleClickCurrent();
     form().ckScanChannel.userClick();
+    // Of a column that the form itself does not write.
+    form().txtTxBinaryMain.userTyped("9");
     form().cmdApply.userPress();
     for (std::int16_t channel = 5; channel <= 8; ++channel) {
         EXPECT_TRUE(base::isTrue(store->channel(channel).get(ChannelKey::scan))) << channel;
-        const auto cells = renderedRow(*store, channel);
-        EXPECT_EQ(grid().text(channel, 8), cells[8]) << channel;
-        EXPECT_EQ(grid().text(channel, 5), cells[5]) << channel;
+        EXPECT_EQ(grid().text(channel, 18), "9") << channel;
+        const auto rendered = renderedRow(*store, channel);
+        const auto shown = row(channel);
+        EXPECT_EQ(Log(shown.begin() + 1, shown.end()), Log(rendered.begin() + 1, rendered.end())) << channel;
     }
     EXPECT_FALSE(base::isTrue(store->channel(4).get(ChannelKey::scan)));
     EXPECT_FALSE(base::isTrue(store->channel(9).get(ChannelKey::scan)));
@@ -166,6 +169,19 @@ TEST_F(CopyingToOthers, ADoubleClickBesideTheSelectedRowsIsAboutItsRowOnly) {
     EXPECT_EQ(shown(), "9");
     EXPECT_EQ(copyQuestions, 0);
     EXPECT_EQ(channelsOfApply(), Channels{9});
+}
+
+// Whatever the grid says was selected: what does not include the opened channel is nothing that the form is about.
+TEST_F(CopyingToOthers, SelectedRowsWithoutTheOpenedChannelAreNoQuestion) {
+    answerCopying(true);
+    for (const ui::CellRange& selected : {ui::CellRange{1, 1, 3, 26}, ui::CellRange{5, 1, 8, 26}}) {
+        grid().setCurrent({4, 2});
+        grid().DblClick({.at = {4, 2}, .selected = selected});
+        EXPECT_EQ(shown(), "4");
+        EXPECT_EQ(copyQuestions, 0);
+        EXPECT_FALSE(copies());
+        form().cmdCancel.userPress();
+    }
 }
 
 TEST_F(CopyingToOthers, ADoubleClickInsideSeveralRowsWhileTheFormIsOpenAsksAgain) {

@@ -228,7 +228,7 @@ TEST_F(StoringFaults, TheFirstAndTheLastChannelAreAmongTheCopiedOnes) {
     for (const std::int16_t channel : std::initializer_list<std::int16_t>{1, 2, 6, 8, 254, 255}) {
         EXPECT_EQ(at(ChannelKey::BinMain, channel), i16(9)) << channel;
     }
-    EXPECT_EQ(form.copiedChannels().size(), 254U);
+    ASSERT_EQ(form.copiedChannels().size(), 254U);
     EXPECT_EQ(form.copiedChannels().front(), 1);
     EXPECT_EQ(form.copiedChannels().back(), 255);
 }

@@ -284,6 +284,17 @@ TEST_F(TableTransfer, AQuitBehindTheEndOfTheBusyLinkBeginsNoExchange) {
     EXPECT_EQ(std::ranges::count(load(), "CommsTask="), 0);
 }
 
+// The link stays busy, so that nothing but the quit can end the wait.
+TEST_F(TableTransfer, AQuitInTheMiddleOfTheWaitBeginsNoExchange) {
+    memory->put(StoreMember::CommsBusy, true);
+    for (int turn = 1; turn <= 3; ++turn) {
+        desktop.whenPumping([] {});
+    }
+    desktop.whenPumping([&] { desktop.quit(); });
+    EXPECT_EQ(std::ranges::count(load(), "CommsTask="), 0);
+    EXPECT_EQ(desktop.pumps(), 5);
+}
+
 TEST_F(TableTransfer, OnlyALoadIsALoad) {
     for (const bool sending : {true, false}) {
         memory->put(StoreMember::CommsBusy, true);
