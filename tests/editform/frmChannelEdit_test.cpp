@@ -448,6 +448,15 @@ TEST_F(Leaving, ARefusedFieldKeepsTheChannel) {
     EXPECT_TRUE(form.hasUnappliedEdits());
 }
 
+// The store has it all the same, written as the form writes it.
+TEST_F(Leaving, ARefusedFrequencyCountsAsAnEditThatWasNotApplied) {
+    form.txtTxFrequency.setText("5.000000");
+    apply();
+    EXPECT_EQ(boxes().size(), 1U);
+    EXPECT_EQ(at(ChannelKey::TxFreq), base::Value{5e6});
+    EXPECT_TRUE(form.hasUnappliedEdits());
+}
+
 TEST_F(Leaving, LockedDataKeepsTheChannel) {
     form.setChangesRefused([] { return true; });
     form.txtTxBinaryMain.setText("9");
@@ -720,6 +729,16 @@ TEST_F(Live, ABoxThatIsClearedInsideTheWaitSendsNothing) {
     tick();
     EXPECT_TRUE(link->sent.empty());
     EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(Live, AStoreThatIsTakenAwayInTheWaitEndsItQuietly) {
+    table->put(StoreMember::CommsBusy, true);
+    form.ckContinuousUpdateEnabled.userClick();
+    desktop.whenPumping([&] { form.setCentralDataStore(nullptr); });
+    tick();
+    EXPECT_TRUE(link->sent.empty());
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_FALSE(desktop.runs(form.tmrUpdate));
 }
 
 TEST_F(Live, ASlowRadioGetsTheLastValueAndNoTickNests) {

@@ -153,6 +153,8 @@ TEST_F(FormLayout, CaptionsAreExact) {
         {&form.lblTxFrequency, "Tx Frequency (MHz)"},
         {&form.lblRxFrequency, "Rx Frequency (MHz)"},
         {&form.lblRxLocalOscFreq, "Rx Local Osc Freq (MHz)"},
+        {&form.frTxSubtone, "Tx CTCSS/DCS"},
+        {&form.frRxSubtone, "Rx CTCSS/DCS"},
         {&form.optTxCtcss, "CTCSS"},
         {&form.optTxDcs, "DCS"},
         {&form.optRxCtcss, "CTCSS"},
