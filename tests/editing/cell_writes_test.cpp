@@ -99,6 +99,13 @@ INSTANTIATE_TEST_SUITE_P(
         CellCase{7, "N/A", 193, {"ModeBits int16 65"}},
         CellCase{8, "P25 Digital", 1, {"P25TransmitMode flag True", "ModeBits int16 129"}},
         CellCase{8, "Analogue", 129, {"P25TransmitMode flag False"}},
+        // From no bit and from every other one: none but the one meant changes.
+        CellCase{5, "Duplex", 0, {"ModeBits int16 0", "p25RepeaterEnable flag False"}},
+        CellCase{7, "Narrow", 0, {"ModeBits int16 128"}}, CellCase{7, "Narrow", 127, {"ModeBits int16 255"}},
+        CellCase{7, "Wide", 128, {"ModeBits int16 0"}}, CellCase{7, "Wide", 255, {"ModeBits int16 127"}},
+        CellCase{7, "N/A", 128, {"ModeBits int16 0"}}, CellCase{7, "N/A", 255, {"ModeBits int16 127"}},
+        CellCase{8, "P25 Digital", 0, {"P25TransmitMode flag True", "ModeBits int16 128"}},
+        CellCase{8, "P25 Digital", 127, {"P25TransmitMode flag True", "ModeBits int16 255"}},
         CellCase{23, "Yes", 3, {"ModeBits int16 0", "p25RepeaterEnable flag True", "ModeBits int16 128"}},
         CellCase{23, "No", 131, {"p25RepeaterEnable flag False"}}));
 
