@@ -3,15 +3,12 @@
 
 #include <functional>
 
+#include "base/pinned.h"
+
 namespace telvar::base {
 
-class Dispatcher {
+class Dispatcher : Pinned {
 public:
-    Dispatcher() = default;
-    Dispatcher(const Dispatcher&) = delete;
-    Dispatcher& operator=(const Dispatcher&) = delete;
-    Dispatcher(Dispatcher&&) = delete;
-    Dispatcher& operator=(Dispatcher&&) = delete;
     virtual ~Dispatcher() = default;
 
     // Callable from any thread. Work is run once, in order of posting, from the user-interface thread's message loop;

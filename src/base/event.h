@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/pinned.h"
+
 namespace telvar::base {
 
 // Ends a connection when it is destroyed; an empty one ends nothing.
@@ -39,16 +41,9 @@ private:
 };
 
 template <class... Arguments>
-class Event {
+class Event : Pinned {
 public:
     using Handler = std::function<void(Arguments...)>;
-
-    Event() = default;
-    Event(const Event&) = delete;
-    Event& operator=(const Event&) = delete;
-    Event(Event&&) = delete;
-    Event& operator=(Event&&) = delete;
-    ~Event() = default;
 
     // For as long as the event lives.
     void connect(Handler handler) { slots_->push_back(std::make_shared<Handler>(std::move(handler))); }

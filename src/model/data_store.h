@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/conversion.h"
+#include "base/pinned.h"
 #include "base/value.h"
 #include "model/channel_key.h"
 #include "model/store_member.h"
@@ -15,6 +16,8 @@
 namespace telvar::model {
 
 inline constexpr std::int16_t channelCount = 255;
+
+[[nodiscard]] constexpr bool isChannel(double number) noexcept { return number >= 1 && number <= channelCount; }
 
 class DataStore;
 
@@ -40,13 +43,8 @@ private:
     DataStore& store_;
 };
 
-class DataStore {
+class DataStore : base::Pinned {
 public:
-    DataStore() = default;
-    DataStore(const DataStore&) = delete;
-    DataStore& operator=(const DataStore&) = delete;
-    DataStore(DataStore&&) = delete;
-    DataStore& operator=(DataStore&&) = delete;
     virtual ~DataStore() = default;
 
     // `store.ChannelTable()[7].get(ChannelKey::TxFreq)` is channel 8's transmit frequency.

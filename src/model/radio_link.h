@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "base/pinned.h"
+
 namespace telvar::model {
 
 // Links of any make answer these numbers.
@@ -18,13 +20,8 @@ enum class ExchangeOutcome : std::int16_t {
     Aborted = 4,  // because somebody wanted it so
 };
 
-class RadioLink {
+class RadioLink : base::Pinned {
 public:
-    RadioLink() = default;
-    RadioLink(const RadioLink&) = delete;
-    RadioLink& operator=(const RadioLink&) = delete;
-    RadioLink(RadioLink&&) = delete;
-    RadioLink& operator=(RadioLink&&) = delete;
     virtual ~RadioLink() = default;
 
     virtual void SendChannelTable() = 0;

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "base/dispatcher.h"
+#include "base/pinned.h"
 #include "ui/geometry.h"
 
 namespace telvar::ui {
@@ -35,13 +36,8 @@ struct MessageBox {
 
 enum class Pointer : std::uint8_t { Default, Hourglass };
 
-class Desktop {
+class Desktop : base::Pinned {
 public:
-    Desktop() = default;
-    Desktop(const Desktop&) = delete;
-    Desktop& operator=(const Desktop&) = delete;
-    Desktop(Desktop&&) = delete;
-    Desktop& operator=(Desktop&&) = delete;
     virtual ~Desktop() = default;
 
     // Modal to the window that owns the control. Anything may happen inside, as in every pump.

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ui/trapped.h"
+#include "base/skip.h"
 
 namespace telvar::ui {
 
@@ -28,7 +28,7 @@ void Form::fit() {
 // Out of memory for a text: the former layout stays.
 Form::FitHeld::~FitHeld() {
     if (--form_.fitHeld_ == 0 && form_.fitAsked_) {
-        resumed([this] { form_.fit(); });
+        base::skip([this] { form_.fit(); });
     }
 }
 

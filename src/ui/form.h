@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/pinned.h"
 #include "ui/layout.h"
 #include "ui/widget.h"
 
@@ -66,13 +67,9 @@ public:
     // Gives every child its place in the present size.
     void arrange();
     // While one of these lives, fit() waits for the end of the last one: many changes, one new layout.
-    class FitHeld {
+    class FitHeld : base::Pinned {
     public:
         explicit FitHeld(Form& form) noexcept : form_(form) { ++form_.fitHeld_; }
-        FitHeld(const FitHeld&) = delete;
-        FitHeld& operator=(const FitHeld&) = delete;
-        FitHeld(FitHeld&&) = delete;
-        FitHeld& operator=(FitHeld&&) = delete;
         ~FitHeld();
 
     private:

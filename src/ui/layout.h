@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/pinned.h"
 #include "ui/frame.h"
 #include "ui/geometry.h"
 #include "ui/metrics.h"
@@ -18,13 +19,8 @@
 namespace telvar::ui {
 
 // A part of a layout. The widgets in it must live as long as it is used.
-class LayoutPart {
+class LayoutPart : base::Pinned {
 public:
-    LayoutPart() = default;
-    LayoutPart(const LayoutPart&) = delete;
-    LayoutPart& operator=(const LayoutPart&) = delete;
-    LayoutPart(LayoutPart&&) = delete;
-    LayoutPart& operator=(LayoutPart&&) = delete;
     virtual ~LayoutPart() = default;
 
     // Whether it takes room at all.

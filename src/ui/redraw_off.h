@@ -1,20 +1,17 @@
 // Keeps a grid from drawing while it is filled, and lets it draw again as before however the filling ends.
 #pragma once
 
+#include "base/pinned.h"
+#include "base/skip.h"
 #include "ui/grid.h"
-#include "ui/trapped.h"
 
 namespace telvar::ui {
 
-class RedrawOff {
+class RedrawOff : base::Pinned {
 public:
     explicit RedrawOff(Grid& grid) : grid_(grid), before_(grid.redraw()) { grid_.setRedraw(false); }
-    RedrawOff(const RedrawOff&) = delete;
-    RedrawOff& operator=(const RedrawOff&) = delete;
-    RedrawOff(RedrawOff&&) = delete;
-    RedrawOff& operator=(RedrawOff&&) = delete;
     ~RedrawOff() {
-        resumed([this] { grid_.setRedraw(before_); });
+        base::skip([this] { grid_.setRedraw(before_); });
     }
 
 private:

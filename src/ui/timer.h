@@ -4,17 +4,14 @@
 #include <chrono>
 
 #include "base/event.h"
+#include "base/pinned.h"
 #include "ui/desktop.h"
 
 namespace telvar::ui {
 
-class Timer {
+class Timer : base::Pinned {
 public:
     explicit Timer(Desktop& desktop) noexcept : desktop_(desktop) {}
-    Timer(const Timer&) = delete;
-    Timer& operator=(const Timer&) = delete;
-    Timer(Timer&&) = delete;
-    Timer& operator=(Timer&&) = delete;
     ~Timer() { desktop_.stopTimer(*this); }
 
     [[nodiscard]] std::chrono::milliseconds interval() const noexcept { return interval_; }

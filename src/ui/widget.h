@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/event.h"
+#include "base/pinned.h"
 #include "ui/geometry.h"
 #include "ui/input.h"
 #include "ui/metrics.h"
@@ -33,13 +34,8 @@ enum class Aspect : std::uint8_t {
 
 // Shows one widget. Reads what it shows from the widget at any time; a peer must ignore the notifications that it
 // caused.
-class WidgetPeer {
+class WidgetPeer : base::Pinned {
 public:
-    WidgetPeer() = default;
-    WidgetPeer(const WidgetPeer&) = delete;
-    WidgetPeer& operator=(const WidgetPeer&) = delete;
-    WidgetPeer(WidgetPeer&&) = delete;
-    WidgetPeer& operator=(WidgetPeer&&) = delete;
     virtual ~WidgetPeer() = default;
 
     virtual void show(Aspect changed) noexcept = 0;
@@ -48,13 +44,9 @@ public:
     virtual void widgetEnds() noexcept = 0;
 };
 
-class Widget {
+class Widget : base::Pinned {
 public:
     explicit Widget(std::string name) : name_(std::move(name)) {}
-    Widget(const Widget&) = delete;
-    Widget& operator=(const Widget&) = delete;
-    Widget(Widget&&) = delete;
-    Widget& operator=(Widget&&) = delete;
     virtual ~Widget() {
         if (peer_ != nullptr) {
             peer_->widgetEnds();
