@@ -30,7 +30,6 @@ public:
     void listen(Listener listener) { listener_ = std::move(listener); }
 
     [[nodiscard]] bool active() const noexcept { return window_ != nullptr; }
-    [[nodiscard]] bool uiActive() const noexcept { return uiActive_; }
     // Null while inactive, and once the host has destroyed it with its own window.
     [[nodiscard]] HWND window() const noexcept { return window_ ? window_->hwnd() : nullptr; }
     // Null while inactive. Borrowed: it may end inside any of its calls.
