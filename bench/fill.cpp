@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "editing/table_copy.h"
+#include "editing/backup_table.h"
 #include "model/memory_data_store.h"
 #include "refreshed_control.h"
 #include "store_calls.h"
@@ -18,7 +18,7 @@ void storeCallsOfAFill(benchmark::State& state) {
     const auto store = bench::configuredTable();
     bench::CallList reads(*store);
     bench::renderEveryRow(reads);
-    editing::TableCopy backup(std::make_shared<model::MemoryDataStore>());
+    editing::BackupTable backup(std::make_shared<model::MemoryDataStore>());
     for (auto _ : state) {
         backup.takeFrom(*store);
         for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {

@@ -39,7 +39,7 @@ public:
             return console.refuse(edit.error());
         }
         WindowlessGrid grid(console, shownName(file_, "standard input"), edit->contents);
-        editing::frmFill form(grid.surroundings(), grid.history());
+        editing::frmFill form(grid.rows(), grid.history());
         form.setCentralDataStore(grid.store());
         form.FillRequested.connect([&] { form.fill(); });
         typeInto(form);

@@ -56,7 +56,7 @@ public:
         WindowlessGrid grid(console, shownName(file_, "standard input"), edit->contents);
         grid.desktop().setClipboardText(*text);
         grid.grid().select({row_, *column}, {row_ + rows_ - 1, *column});
-        editing::ClipboardEditing clipboard(grid.surroundings(), grid.history());
+        editing::ClipboardEditing clipboard(grid.rows(), grid.history());
         grid.desktop().setPlace([&clipboard] {
             const auto& refused = clipboard.lastRefusal();
             return refused ? editing::placeOf(*refused) : std::string();

@@ -7,7 +7,7 @@
 #include "cli/console_desktop.h"
 #include "cli/json.h"
 #include "cli/table_edit.h"
-#include "editing/grid_surroundings.h"
+#include "editing/grid_rows.h"
 #include "editing/undo.h"
 #include "store/reference_data_store.h"
 
@@ -21,7 +21,7 @@ public:
     // What editing works with; they live as long as this does.
     [[nodiscard]] ui::Grid& grid() noexcept { return grid_; }
     [[nodiscard]] ConsoleDesktop& desktop() noexcept { return desktop_; }
-    [[nodiscard]] const editing::GridSurroundings& surroundings() const noexcept { return surroundings_; }
+    [[nodiscard]] editing::GridRows& rows() noexcept { return rows_; }
     [[nodiscard]] editing::UndoHistory& history() noexcept { return history_; }
     [[nodiscard]] model::DataStorePointer store() const noexcept { return store_; }
 
@@ -29,14 +29,13 @@ public:
     [[nodiscard]] store::TableContents contents() { return store_->snapshot(); }
 
 private:
-    void renderRow(std::int16_t row);
-
     ConsoleDesktop desktop_;
     std::shared_ptr<store::ReferenceDataStore> store_ = std::make_shared<store::ReferenceDataStore>();
     ui::Grid grid_;
     ui::MenuItem undo_{"mnuPopUpMenuUndo", "Undo"};
     ui::MenuItem redo_{"mnuPopUpMenuRedo", "Redo"};
-    editing::GridSurroundings surroundings_;
+    session::Session session_;
+    editing::GridRows rows_;
     editing::UndoHistory history_;
 };
 

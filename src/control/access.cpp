@@ -50,7 +50,7 @@ void showColumn(ui::Grid& grid, std::int16_t column, bool shown) {
 }  // namespace
 
 void ChannelInformation::UpdateAccess(std::int16_t intAccessLvl) {
-    routine("UpdateAccess", [&] {
+    session_.trap("UpdateAccess", [&] {
         accessLevel_ = intAccessLvl;
         frmCE.UpdateAccess(intAccessLvl);
         const auto failure = showColumnsOf(intAccessLvl);
@@ -78,7 +78,7 @@ std::exception_ptr ChannelInformation::showColumnsOf(std::int16_t level) {
     bool board = false;
     std::exception_ptr failure;
     try {
-        board = base::isTrue(store()->get(model::StoreMember::P25BoardFitted));
+        board = base::isTrue(session_.store()->get(model::StoreMember::P25BoardFitted));
     } catch (const std::exception&) {
         failure = std::current_exception();
     }
@@ -97,7 +97,7 @@ void ChannelInformation::setUpLockModes() {
 }
 
 void ChannelInformation::optLockMode_Click(std::int16_t Index) {
-    routine("optLockMode_Click", [&] {
+    session_.trap("optLockMode_Click", [&] {
         if (Index < 0 || Index >= static_cast<std::int16_t>(optLockMode.size())) {
             return;
         }
@@ -125,7 +125,7 @@ void ChannelInformation::markHeaders(std::int16_t mode) {
 }
 
 void ChannelInformation::DisableMyCommands(const std::string& sCommands) {
-    routine("DisableMyCommands", [&] {
+    session_.trap("DisableMyCommands", [&] {
         if (sCommands == serialLink) {
             cmdChannelSelect.setEnabled(false);
         }
@@ -133,7 +133,7 @@ void ChannelInformation::DisableMyCommands(const std::string& sCommands) {
 }
 
 void ChannelInformation::EnableMyCommands(const std::string& sCommands) {
-    routine("EnableMyCommands", [&] {
+    session_.trap("EnableMyCommands", [&] {
         if (sCommands == serialLink) {
             cmdChannelSelect.setEnabled(true);
         }

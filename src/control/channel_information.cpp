@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/skip.h"
 #include "editing/columns.h"
 #include "model/memory_data_store.h"
 #include "model/subtones.h"
@@ -18,18 +19,17 @@ constexpr auto blinkInterval = std::chrono::milliseconds(200);
 }  // namespace
 
 ChannelInformation::ChannelInformation(Surroundings surroundings)
-    : fgdDatabase("fgdDatabase", model::channelCount + 1, static_cast<int>(editing::columnCount)),
+    : session_(surroundings.desktop, surroundings.numberFormat),
+      fgdDatabase("fgdDatabase", model::channelCount + 1, static_cast<int>(editing::columnCount)),
       Timer1(surroundings.desktop),
-      frmCE(surroundings.desktop, surroundings.numberFormat),
+      frmCE(session_),
       confirmation(surroundings.desktop),
-      desktop_(surroundings.desktop),
       makeTable_(std::move(surroundings.makeTable)),
-      numberFormat_(surroundings.numberFormat),
       logPath_(std::move(surroundings.logPath)),
-      gridSurroundings_(gridSurroundings()),
-      history_(gridSurroundings_, frmCE.mnuPopUpMenuUndo, frmCE.mnuPopUpMenuRedo),
-      clipboardEditing_(gridSurroundings_, history_),
-      tableTransfer_(transferSurroundings()) {
+      rows_(session_, fgdDatabase),
+      history_(rows_, frmCE.mnuPopUpMenuUndo, frmCE.mnuPopUpMenuRedo),
+      clipboardEditing_(rows_, history_),
+      tableTransfer_(session_, *this) {
     UserControl_Initialize();
 }
 
@@ -87,12 +87,12 @@ void ChannelInformation::wire() {
 
 model::DataStorePointer ChannelInformation::makeTable() const {
     model::DataStorePointer table;
-    ui::resumed([&] { table = makeTable_ ? makeTable_() : nullptr; });
+    base::skip([&] { table = makeTable_ ? makeTable_() : nullptr; });
     return table ? table : std::make_shared<model::MemoryDataStore>();
 }
 
 void ChannelInformation::close() noexcept {
-    if (!std::exchange(closed_, true)) {
+    if (session_.close()) {
         UserControl_Terminate();
     }
 }
@@ -102,7 +102,6 @@ void ChannelInformation::close() noexcept {
 void ChannelInformation::UserControl_Terminate() {
     Timer1.setEnabled(false);
     setBlinking(false);
-    alive_.reset();
     closeForms();
     frmCE.setCentralDataStore(nullptr);
     frmCE.setRadioComms(nullptr);
@@ -110,82 +109,54 @@ void ChannelInformation::UserControl_Terminate() {
         frmFill_->setCentralDataStore(nullptr);
     }
     history_.setTables(nullptr, nullptr);
-    static_cast<void>(std::exchange(pCentralDataStore_, nullptr));
-    static_cast<void>(std::exchange(plibRadioComms_, nullptr));
+    session_.setStore(nullptr);
+    session_.setLink(nullptr);
 }
 
 void ChannelInformation::closeForms() noexcept {
-    ++formClosings_;
-    ui::resumed([this] { frmCE.close(); });
-    ui::resumed([this] { confirmation.close(); });
+    formClosing_.happen();
+    base::skip([this] { frmCE.close(); });
+    base::skip([this] { confirmation.close(); });
     if (frmFill_) {
-        ui::resumed([this] { desktop_.hide(*frmFill_); });
+        base::skip([this] { session_.desktop().hide(*frmFill_); });
     }
 }
 
 void ChannelInformation::setCentralDataStore(model::DataStorePointer store) {
-    if (closed_) {
+    if (session_.closed()) {
         return;
     }
     // No table's backup may land in another table.
-    if (store != pCentralDataStore_) {
+    if (store != session_.presentStore()) {
         history_.forget();
     }
-    const auto former = std::exchange(pCentralDataStore_, std::move(store));
+    session_.setStore(std::move(store));
 }
 
 void ChannelInformation::setRadioComms(model::RadioLinkPointer link) {
-    if (!closed_) {
-        const auto former = std::exchange(plibRadioComms_, std::move(link));
+    if (!session_.closed()) {
+        session_.setLink(std::move(link));
     }
-}
-
-void ChannelInformation::endIfClosed() const {
-    if (closed_) {
-        throw Ended{};
-    }
-}
-
-ui::Answer ChannelInformation::show(const ui::MessageBox& box) {
-    const auto answer = desktop_.show(box);
-    endIfClosed();
-    return answer;
-}
-
-model::DataStorePointer ChannelInformation::store() const {
-    endIfClosed();
-    if (!pCentralDataStore_) {
-        throw base::Failure("There is no data store");
-    }
-    return pCentralDataStore_;
-}
-
-model::RadioLinkPointer ChannelInformation::link() const {
-    endIfClosed();
-    if (!plibRadioComms_) {
-        throw base::Failure("There is no radio link");
-    }
-    return plibRadioComms_;
 }
 
 editing::frmFill& ChannelInformation::frmFill() {
     if (!frmFill_) {
-        frmFill_ = std::make_unique<editing::frmFill>(gridSurroundings_, history_);
+        frmFill_ = std::make_unique<editing::frmFill>(rows_, history_);
         ui::on(frmFill_->FillRequested, this, &ChannelInformation::frmFill_FillRequested);
-        frmFill_->setCentralDataStore(pCentralDataStore_);
+        frmFill_->setCentralDataStore(session_.presentStore());
     }
     return *frmFill_;
 }
 
 void ChannelInformation::DistributeDataStoreLink() {
-    routine("DistributeDataStoreLink", [&] {
+    session_.trap("DistributeDataStoreLink", [&] {
         distributeStoreToEditForm();
-        frmFill().setCentralDataStore(pCentralDataStore_);
+        frmFill().setCentralDataStore(session_.presentStore());
     });
 }
 
 void ChannelInformation::DistributeRadioCommsLink() {
-    routine("DistributeRadioCommsLink", [&] { frmCE.setRadioComms(plibRadioComms_); });
+    session_.trap("DistributeRadioCommsLink", [&] { frmCE.setRadioComms(session_.presentLink()); });
 }
 
 void ChannelInformation::HideAdvancedButton() {}

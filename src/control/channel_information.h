@@ -3,9 +3,9 @@
 // it is needed.
 //
 // Public routines trap their failures and tell the user "Error in X()"; only logMessage lets its failure through. In
-// every event and every message box anything may happen: the host may call back, exchange the store, or close the
-// control, which ends the routine quietly. Closing is not destroying: the owner keeps the object until no call is
-// inside it any more.
+// every event, message box and wait anything may happen: the host may call back, exchange the store, or close the
+// control, which ends the routine quietly; session/session.h says how. Closing is not destroying: the owner keeps the
+// object until no call is inside it any more.
 #pragma once
 
 #include <array>
@@ -15,7 +15,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/event.h"
@@ -24,10 +23,11 @@
 #include "editform/frmChannelEdit.h"
 #include "editing/clipboard_editing.h"
 #include "editing/frmFill.h"
-#include "editing/grid_surroundings.h"
+#include "editing/grid_rows.h"
 #include "editing/undo.h"
 #include "model/data_store.h"
 #include "model/radio_link.h"
+#include "session/session.h"
 #include "transfer/table_transfer.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
@@ -40,7 +40,6 @@
 #include "ui/option_button.h"
 #include "ui/text_box.h"
 #include "ui/timer.h"
-#include "ui/trapped.h"
 
 namespace telvar::control {
 
@@ -56,26 +55,25 @@ struct Surroundings {
 // The grid's editing commands, by their pop-up menu codes.
 enum class GridCommand : std::uint8_t { Copy, Paste, Delete, Undo, Redo };
 
-class ChannelInformation {
+class ChannelInformation : transfer::TransferOwner {
+    // Before everything that works within it.
+    session::Session session_;
+
 public:
     // Starts the control up (UserControl_Initialize). Never fails for want of a data-store class.
     explicit ChannelInformation(Surroundings surroundings);
-    ChannelInformation(const ChannelInformation&) = delete;
-    ChannelInformation& operator=(const ChannelInformation&) = delete;
-    ChannelInformation(ChannelInformation&&) = delete;
-    ChannelInformation& operator=(ChannelInformation&&) = delete;
-    ~ChannelInformation();
+    ~ChannelInformation() override;
 
     // Ends the control (UserControl_Terminate): the timer stops, both links and the private tables are let go, and
     // every routine, also one that is under way, does nothing more. Callable any number of times, inside any event.
     void close() noexcept;
-    [[nodiscard]] bool closed() const noexcept { return closed_; }
+    [[nodiscard]] bool closed() const noexcept { return session_.closed(); }
 
     // pCentralDataStore and plibRadioComms. The forms get the new object by the matching Distribute... method only.
     void setCentralDataStore(model::DataStorePointer store);
-    [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return pCentralDataStore_; }
+    [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return session_.presentStore(); }
     void setRadioComms(model::RadioLinkPointer link);
-    [[nodiscard]] const model::RadioLinkPointer& radioComms() const noexcept { return plibRadioComms_; }
+    [[nodiscard]] const model::RadioLinkPointer& radioComms() const noexcept { return session_.presentLink(); }
     // Kept for the host; the control never changes them.
     bool bHidden = false;
     std::int16_t intPrevChannel = 0;
@@ -178,9 +176,6 @@ public:
     [[nodiscard]] model::DataStorePointer redoTable() const noexcept { return history_.redoTable(); }
 
 private:
-    // Thrown after an event or a pump in which the control was closed; no std::exception, so that no trap tells it.
-    struct Ended {};
-
     void UserControl_Initialize();
     void UserControl_Resize();
     void UserControl_Terminate();
@@ -204,36 +199,13 @@ private:
     void frmCE_PopUpMenuClick(std::int16_t& intButton);
     void frmFill_FillRequested();
 
-    // A routine of the control: nothing when it is closed, told under its name when it fails, ended quietly when the
-    // control is closed inside. Answers whether it ran to its end.
-    template <class Body>
-    bool routine(std::string_view name, Body&& body) {
-        if (closed_) {
-            return false;
-        }
-        try {
-            body();
-            return true;
-        } catch (const Ended&) {
-            return false;
-        } catch (const std::exception&) {
-            if (!closed_) {
-                ui::tellFailureOf(desktop_, name);
-            }
-            return false;
-        }
-    }
     template <class... Arguments, class... Given>
     void raise(base::Event<Arguments...>& event, Given&&... arguments) {
+        session_.throwIfClosed();
         event(std::forward<Given>(arguments)...);
-        endIfClosed();
+        session_.throwIfClosed();
     }
-    ui::Answer show(const ui::MessageBox& box);
-    void endIfClosed() const;
 
-    // Fail where there is none.
-    [[nodiscard]] model::DataStorePointer store() const;
-    [[nodiscard]] model::RadioLinkPointer link() const;
     static void checkChannel(std::int16_t channel);
 
     void fillPanel();
@@ -241,10 +213,8 @@ private:
     void setUpLockModes();
     [[nodiscard]] model::DataStorePointer makeTable() const;
 
-    [[nodiscard]] editing::GridSurroundings gridSurroundings();
-    // Both tell the user: the data is locked; that, or a load that is under way would overwrite the change.
-    [[nodiscard]] bool dataLocked();
-    [[nodiscard]] bool changesRefused();
+    // Of what would change the table. The user is told why, unless it stands inside something that takes no notice.
+    [[nodiscard]] bool refused(session::Activity wanted);
     // The frame around every edit of the table; `edit` answers whether anything was written, `mark` sets the flags of a
     // changed table.
     void changeTable(const std::function<bool()>& edit, const std::function<void()>& mark);
@@ -253,13 +223,9 @@ private:
     void markChanged(const model::DataStorePointer& table) const;
     void startFill(void (editing::frmFill::*offer)());
     void takeSelectedRows(editing::frmFill& form) const;
-    [[nodiscard]] bool fillRefused();
     void showFill();
-    // The default title where the store's cannot be read.
-    [[nodiscard]] std::string messageTitle() const;
 
     void setUpGrid();
-    void renderChannel(std::int16_t channel);
     void renderAllChannels();
     void paintRow(std::int16_t row, ui::Colour colour);
 
@@ -269,7 +235,7 @@ private:
         std::int16_t last = 0;
         bool operator==(const Rows&) const = default;
     };
-    [[nodiscard]] bool editFormShown() const { return desktop_.isOpen(frmCE); }
+    [[nodiscard]] bool editFormShown() const { return session_.desktop().isOpen(frmCE); }
     void wireEditForm();
     void markSelected(int row);
     void openCurrentRow(const ui::CellRange& selected);
@@ -295,7 +261,6 @@ private:
     void selectOnRadio(std::int16_t channel);
     void leaveChannelForLast();
     [[nodiscard]] bool waitForQuietLink();
-    [[nodiscard]] transfer::TransferSurroundings transferSurroundings();
     void scrollToChannel(std::int16_t channel);
     void refuseTypedChannel();
     void endChannelSelect();
@@ -303,24 +268,27 @@ private:
     [[nodiscard]] std::exception_ptr showColumnsOf(std::int16_t level);
     void markHeaders(std::int16_t mode);
 
-    ui::Desktop& desktop_;
+    // ---- what a transfer asks for
+    void disableCommands() override { raise(DisableCommands); }
+    void hourglassOverWindow() override { raise(HourglassOverWindow); }
+    void pauseDiagnostics() override { raise(PauseDiagnostics); }
+    void restoreButtons() override { raise(RestoreButtons); }
+    void enableCommands(std::string commands) override { raise(EnableCommands, commands); }
+    void disableChannelSelect() override { cmdChannelSelect.setEnabled(false); }
+    [[nodiscard]] bool checkFrequencies() override;
+    [[nodiscard]] std::string checkScanCount() override { return CheckTotalNoOfChannelScan(); }
+
     std::function<model::DataStorePointer()> makeTable_;
-    base::NumberFormat numberFormat_;
     std::string logPath_;
     ui::Panel panel_{"ChannelInformation"};
     std::unique_ptr<editing::frmFill> frmFill_;
-    model::DataStorePointer pCentralDataStore_;
-    model::RadioLinkPointer plibRadioComms_;
-    editing::GridSurroundings gridSurroundings_;
+    editing::GridRows rows_;
     editing::UndoHistory history_;
     editing::ClipboardEditing clipboardEditing_;
     transfer::TableTransfer tableTransfer_;
     std::int16_t accessLevel_ = 0;
-    int formClosings_ = 0;            // of closeForms: a question inside an opening finds out
-    std::int16_t channelToSend_ = 0;  // meanwhile typed, while selecting_
-    bool selecting_ = false;          // inside the channel-select button's wait
-    bool editing_ = false;            // a command that changes the table is under way
-    bool filling_ = false;            // the fill dialog is shown
+    session::Occurrence formClosing_;
+    std::int16_t channelToSend_ = 0;  // the one that was typed last, while the link is waited for
     bool following_ = false;          // the edit form will be asked to follow the current row
     // The rows that are selected for as long as the form copies to others; nothing while it does not.
     std::optional<Rows> copyingWhile_;
@@ -328,9 +296,6 @@ private:
     bool placeChosen_ = false;             // the user moved the form since
     bool blinking_ = false;
     bool blinkPhase_ = false;
-    bool closed_ = false;
-    // How queued work finds out that the control is gone.
-    std::shared_ptr<ChannelInformation*> alive_ = std::make_shared<ChannelInformation*>(this);
 };
 
 }  // namespace telvar::control

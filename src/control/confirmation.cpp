@@ -1,5 +1,7 @@
 #include "control/confirmation.h"
 
+#include "base/pinned.h"
+
 namespace telvar::control {
 
 namespace {
@@ -9,13 +11,9 @@ constexpr auto answeredYes = static_cast<std::int16_t>(ui::Answer::Yes);
 constexpr auto answeredNo = static_cast<std::int16_t>(ui::Answer::No);
 
 // Notes where the form is for as long as it is shown.
-class Shown {
+class Shown : base::Pinned {
 public:
     Shown(editing::frmMsgBox*& place, editing::frmMsgBox& form) noexcept : place_(place) { place_ = &form; }
-    Shown(const Shown&) = delete;
-    Shown& operator=(const Shown&) = delete;
-    Shown(Shown&&) = delete;
-    Shown& operator=(Shown&&) = delete;
     ~Shown() { place_ = nullptr; }
 
 private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/conversion.h"
+#include "base/skip.h"
 #include "control/channel_information.h"
 #include "control/copy_question.h"
 #include "ui/beside.h"
@@ -25,9 +26,9 @@ void ChannelInformation::wireEditForm() {
     frmCE.setPotentiometersOnly(&optLockMode[potentiometersOnlyMode]);
     // A message box inside may end the control, and the form must not fail for it.
     frmCE.setChangesRefused([this] {
-        bool refused = true;
-        routine("changesRefused", [&] { refused = editing_ || changesRefused(); });
-        return refused;
+        bool stays = true;
+        session_.trap("changesRefused", [&] { stays = refused(session::Activity::Storing); });
+        return stays;
     });
     ui::on(frmCE.Load, this, &ChannelInformation::frmCE_Load);
     ui::on(frmCE.DataChanged, this, &ChannelInformation::frmCE_DataChanged);
@@ -42,7 +43,7 @@ void ChannelInformation::wireEditForm() {
 
 // The grid has made the clicked row the current one. A header is no channel.
 void ChannelInformation::fgdDatabase_DblClick(const ui::DoubleClick& click) {
-    routine("fgdDatabase_DblClick", [&] {
+    session_.trap("fgdDatabase_DblClick", [&] {
         if (click.at.row >= 1) {
             openCurrentRow(click.selected);
         }
@@ -57,10 +58,10 @@ void ChannelInformation::openCurrentRow(const ui::CellRange& selected) {
         return;
     }
     const bool leaves = !editFormShown() || frmCE.mayLeaveChannel();
-    endIfClosed();
+    session_.throwIfClosed();
     if (!leaves) {
         if (editFormShown()) {
-            desktop_.showModeless(frmCE);
+            session_.desktop().showModeless(frmCE);
             returnToEditedRow(current.column);
         }
         return;
@@ -73,43 +74,43 @@ void ChannelInformation::openCurrentRow(const ui::CellRange& selected) {
 }
 
 void ChannelInformation::editChannel() {
-    routine("EditChannel", [&] {
+    session_.trap("EditChannel", [&] {
         const auto selected = fgdDatabase.selection();
         if (!editFormShown() || fgdDatabase.row() != frmCE.channel()) {
             openCurrentRow(selected);
             return;
         }
         if (selected.rowCount() > 1) {
-            const auto closings = formClosings_;
+            const session::Ticket opening(formClosing_);
             const Rows rows = rowsToCopyTo(frmCE.channel(), selected);
-            if (closings != formClosings_) {
+            if (!opening.valid()) {
                 return;
             }
             copyTo(rows);
         }
         if (editFormShown()) {
-            ui::resumed([this] { desktop_.showModeless(frmCE); });
+            base::skip([this] { session_.desktop().showModeless(frmCE); });
         }
     });
 }
 
 void ChannelInformation::markSelected(int row) {
-    store()->put(StoreMember::SelectedChannel, static_cast<std::int16_t>(row));
+    session_.store()->put(StoreMember::SelectedChannel, static_cast<std::int16_t>(row));
     txtChannelSelect.setText(selectedChannelText());
 }
 
 void ChannelInformation::openEditForm(std::int16_t channel, const ui::CellRange& selection) {
-    const auto closings = formClosings_;
+    const session::Ticket opening(formClosing_);
     const Rows rows = rowsToCopyTo(channel, selection);
-    if (closings != formClosings_) {
+    if (!opening.valid()) {
         return;
     }
     const bool wasShown = editFormShown();
     placeChosen_ = placeChosen_ || (!wasShown && placeGiven_ && *placeGiven_ != cornerOf(frmCE.bounds()));
     frmCE.setChannel(channel);
     copyTo(rows);
-    ui::resumed([this] { desktop_.showModeless(frmCE); });
-    endIfClosed();
+    base::skip([this] { session_.desktop().showModeless(frmCE); });
+    session_.throwIfClosed();
     frmCE.refresh();
     if (!wasShown && editFormShown()) {
         // Its size is that of this channel and level only now.
@@ -126,12 +127,12 @@ ChannelInformation::Rows ChannelInformation::rowsToCopyTo(std::int16_t channel, 
     if (rows.first >= rows.last || channel < rows.first || channel > rows.last) {
         return {};
     }
-    const auto table = frmCE.centralDataStore();
+    const session::Ticket sameTable(frmCE.centralDataStore());
     bool agreed = false;
-    ui::resumed([&] { agreed = confirmation.ask(copyQuestion(rows.first, rows.last, channel), messageTitle()); });
-    endIfClosed();
+    base::skip([&] { agreed = confirmation.ask(copyQuestion(rows.first, rows.last, channel), session_.title()); });
+    session_.throwIfClosed();
     // The answer was about that table's channels.
-    return agreed && frmCE.centralDataStore() == table ? rows : Rows{};
+    return agreed && sameTable.valid() ? rows : Rows{};
 }
 
 // What the form stores goes to these rows, too, for as long as the user leaves the grid's selection as it is now.
@@ -158,7 +159,7 @@ void ChannelInformation::keepCopying() {
 // -- the form's place ------------------------------------------------------------------------------------------------
 
 void ChannelInformation::frmCE_Load() {
-    routine("frmCE_Load", [&] { placeEditForm(); });
+    session_.trap("frmCE_Load", [&] { placeEditForm(); });
 }
 
 // Beside the row that it is about. Where the form was last it stays, unless it was put there by this and hides the row.
@@ -166,7 +167,7 @@ void ChannelInformation::placeEditForm() {
     const auto row = fgdDatabase.currentRowOnScreen();
     const ui::Rect now = frmCE.bounds();
     if (row && !placeChosen_ && (!placeGiven_ || !now.intersected(*row).empty())) {
-        if (const auto at = ui::besideRow(*row, {now.width(), now.height()}, desktop_.workArea(*row))) {
+        if (const auto at = ui::besideRow(*row, {now.width(), now.height()}, session_.desktop().workArea(*row))) {
             frmCE.setBounds({at->x, at->y, at->x + now.width(), at->y + now.height()});
         }
     }
@@ -179,20 +180,18 @@ void ChannelInformation::placeEditForm() {
 // grid moves after its key-down rule, and because a question must not come in the middle of a press; when nothing else
 // waits, because a key that is held moves the grid faster than the form is loaded.
 void ChannelInformation::followRowSoon() {
-    if (following_ || closed_ || !editFormShown()) {
+    if (following_ || session_.closed() || !editFormShown()) {
         return;
     }
     following_ = true;
-    desktop_.whenIdle([this, alive = std::weak_ptr(alive_)] {
-        if (!alive.expired()) {
-            following_ = false;
-            fgdDatabase_SelChange();
-        }
+    session_.whenIdle([this] {
+        following_ = false;
+        fgdDatabase_SelChange();
     });
 }
 
 void ChannelInformation::fgdDatabase_SelChange() {
-    routine("fgdDatabase_SelChange", [&] {
+    session_.trap("fgdDatabase_SelChange", [&] {
         if (fgdDatabase.row() != frmCE.channel()) {
             showRowInEditForm();
         } else if (copyingWhile_ && *copyingWhile_ != selectedRows()) {
@@ -209,7 +208,7 @@ void ChannelInformation::showRowInEditForm(const std::string& news) {
     const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
     const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
     const bool leaves = frmCE.mayLeaveChannel(news);
-    endIfClosed();
+    session_.throwIfClosed();
     if (!editFormShown()) {
         return;
     }
@@ -236,8 +235,8 @@ void ChannelInformation::returnToEditedRow(int column) {
 }
 
 void ChannelInformation::RefreshEditForm() {
-    routine("RefreshEditForm", [&] {
-        if (frmCE.storing()) {
+    session_.trap("RefreshEditForm", [&] {
+        if (session_.activities().underWay(session::Activity::Storing)) {
             frmCE.refresh();
         } else {
             showRowInEditForm();
@@ -247,9 +246,9 @@ void ChannelInformation::RefreshEditForm() {
 
 bool ChannelInformation::leaveEdits() {
     bool left = true;
-    routine("LeaveEdits", [&] {
+    session_.trap("LeaveEdits", [&] {
         left = !editFormShown() || frmCE.mayLeaveChannel();
-        endIfClosed();
+        session_.throwIfClosed();
         if (left && editFormShown() && frmCE.hasUnappliedEdits()) {
             frmCE.refresh();
         }
@@ -259,18 +258,18 @@ bool ChannelInformation::leaveEdits() {
 
 // Edits that the user keeps belong to the table that they were made in.
 void ChannelInformation::distributeStoreToEditForm() {
-    const bool exchanged = frmCE.centralDataStore() != pCentralDataStore_;
+    const bool exchanged = frmCE.centralDataStore() != session_.presentStore();
     if (exchanged && editFormShown()) {
         frmCE.offerToApply();
-        endIfClosed();
+        session_.throwIfClosed();
     }
-    frmCE.setCentralDataStore(pCentralDataStore_);
+    frmCE.setCentralDataStore(session_.presentStore());
     if (exchanged) {
         // What the user agreed to was about the other table.
         copyTo({});
     }
-    if (!pCentralDataStore_) {
-        ui::resumed([this] { frmCE.close(); });
+    if (!session_.presentStore()) {
+        base::skip([this] { frmCE.close(); });
     } else if (exchanged) {
         showRowInEditForm();
     }
@@ -280,8 +279,8 @@ void ChannelInformation::distributeStoreToEditForm() {
 std::vector<base::Value> ChannelInformation::valuesInEditForm() const {
     std::vector<base::Value> values;
     if (editFormShown()) {
-        ui::resumed([&] {
-            const auto record = store()->channel(frmCE.channel());
+        base::skip([&] {
+            const auto record = session_.store()->channel(frmCE.channel());
             for (const auto& info : model::channelKeys) {
                 values.push_back(record.get(info.key));
             }
@@ -293,19 +292,20 @@ std::vector<base::Value> ChannelInformation::valuesInEditForm() const {
 // -- what the form tells ---------------------------------------------------------------------------------------------
 
 void ChannelInformation::frmCE_DataChanged() {
-    routine("frmCE_DataChanged", [&] { markChanged(frmCE.centralDataStore() ? frmCE.centralDataStore() : store()); });
+    session_.trap("frmCE_DataChanged",
+                  [&] { markChanged(frmCE.centralDataStore() ? frmCE.centralDataStore() : session_.store()); });
 }
 
 void ChannelInformation::frmCE_EditClosed() {
-    routine("frmCE_EditClosed", [&] { raise(EditWindowClosed); });
+    session_.trap("frmCE_EditClosed", [&] { raise(EditWindowClosed); });
 }
 
 // Rendering makes a row current, and the edited one has the last word.
 void ChannelInformation::frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo) {
-    routine("UpdateRowData", [&] {
+    session_.trap("UpdateRowData", [&] {
         const auto copied = frmCE.copiedChannels();
         for (const auto channel : copied) {
-            renderChannel(channel);
+            rows_.render(channel);
         }
     });
     UpdateRowData(intRowNo);
@@ -313,11 +313,11 @@ void ChannelInformation::frmCE_NeedToUpdateFlexGrid(std::int16_t& intRowNo) {
 }
 
 void ChannelInformation::frmCE_OpenLoginWithChannelEdit() {
-    routine("frmCE_OpenLoginWithChannelEdit", [&] { raise(OpenLoginWithChannelEdit); });
+    session_.trap("frmCE_OpenLoginWithChannelEdit", [&] { raise(OpenLoginWithChannelEdit); });
 }
 
 void ChannelInformation::frmCE_PauseDiagnosticsIfRunning() {
-    routine("frmCE_PauseDiagnosticsIfRunning", [&] { raise(PauseDiagnostics); });
+    session_.trap("frmCE_PauseDiagnosticsIfRunning", [&] { raise(PauseDiagnostics); });
 }
 
 void ChannelInformation::frmCE_PopUpMenuClick(std::int16_t& intButton) {

@@ -2,10 +2,12 @@
 // its loop are the business of editing.
 #include <algorithm>
 
+#include "base/skip.h"
 #include "control/channel_information.h"
-#include "control/raised.h"
 
 namespace telvar::control {
+
+using session::Activity;
 
 namespace {
 
@@ -14,24 +16,24 @@ constexpr std::int16_t fillAccess = 3;
 }  // namespace
 
 void ChannelInformation::DisplayFill() {
-    routine("DisplayFill", [&] {
-        if (!fillRefused()) {
+    session_.trap("DisplayFill", [&] {
+        if (!refused(Activity::FillDialog)) {
             showFill();
         }
     });
 }
 
 void ChannelInformation::ChannelFillDown() {
-    routine("ChannelFillDown", [&] { startFill(&editing::frmFill::offerFillDown); });
+    session_.trap("ChannelFillDown", [&] { startFill(&editing::frmFill::offerFillDown); });
 }
 
 void ChannelInformation::ChannelFillSeries() {
-    routine("ChannelFillSeries", [&] { startFill(&editing::frmFill::offerSeries); });
+    session_.trap("ChannelFillSeries", [&] { startFill(&editing::frmFill::offerSeries); });
 }
 
 // The dialog is made ready also where the user has to log in first: the host shows it by DisplayFill afterwards.
 void ChannelInformation::startFill(void (editing::frmFill::*offer)()) {
-    if (fillRefused()) {
+    if (refused(Activity::FillDialog)) {
         return;
     }
     auto& form = frmFill();
@@ -52,33 +54,26 @@ void ChannelInformation::takeSelectedRows(editing::frmFill& form) const {
     }
 }
 
-// There is one dialog, and it is not changed behind the user's back while it is shown.
-bool ChannelInformation::fillRefused() { return editing_ || filling_ || changesRefused(); }
-
-// The dialog being open is no change of the table: the host may paste meanwhile.
 void ChannelInformation::showFill() {
-    const Raised filling(filling_);
-    desktop_.showModal(frmFill());
+    const session::UnderWay filling(session_.activities(), Activity::FillDialog);
+    session_.desktop().showModal(frmFill());
 }
 
 // Every statement passes over its failure: what the backup and the rendering of the rows cannot do they tell
 // themselves, and nothing else is told.
 void ChannelInformation::frmFill_FillRequested() {
-    if (editing_) {
-        return;
-    }
-    routine("ok_but_Click", [&] {
-        bool refused = false;
-        ui::resumed([&] { refused = changesRefused(); });
-        if (!refused) {
-            ui::resumed([&] { changeTable([this] { return frmFill().fill(); }, [this] { markTableFilled(); }); });
+    session_.trap("ok_but_Click", [&] {
+        bool stays = false;
+        base::skip([&] { stays = refused(Activity::Editing); });
+        if (!stays) {
+            base::skip([&] { changeTable([this] { return frmFill().fill(); }, [this] { markTableFilled(); }); });
         }
     });
 }
 
 void ChannelInformation::markTableFilled() {
     for (const auto flag : {model::StoreMember::DataModified, model::StoreMember::ChannelDataModified}) {
-        ui::resumed([&] { store()->put(flag, true); });
+        base::skip([&] { session_.store()->put(flag, true); });
     }
 }
 

@@ -5,12 +5,14 @@
 #include <cstddef>
 
 #include "base/conversion.h"
+#include "base/skip.h"
 #include "control/channel_information.h"
-#include "control/raised.h"
 
 namespace telvar::control {
 
 using model::StoreMember;
+using session::Activity;
+using session::Refusal;
 
 namespace {
 
@@ -34,30 +36,21 @@ constexpr std::array<std::string_view, 5> commandRoutines{"CopySelection", "Past
 
 }  // namespace
 
-editing::GridSurroundings ChannelInformation::gridSurroundings() {
-    return {.grid = fgdDatabase,
-            .desktop = desktop_,
-            .format = numberFormat_,
-            .store = [this] { return store(); },
-            .updateRow = [this](std::int16_t row) { UpdateRowData(row); },
-            .renderRow = [this](std::int16_t row) { renderChannel(row); },
-            .stayOpen = [this] { endIfClosed(); }};
-}
-
 bool ChannelInformation::commandEnabled(GridCommand command) const noexcept {
-    if (closed_) {
+    if (session_.closed()) {
         return false;
     }
+    const bool changes = session_.activities().refusalOf(Activity::Editing) != Refusal::Ignored;
     switch (command) {
     case GridCommand::Copy:
         return true;
     case GridCommand::Paste:
     case GridCommand::Delete:
-        return !editing_;
+        return changes;
     case GridCommand::Undo:
-        return !editing_ && frmCE.mnuPopUpMenuUndo.enabled();
+        return changes && frmCE.mnuPopUpMenuUndo.enabled();
     case GridCommand::Redo:
-        return !editing_ && frmCE.mnuPopUpMenuRedo.enabled();
+        return changes && frmCE.mnuPopUpMenuRedo.enabled();
     }
     return false;
 }
@@ -66,53 +59,50 @@ void ChannelInformation::run(GridCommand command) {
     if (!commandEnabled(command)) {
         return;
     }
-    routine(commandRoutines[static_cast<std::size_t>(command)], [&] {
+    session_.trap(commandRoutines[static_cast<std::size_t>(command)], [&] {
         if (command == GridCommand::Copy) {
             clipboardEditing_.CopySelection();
-        } else if (!changesRefused()) {
-            changeTable([&] { return editTable(command); }, [this] { markChanged(store()); });
+        } else if (!refused(Activity::Editing)) {
+            changeTable([&] { return editTable(command); }, [this] { markChanged(session_.store()); });
         }
     });
 }
 
-bool ChannelInformation::dataLocked() {
-    const bool locked = ckLockData.value() != 0;
-    if (locked) {
-        show({.text = "Data is locked. Clear 'Lock Data' to make changes.",
-              .title = messageTitle(),
-              .icon = ui::Icon::Exclamation});
-    }
-    return locked;
-}
-
-bool ChannelInformation::changesRefused() {
-    if (dataLocked()) {
+bool ChannelInformation::refused(Activity wanted) {
+    auto refusal = session_.activities().refusalOf(wanted);
+    if (refusal == Refusal::Ignored) {
         return true;
     }
-    // What is changed from the beginning of a load on would be overwritten unseen. Its sequence is known as long as it
-    // stands below this call; the exchange itself, whoever began it, is the store's to tell.
-    const auto table = pCentralDataStore_;
-    const bool loading = tableTransfer_.loading() || (table && transfer::loadRuns(*table));
-    endIfClosed();
-    if (loading) {
-        show({.text = "The channel table is being loaded from the radio. Please wait until it has ended.",
-              .title = messageTitle(),
-              .icon = ui::Icon::Exclamation});
+    if (ckLockData.value() != 0) {
+        session_.refuse("Data is locked. Clear 'Lock Data' to make changes.");
+        return true;
     }
-    return loading;
+    // A load's own sequence is known as long as it stands below this call; the exchange itself, whoever began it, is
+    // the store's to tell.
+    if (refusal == Refusal::None && wanted != Activity::Loading) {
+        const auto table = session_.presentStore();
+        refusal = table && transfer::loadRuns(*table) ? Refusal::TableIsReplaced : Refusal::None;
+        session_.throwIfClosed();
+    }
+    // Of another transfer the one that is refused tells itself.
+    if (refusal == Refusal::None || refusal == Refusal::TransferWaits) {
+        return false;
+    }
+    session_.refuse(session::sentenceOf(refusal));
+    return true;
 }
 
 void ChannelInformation::changeTable(const std::function<bool()>& edit, const std::function<void()>& mark) {
     const auto before = valuesInEditForm();
     bool changed = false;
     {
-        const Raised editing(editing_);
+        const session::UnderWay editing(session_.activities(), Activity::Editing);
         // Rendering a row makes it current; the next command has to land where the user was.
         const ui::Cell current{fgdDatabase.row(), fgdDatabase.column()};
         const ui::Cell end{fgdDatabase.rowSel(), fgdDatabase.columnSel()};
         changed = edit();
-        endIfClosed();
-        ui::resumed([&] { fgdDatabase.select(current, end); });
+        session_.throwIfClosed();
+        base::skip([&] { fgdDatabase.select(current, end); });
         if (changed) {
             mark();
         }
@@ -142,12 +132,13 @@ bool ChannelInformation::editTable(GridCommand command) {
 
 void ChannelInformation::markChanged(const model::DataStorePointer& table) const {
     table->put(StoreMember::DataModified, true);
-    endIfClosed();
+    session_.throwIfClosed();
     table->put(StoreMember::ChannelDataModified, true);
 }
 
 void ChannelInformation::selectAll() {
-    routine("selectAll", [&] { fgdDatabase.select({1, 1}, {fgdDatabase.rows() - 1, fgdDatabase.columns() - 1}); });
+    session_.trap("selectAll",
+                  [&] { fgdDatabase.select({1, 1}, {fgdDatabase.rows() - 1, fgdDatabase.columns() - 1}); });
     followRowSoon();
 }
 
@@ -159,7 +150,7 @@ void ChannelInformation::fgdDatabase_KeyDown(ui::KeyEvent& event) {
     } else if (control && event.code == ui::key::v) {
         run(GridCommand::Paste);
     } else if (!keepsSelectionExtent(event.code)) {
-        routine("ClearSelection", [&] { clipboardEditing_.ClearSelection(); });
+        session_.trap("ClearSelection", [&] { clipboardEditing_.ClearSelection(); });
     }
 }
 
@@ -171,9 +162,9 @@ void ChannelInformation::fgdDatabase_KeyPress(ui::KeyPressEvent& event) {
 }
 
 void ChannelInformation::fgdDatabase_MouseDown(const ui::MouseEvent& event) {
-    routine("fgdDatabase_MouseDown", [&] {
+    session_.trap("fgdDatabase_MouseDown", [&] {
         if (event.button == ui::MouseButton::Right) {
-            desktop_.popUp(frmCE.mnuPopUpMenu, fgdDatabase, event.at);
+            session_.desktop().popUp(frmCE.mnuPopUpMenu, fgdDatabase, event.at);
         }
     });
     // Not while the menu is open: its command is meant for the row that was clicked.

@@ -9,7 +9,7 @@ namespace telvar::control {
 using model::StoreMember;
 
 void ChannelInformation::Prepare() {
-    routine("Prepare", [&] { setUpGrid(); });
+    session_.trap("Prepare", [&] { setUpGrid(); });
 }
 
 void ChannelInformation::setUpGrid() {
@@ -32,31 +32,20 @@ void ChannelInformation::setUpGrid() {
     }
 }
 
-void ChannelInformation::UpdateRowData(std::int16_t i) {
-    routine("UpdateRowData", [&] { renderChannel(i); });
-}
-
-void ChannelInformation::renderChannel(std::int16_t channel) {
-    checkChannel(channel);
-    fgdDatabase.setRow(channel);
-    const auto table = store();
-    editing::renderRow(
-        {.store = *table, .channel = channel, .format = numberFormat_},
-        [&](std::int16_t column, const std::string& text) { fgdDatabase.setText(channel, column, text); });
-}
+void ChannelInformation::UpdateRowData(std::int16_t i) { rows_.UpdateRowData(i); }
 
 void ChannelInformation::UpdateControlsFromMemory() {
-    routine("UpdateControlsFromMemory", [&] {
+    session_.trap("UpdateControlsFromMemory", [&] {
         history_.forget();
         frmCE.noteTableReadAnew();
         txtChannelSelect.loadText(selectedChannelText());
         followSelectedChannel();
-        std::string caption =
-            "Channel Information - " + base::toText(store()->get(StoreMember::DatabaseTitle), numberFormat_);
+        std::string caption = "Channel Information - " +
+                              base::toText(session_.store()->get(StoreMember::DatabaseTitle), session_.format());
         raise(NewWindowCaption, caption);
         fgdDatabase.setRow(0);
         renderAllChannels();
-        store()->put(StoreMember::GridLoaded, true);
+        session_.store()->put(StoreMember::GridLoaded, true);
         fgdDatabase.setCurrent({1, 1});
         showRowInEditForm("The channel table has been read anew. ");
     });
@@ -65,13 +54,13 @@ void ChannelInformation::UpdateControlsFromMemory() {
 void ChannelInformation::renderAllChannels() {
     const ui::RedrawOff off(fgdDatabase);
     for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-        renderChannel(channel);
+        rows_.render(channel);
         raise(IncrementProgressBar);
     }
 }
 
 void ChannelInformation::SetRowBackColour(std::int16_t index, std::int32_t rgbBackColour) {
-    routine("SetRowBackColour", [&] {
+    session_.trap("SetRowBackColour", [&] {
         checkChannel(index);
         if (fgdDatabase.row() != index) {
             fgdDatabase.setRow(index);

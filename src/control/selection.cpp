@@ -3,12 +3,13 @@
 #include "base/conversion.h"
 #include "base/failure.h"
 #include "base/rounding.h"
+#include "base/skip.h"
 #include "control/channel_information.h"
-#include "control/raised.h"
 #include "transfer/quiet_link.h"
 
 namespace telvar::control {
 
+using model::isChannel;
 using model::StoreMember;
 
 namespace {
@@ -17,12 +18,10 @@ namespace {
 constexpr int pageRows = 25;
 constexpr int scrollStep = 5;
 
-[[nodiscard]] constexpr bool isChannel(double number) noexcept { return number >= 1 && number <= model::channelCount; }
-
 // 0 where a value is no channel, whatever else it is.
 [[nodiscard]] std::int16_t channelOf(const base::Value& value) {
     std::int16_t channel = 0;
-    ui::resumed([&] { channel = base::toInt16(value); });
+    base::skip([&] { channel = base::toInt16(value); });
     return isChannel(channel) ? channel : std::int16_t{0};
 }
 
@@ -35,7 +34,7 @@ void ChannelInformation::checkChannel(std::int16_t channel) {
 }
 
 void ChannelInformation::HighLightChannel(std::int16_t nChannelNum) {
-    routine("HighLightChannel", [&] {
+    session_.trap("HighLightChannel", [&] {
         checkChannel(nChannelNum);
         highlight(nChannelNum);
     });
@@ -50,12 +49,12 @@ void ChannelInformation::highlight(std::int16_t channel) {
 }
 
 void ChannelInformation::UpdateChannelSelection() {
-    routine("UpdateChannelSelection", [&] { followSelectedChannel(); });
+    session_.trap("UpdateChannelSelection", [&] { followSelectedChannel(); });
 }
 
 void ChannelInformation::followSelectedChannel() {
     fgdDatabase.setDisplay({});
-    const auto selected = channelOf(store()->get(StoreMember::SelectedChannel));
+    const auto selected = channelOf(session_.store()->get(StoreMember::SelectedChannel));
     if (selected != 0) {
         highlight(selected);
         txtChannelSelect.loadText(std::to_string(selected));
@@ -67,9 +66,9 @@ void ChannelInformation::followSelectedChannel() {
 
 // As the store has it; empty where that has no text.
 std::string ChannelInformation::selectedChannelText() const {
-    const auto selected = store()->get(StoreMember::SelectedChannel);
+    const auto selected = session_.store()->get(StoreMember::SelectedChannel);
     std::string text;
-    ui::resumed([&] { text = base::toText(selected, numberFormat_); });
+    base::skip([&] { text = base::toText(selected, session_.format()); });
     return text;
 }
 
@@ -81,7 +80,7 @@ void ChannelInformation::setBlinking(bool blinking) {
 }
 
 void ChannelInformation::Timer1_Timer() {
-    routine("Timer1_Timer", [&] {
+    session_.trap("Timer1_Timer", [&] {
         if (blinking_) {
             blinkPhase_ = !blinkPhase_;
             fgdDatabase.setHighlightShown(blinkPhase_);
@@ -91,15 +90,15 @@ void ChannelInformation::Timer1_Timer() {
 
 // The number that the text begins with, rounded half to even; possibly far outside 16 bits.
 double ChannelInformation::typedNumber() const {
-    return base::roundHalfEven(base::readLeadingNumber(txtChannelSelect.text(), numberFormat_));
+    return base::roundHalfEven(base::readLeadingNumber(txtChannelSelect.text(), session_.format()));
 }
 
 void ChannelInformation::ChannelKeyUp() {
-    routine("ChannelKeyUp", [&] { stepChannel(1, model::channelCount, -1); });
+    session_.trap("ChannelKeyUp", [&] { stepChannel(1, model::channelCount, -1); });
 }
 
 void ChannelInformation::ChannelKeyDown() {
-    routine("ChannelKeyDown", [&] { stepChannel(model::channelCount, 1, 1); });
+    session_.trap("ChannelKeyDown", [&] { stepChannel(model::channelCount, 1, 1); });
 }
 
 void ChannelInformation::stepChannel(std::int16_t wrapAt, std::int16_t wrapTo, std::int16_t step) {
@@ -107,7 +106,7 @@ void ChannelInformation::stepChannel(std::int16_t wrapAt, std::int16_t wrapTo, s
     const auto next = present == wrapAt ? wrapTo : base::checkedAdd(present, step);
     txtChannelSelect.setText(std::to_string(next));
     txtChannelSelect.selectAll();
-    if (store()->AutomaticSelect(2)) {
+    if (session_.store()->AutomaticSelect(2)) {
         cmdChannelSelect_Click();
     }
 }
@@ -129,29 +128,29 @@ void ChannelInformation::cmdChannelSelect_Press() {
 }
 
 void ChannelInformation::focusGrid() {
-    if (!closed_ && fgdDatabase.isUsable() && fgdDatabase.isShown()) {
+    if (!session_.closed() && fgdDatabase.isUsable() && fgdDatabase.isShown()) {
         fgdDatabase.setFocus();
     }
 }
 
 void ChannelInformation::cmdChannelSelect_Click() {
-    if (selecting_) {
+    if (!session_.activities().mayBegin(session::Activity::Selecting)) {
         leaveChannelForLast();
         return;
     }
-    const bool ran = routine("cmdChannelSelect_Click", [&] {
+    const bool ran = session_.trap("cmdChannelSelect_Click", [&] {
         cmdChannelSelect.setEnabled(false);
         raise(HourglassOverWindow);
-        const auto busy = store()->get(StoreMember::CommsBusy);
+        const auto busy = session_.store()->get(StoreMember::CommsBusy);
         const double number = typedNumber();
         if (isChannel(number)) {
             selectOnRadio(static_cast<std::int16_t>(number));
         } else {
-            store()->put(StoreMember::CommsBusy, busy);
+            session_.store()->put(StoreMember::CommsBusy, busy);
             refuseTypedChannel();
         }
     });
-    if (!ran && !closed_) {
+    if (!ran && !session_.closed()) {
         // No exchange was begun, so no end of one will enable the button.
         endChannelSelect();
     }
@@ -171,19 +170,19 @@ void ChannelInformation::selectOnRadio(std::int16_t channel) {
     if (!waitForQuietLink()) {
         return;
     }
-    if (!base::isTrue(store()->get(StoreMember::ChannelChangeAllowed))) {
+    if (!base::isTrue(session_.store()->get(StoreMember::ChannelChangeAllowed))) {
         return;
     }
-    store()->EnterChannelSelect();
+    session_.store()->EnterChannelSelect();
     std::string text = std::to_string(channelToSend_);
-    link()->SelectChannel(text);
+    session_.link()->SelectChannel(text);
 }
 
 // False when the message loop is quitting.
 bool ChannelInformation::waitForQuietLink() {
-    const Raised waiting(selecting_);
+    const session::UnderWay selecting(session_.activities(), session::Activity::Selecting);
     raise(PauseDiagnostics);
-    return transfer::waitForQuietLink(desktop_, [this] { return store(); });
+    return transfer::waitForQuietLink(session_);
 }
 
 void ChannelInformation::scrollToChannel(std::int16_t channel) {
@@ -197,10 +196,11 @@ void ChannelInformation::scrollToChannel(std::int16_t channel) {
 }
 
 void ChannelInformation::refuseTypedChannel() {
-    const auto title = base::toText(store()->get(StoreMember::MessageTitle), numberFormat_);
-    show({.text = "Channel Not configured correctly or Invalid channel selection.\r\nPlease configure the channel "
-                  "(1-255) by clicking on its respective row on the grid.",
-          .title = title + ": Invalid Channel Selection"});
+    const auto title = session_.storesTitle();
+    session_.show({.text =
+                       "Channel Not configured correctly or Invalid channel selection.\r\nPlease configure the channel "
+                       "(1-255) by clicking on its respective row on the grid.",
+                   .title = title + ": Invalid Channel Selection"});
     txtChannelSelect.setFocus();
     txtChannelSelect.selectAll();
     endChannelSelect();
@@ -208,7 +208,7 @@ void ChannelInformation::refuseTypedChannel() {
 
 void ChannelInformation::endChannelSelect() {
     cmdChannelSelect.setEnabled(true);
-    ui::resumed([this] { DefaultOverWindow(); });
+    base::skip([this] { DefaultOverWindow(); });
 }
 
 }  // namespace telvar::control

@@ -4,24 +4,12 @@
 
 #include "base/conversion.h"
 #include "base/failure.h"
+#include "base/skip.h"
 #include "control/channel_information.h"
 
 namespace telvar::control {
 
 using model::StoreMember;
-
-namespace {
-
-template <class Result, class Question>
-[[nodiscard]] Result answerOr(Result otherwise, Question&& question) {
-    try {
-        return question();
-    } catch (const std::exception&) {
-        return otherwise;
-    }
-}
-
-}  // namespace
 
 void ChannelInformation::logMessage(const std::string& txtMessage) {
     const std::filesystem::path path(std::u8string(logPath_.begin(), logPath_.end()));
@@ -33,21 +21,17 @@ void ChannelInformation::logMessage(const std::string& txtMessage) {
     }
 }
 
-std::string ChannelInformation::messageTitle() const {
-    return answerOr<std::string>(ui::defaultTitle,
-                                 [&] { return base::toText(store()->get(StoreMember::MessageTitle), numberFormat_); });
-}
-
 void ChannelInformation::PrintInfo() {
-    routine("PrintInfo", [&] {
+    session_.trap("PrintInfo", [&] {
         // A table whose state cannot be read counts as not open.
-        if (answerOr(false, [&] { return base::isTrue(store()->get(StoreMember::TableOpen)); })) {
-            ui::resumed([this] { PrintChannelData(); });
+        bool open = false;
+        base::skip([&] { open = base::isTrue(session_.store()->get(StoreMember::TableOpen)); });
+        if (open) {
+            base::skip([this] { PrintChannelData(); });
             return;
         }
-        show({.text = "No channel information open to print. Please open a channel database.",
-              .title = messageTitle(),
-              .icon = ui::Icon::Exclamation});
+        session_.throwIfClosed();
+        session_.refuse("No channel information open to print. Please open a channel database.");
     });
 }
 

@@ -102,7 +102,7 @@ void layOutStrip(ChannelInformation& control, ui::Desktop& desktop, const ui::Re
 }
 
 void ChannelInformation::UserControl_Resize() {
-    routine("UserControl_Resize", [&] {
+    session_.trap("UserControl_Resize", [&] {
         const int dpi = panel_.dpi();
         const ui::Size size = panel_.size();
         const int width = ui::twipsOf(size.width, dpi);
@@ -113,7 +113,7 @@ void ChannelInformation::UserControl_Resize() {
             present.top + (height >= stripHeight ? ui::pixelsOf(height - stripHeight, dpi) : present.height())};
         fgdDatabase.setBounds(grid);
         const int bottom = std::max(size.height, grid.bottom + ui::pixelsOf(stripHeight, dpi));
-        layOutStrip(*this, desktop_, {0, grid.bottom, size.width, bottom}, dpi);
+        layOutStrip(*this, session_.desktop(), {0, grid.bottom, size.width, bottom}, dpi);
     });
 }
 

@@ -1,44 +1,25 @@
 // The checks of the table and the exchanges of the whole table with the radio, as the host calls them: the sequences
 // and the findings are made elsewhere, here they meet the control's events and message boxes.
-#include <exception>
-
+#include "base/skip.h"
 #include "control/channel_information.h"
 #include "synth/table_check.h"
 
 namespace telvar::control {
 
-transfer::TransferSurroundings ChannelInformation::transferSurroundings() {
-    return {.desktop = desktop_,
-            .store = [this] { return store(); },
-            .link = [this] { return link(); },
-            .show = [this](const ui::MessageBox& box) { return show(box); },
-            .disableCommands = [this] { raise(DisableCommands); },
-            .hourglassOverWindow = [this] { raise(HourglassOverWindow); },
-            .pauseDiagnostics = [this] { raise(PauseDiagnostics); },
-            .restoreButtons = [this] { raise(RestoreButtons); },
-            .enableCommands =
-                [this](const std::string& commands) {
-                    std::string text = commands;
-                    raise(EnableCommands, text);
-                },
-            .disableChannelSelect = [this] { cmdChannelSelect.setEnabled(false); },
-            .checkFrequencies =
-                [this] {
-                    const bool good = check_Frequencies();
-                    endIfClosed();
-                    return good;
-                },
-            .checkScanCount = [this] { return CheckTotalNoOfChannelScan(); }};
+bool ChannelInformation::checkFrequencies() {
+    const bool good = check_Frequencies();
+    session_.throwIfClosed();
+    return good;
 }
 
 bool ChannelInformation::check_Frequencies() {
     bool good = false;
-    routine("check_Frequencies", [&] {
-        const auto verdict = synth::checkFrequencies(*store());
+    session_.trap("check_Frequencies", [&] {
+        const auto verdict = synth::checkFrequencies(*session_.store());
         for (const synth::Finding& finding : verdict.findings) {
-            show({.text = finding.text,
-                  .title = finding.title.value_or(ui::defaultTitle),
-                  .icon = ui::Icon::Exclamation});
+            session_.show({.text = finding.text,
+                           .title = finding.title.value_or(ui::defaultTitle),
+                           .icon = ui::Icon::Exclamation});
         }
         good = verdict.good;
     });
@@ -47,13 +28,12 @@ bool ChannelInformation::check_Frequencies() {
 
 // Whatever goes wrong is told by the text alone.
 std::string ChannelInformation::CheckTotalNoOfChannelScan() {
-    try {
-        return synth::checkScanCount(*store());
-    } catch (const Ended&) {
+    if (closed()) {
         return {};
-    } catch (const std::exception&) {
-        return synth::scanCountFault;
     }
+    std::string text = synth::scanCountFault;
+    base::skip([&] { text = synth::checkScanCount(*session_.store()); });
+    return text;
 }
 
 void ChannelInformation::SendToTelvar() { SendChannelInfoToTelvar(); }
@@ -61,23 +41,15 @@ void ChannelInformation::SendToTelvar() { SendChannelInfoToTelvar(); }
 void ChannelInformation::LoadFromTelvar() { LoadChannelInfoFromTelvar(); }
 
 void ChannelInformation::SendChannelInfoToTelvar() {
-    routine("SendChannelInfoToTelvar", [&] { tableTransfer_.send(); });
+    session_.trap("SendChannelInfoToTelvar", [&] { tableTransfer_.send(); });
 }
 
-// A load replaces the table when it has arrived, so locked data refuses it here. So does an edit that is under way and
-// has asked the user something: it would go on in a table that is about to be overwritten.
+// A load replaces the table when it has arrived, so locked data refuses it here.
 void ChannelInformation::LoadChannelInfoFromTelvar() {
-    routine("LoadChannelInfoFromTelvar", [&] {
-        if (dataLocked()) {
-            return;
+    session_.trap("LoadChannelInfoFromTelvar", [&] {
+        if (!refused(session::Activity::Loading)) {
+            tableTransfer_.load();
         }
-        if (editing_ || frmCE.storing()) {
-            show({.text = "The channel table is being edited. Please end that before it is loaded from the radio.",
-                  .title = messageTitle(),
-                  .icon = ui::Icon::Exclamation});
-            return;
-        }
-        tableTransfer_.load();
     });
 }
 

@@ -3,19 +3,20 @@
 #include <utility>
 
 #include "base/conversion.h"
+#include "base/pinned.h"
 #include "base/rounding.h"
+#include "base/skip.h"
 #include "base/text.h"
 #include "editform/channel_loading.h"
 #include "editform/channel_storing.h"
 #include "editform/frmChannelEdit.h"
 #include "editform/lists.h"
-#include "editform/raised.h"
 #include "synth/proposal.h"
-#include "ui/trapped.h"
 
 namespace telvar::editform {
 
 using model::StoreMember;
+using session::Activity;
 
 namespace {
 
@@ -29,20 +30,16 @@ constexpr double hertzPerKilohertz = 1e3;
 }
 
 // The texts of fields that were not stored, put back at the end.
-class KeptTexts {
+class KeptTexts : base::Pinned {
 public:
     explicit KeptTexts(const FieldNotesList& notes) {
         for (const FieldNote& note : notes) {
             texts_.emplace_back(note.field, enteredText(*note.field));
         }
     }
-    KeptTexts(const KeptTexts&) = delete;
-    KeptTexts& operator=(const KeptTexts&) = delete;
-    KeptTexts(KeptTexts&&) = delete;
-    KeptTexts& operator=(KeptTexts&&) = delete;
     ~KeptTexts() {
         for (const auto& [field, text] : texts_) {
-            ui::resumed([&] {
+            base::skip([&] {
                 if (auto* const box = dynamic_cast<ui::TextBox*>(field)) {
                     box->loadText(text);
                 } else if (auto* const list = dynamic_cast<ui::ComboBox*>(field)) {
@@ -57,16 +54,12 @@ private:
 };
 
 // The hourglass over a disabled form, for as long as the form stores.
-class BusyForm {
+class BusyForm : base::Pinned {
 public:
     BusyForm(ui::Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
         desktop_.setPointer(ui::Pointer::Hourglass);
         form_.setEnabled(false);
     }
-    BusyForm(const BusyForm&) = delete;
-    BusyForm& operator=(const BusyForm&) = delete;
-    BusyForm(BusyForm&&) = delete;
-    BusyForm& operator=(BusyForm&&) = delete;
     ~BusyForm() {
         form_.setEnabled(true);
         desktop_.setPointer(ui::Pointer::Default);
@@ -89,19 +82,19 @@ void frmChannelEdit::cmdOk_Click() {
             return;
         }
         closing_ = true;
-        desktop_.hide(*this);
+        session_.desktop().hide(*this);
         endContinuousUpdate();
         EditClosed();
     }));
 }
 
 void frmChannelEdit::cmdCancel_Click() {
-    if (storing_) {
+    if (!session_.activities().mayBegin(Activity::Cancelling)) {
         return;
     }
     cancelled_ = true;
     closing_ = true;
-    desktop_.hide(*this);
+    session_.desktop().hide(*this);
     endContinuousUpdate();
     EditClosed();
 }
@@ -114,7 +107,7 @@ void frmChannelEdit::Form_CloseBox() {
 void frmChannelEdit::close() {
     closing_ = true;
     endContinuousUpdate();
-    desktop_.hide(*this);
+    session_.desktop().hide(*this);
 }
 
 void frmChannelEdit::cmdAdvanced_Click() { OpenLoginWithChannelEdit(); }
@@ -125,20 +118,22 @@ bool frmChannelEdit::apply() {
 
 // Answers whether every field was accepted.
 bool frmChannelEdit::storeEdits(const std::function<void()>& whenStored) {
-    if (storing_ || !loaded_ || (changesRefused_ && changesRefused_())) {
+    auto& activities = session_.activities();
+    if (!loaded_ || activities.refusalOf(Activity::Storing) == session::Refusal::Ignored ||
+        (changesRefused_ && changesRefused_())) {
         return false;
     }
     bool stored = false;
     {
-        const Raised storing(storing_);
-        const BusyForm busy(desktop_, *this);
+        const session::UnderWay storing(activities, Activity::Storing);
+        const BusyForm busy(session_.desktop(), *this);
         stored = storeChannel();
         if (stored) {
             whenStored();
         }
         showStored(stored);
     }
-    if (!askingToLeave_) {
+    if (!activities.underWay(Activity::AskingToLeave)) {
         refreshIfAsked(stored);
     }
     return stored;
@@ -147,23 +142,22 @@ bool frmChannelEdit::storeEdits(const std::function<void()>& whenStored) {
 // What was put off while the form stored: a refresh that somebody wished, and the loading of a store that came
 // meanwhile. Entries that were refused go only when the user lets them.
 void frmChannelEdit::refreshIfAsked(bool mayDiscard) {
-    const bool open = desktop_.isOpen(*this);
+    const bool open = session_.desktop().isOpen(*this);
     const bool asked = std::exchange(refreshAsked_, false) && (open || !closing_);
-    if (loaded_ ? asked && (mayDiscard || mayLeaveChannel()) : store_ && (asked || open)) {
+    if (loaded_ ? asked && (mayDiscard || mayLeaveChannel()) : session_.presentStore() && (asked || open)) {
         refresh();
     }
 }
 
 bool frmChannelEdit::storeChannel() {
     const auto channel = edited();
-    const auto stillEdited = [this, channel] { return store_ == channel.store && channel_ == channel.number; };
+    const ChannelTicket stillEdited(session_.presentStore(), channel_);
     DataChanged();
     mnuPopUpMenuUndo.setEnabled(false);
     mnuPopUpMenuRedo.setEnabled(false);
-    ChannelStoring storing(*this, messages_, channel,
+    ChannelStoring storing(*this, session_, channel, stillEdited,
                            {.alsoTo = channelsToCopyTo(),
-                            .potentiometersOnly = potentiometersOnly_ != nullptr && potentiometersOnly_->value(),
-                            .stillEdited = stillEdited});
+                            .potentiometersOnly = potentiometersOnly_ != nullptr && potentiometersOnly_->value()});
     const bool stored = storing.StoreControlsToMemory();
     copiedChannels_ = storing.copiedTo();
     notes_.replace(storing.notes());
@@ -187,7 +181,7 @@ void frmChannelEdit::showStored(bool stored) {
     auto channel = edited();
     // The row may not have been rendered since.
     channel.gridShowsStore = false;
-    ui::resumed([&] { loadControls(*this, levels_, rules_, channel); });
+    base::skip([&] { loadControls(*this, levels_, rules_, channel); });
     if (stored) {
         loadedEntries_ = entries();
     }
@@ -203,7 +197,7 @@ void frmChannelEdit::cmbTxSubtone_LostFocus() { markUnlessTone(cmbTxSubtone, fal
 void frmChannelEdit::cmbRxSubtone_LostFocus() { markUnlessTone(cmbRxSubtone, true); }
 
 void frmChannelEdit::number_LostFocus(ui::TextBox& box) {
-    const auto number = base::readSingle(box.text(), format_);
+    const auto number = base::readSingle(box.text(), session_.format());
     number ? accept(box) : note(box, whyNoNumber(box.text(), number.error()));
 }
 
@@ -251,14 +245,14 @@ void frmChannelEdit::enterMovesToOk(ui::KeyPressEvent& event) {
 }
 
 void frmChannelEdit::leaveFrequency(ui::TextBox& box, bool transmit) {
-    const auto megahertz = base::readDouble(box.text(), format_);
+    const auto megahertz = base::readDouble(box.text(), session_.format());
     if (!megahertz) {
         note(box, whyNoNumber(box.text(), megahertz.error()));
         return;
     }
     accept(box);
     if (*megahertz != 0.0) {
-        box.setText(base::fixedText(*megahertz, 6, 7, format_));
+        box.setText(base::fixedText(*megahertz, 6, 7, session_.format()));
         propose(transmit, *megahertz * hertzPerMegahertz);
     }
 }
@@ -267,19 +261,19 @@ void frmChannelEdit::leaveFrequency(ui::TextBox& box, bool transmit) {
 void frmChannelEdit::propose(bool transmit, double hertz) {
     ui::TextBox& step = transmit ? txtTxSynthStepSize : txtRxSynthStepSize;
     ui::ComboBox& modulo = transmit ? cmbTxModulo : cmbRxModulo;
-    ui::resumed([&] {
+    base::skip([&] {
         const auto channel = edited();
         const auto reference = base::toInt32(
             channel.dataStore().get(transmit ? StoreMember::TxReferenceFrequency : StoreMember::RxReferenceFrequency));
-        const auto proposal =
-            synth::proposeSetting(base::roundTo<std::int32_t>(hertz), reference, withPoint(step.text(), format_));
+        const auto proposal = synth::proposeSetting(base::roundTo<std::int32_t>(hertz), reference,
+                                                    withPoint(step.text(), session_.format()));
         if (!proposal) {
-            messages_.inform(synth::noProposalText(transmit ? "TX" : "RX"));
+            session_.inform(synth::noProposalText(transmit ? "TX" : "RX"));
             return;
         }
         // A lock mode may have taken both from the user.
         if (step.isUsable()) {
-            step.setText(base::numberText(proposal->step / hertzPerKilohertz, format_));
+            step.setText(base::numberText(proposal->step / hertzPerKilohertz, session_.format()));
         }
         if (modulo.isUsable()) {
             modulo.setListIndex(proposal->modulo == 5 ? 0 : 1);
@@ -291,7 +285,7 @@ void frmChannelEdit::markUnlessTone(ui::ComboBox& list, bool multipleAllowed) {
     const auto text = base::trimmed(list.text());
     const bool word = base::equalIgnoringCase(text, disabledTone) ||
                       (multipleAllowed && base::equalIgnoringCase(text, multipleTones));
-    const auto tone = base::readSingle(text, format_);
+    const auto tone = base::readSingle(text, session_.format());
     word || tone ? accept(list) : note(list, whyNoTone(text, tone.error()));
 }
 
@@ -315,7 +309,7 @@ void frmChannelEdit::tmrUpdate_Timer() {
         tmrUpdate.setEnabled(false);
         return;
     }
-    if (!desktop_.isOpen(*this)) {
+    if (!session_.desktop().isOpen(*this)) {
         endContinuousUpdate();
         return;
     }
@@ -323,40 +317,21 @@ void frmChannelEdit::tmrUpdate_Timer() {
     if (!levels) {
         return;
     }
-    const auto store = store_;
-    try {
-        liveLevels_.update(*levels);
-    } catch (const transfer::RadioSilence&) {
-        endContinuousUpdate();
-        if (store_ == store) {
-            messages_.refuse("The radio does not answer. Continuous update has been switched off.");
+    const session::Ticket sameStore(session_.presentStore());
+    const auto update = [&] {
+        try {
+            liveLevels_.update(*levels);
+        } catch (const transfer::RadioSilence&) {
+            endContinuousUpdate();
+            if (sameStore.valid()) {
+                session_.refuse("The radio does not answer. Continuous update has been switched off.");
+            }
+        } catch (...) {
+            endContinuousUpdate();
+            throw;
         }
-    } catch (const std::exception&) {
-        endContinuousUpdate();
-        if (store_ == store) {
-            ui::tellFailureOf(desktop_, "tmrUpdate_Timer");
-        }
-    }
-}
-
-transfer::LiveLevelsSurroundings frmChannelEdit::liveSurroundings() {
-    return {.desktop = desktop_,
-            .store =
-                [this] {
-                    if (!store_) {
-                        throw base::Failure("There is no data store");
-                    }
-                    return store_;
-                },
-            .link =
-                [this] {
-                    if (!link_) {
-                        throw base::Failure("There is no radio link");
-                    }
-                    return link_;
-                },
-            .pauseDiagnostics = [this] { PauseDiagnosticsIfRunning(); },
-            .wanted = [this] { return tmrUpdate.enabled(); }};
+    };
+    session_.trap("tmrUpdate_Timer", update, sameStore);
 }
 
 // -- pop-up menu -----------------------------------------------------------------------------------------------------

@@ -69,9 +69,13 @@ struct ChannelStoring::NumberField {
     bool inverted = false;  // 255 minus the entry is tested and stored
 };
 
-ChannelStoring::ChannelStoring(ChannelEditControls& controls, FormMessages& messages, EditedChannel channel,
-                               StoringRequest request)
-    : controls_(controls), messages_(messages), channel_(std::move(channel)), request_(std::move(request)) {}
+ChannelStoring::ChannelStoring(ChannelEditControls& controls, const session::Session& session, EditedChannel channel,
+                               const ChannelTicket& stillEdited, StoringRequest request)
+    : controls_(controls),
+      session_(session),
+      channel_(std::move(channel)),
+      stillEdited_(stillEdited),
+      request_(std::move(request)) {}
 
 bool ChannelStoring::StoreControlsToMemory() {
     try {
@@ -329,7 +333,7 @@ void ChannelStoring::conclude() {
         CopyToSelectedChannels();
     } else {
         step([&] {
-            messages_.inform("Pot values have been altered.\r\nTo permanently save changes 'Send Data to Telvar'.");
+            session_.inform("Pot values have been altered.\r\nTo permanently save changes 'Send Data to Telvar'.");
         });
     }
 }
@@ -361,7 +365,7 @@ void ChannelStoring::refuse(ui::Widget& field, const std::string& message) {
     failed_ = true;
     notes_.push_back({.field = &field, .kind = NoteKind::Refused});
     field.setForeColor(ui::red);
-    step([&] { messages_.refuse(message); });
+    step([&] { session_.refuse(message); });
 }
 
 std::optional<bool> ChannelStoring::bandwidthSwitchable() {

@@ -6,17 +6,15 @@
 #pragma once
 
 #include <expected>
-#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "base/skip.h"
 #include "editform/channel_edit_controls.h"
 #include "editform/edited_channel.h"
 #include "editform/field_notes.h"
-#include "editform/form_messages.h"
-#include "ui/trapped.h"
 
 namespace telvar::editform {
 
@@ -26,15 +24,13 @@ struct StoringRequest {
     std::vector<std::int16_t> alsoTo;
     // Only the levels may be changed: nothing is copied to other channels.
     bool potentiometersOnly = false;
-    // Whether the channel is still the one that is edited.
-    std::function<bool()> stillEdited;
 };
 
 class ChannelStoring {
 public:
-    // The controls and the messages must outlive the storing.
-    ChannelStoring(ChannelEditControls& controls, FormMessages& messages, EditedChannel channel,
-                   StoringRequest request);
+    // The controls and the session must outlive the storing.
+    ChannelStoring(ChannelEditControls& controls, const session::Session& session, EditedChannel channel,
+                   const ChannelTicket& stillEdited, StoringRequest request);
 
     // Answers whether no field was refused.
     [[nodiscard]] bool StoreControlsToMemory();
@@ -76,10 +72,10 @@ private:
     // One statement, unless the channel is not the edited one any more.
     template <class Statement>
     void step(Statement&& statement) {
-        if (!request_.stillEdited()) {
+        if (!stillEdited_.valid()) {
             throw Abandoned{};
         }
-        ui::resumed(std::forward<Statement>(statement));
+        base::skip(std::forward<Statement>(statement));
     }
     void put(model::ChannelKey key, const base::Value& value);
     void putIndex(const ui::ComboBox& list, model::ChannelKey key);
@@ -93,8 +89,9 @@ private:
                                               const std::expected<Number, base::NumberError>& number);
 
     ChannelEditControls& controls_;
-    FormMessages& messages_;
+    const session::Session& session_;
     EditedChannel channel_;
+    const ChannelTicket& stillEdited_;
     StoringRequest request_;
     std::optional<double> transmits_;  // MHz, as read
     std::optional<double> receives_;

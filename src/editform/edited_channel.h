@@ -6,6 +6,7 @@
 #include "base/failure.h"
 #include "base/number_text.h"
 #include "model/data_store.h"
+#include "session/session.h"
 #include "ui/grid.h"
 
 namespace telvar::editform {
@@ -32,5 +33,8 @@ struct EditedChannel {
     }
     [[nodiscard]] model::ChannelRecord record() const { return dataStore().channel(number); }
 };
+
+// Whether it is still the one that is edited.
+using ChannelTicket = session::Ticket<model::DataStorePointer, std::int16_t>;
 
 }  // namespace telvar::editform

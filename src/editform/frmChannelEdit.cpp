@@ -5,16 +5,16 @@
 #include <utility>
 
 #include "base/conversion.h"
+#include "base/skip.h"
 #include "editform/channel_loading.h"
 #include "editform/channel_spacing.h"
 #include "editform/lists.h"
-#include "editform/raised.h"
 #include "model/mode_bits.h"
-#include "ui/trapped.h"
 
 namespace telvar::editform {
 
 using model::StoreMember;
+using session::Activity;
 
 namespace {
 
@@ -32,14 +32,15 @@ enum LockMode : std::int32_t { levelsLocked = 1, settingsLocked = 2 };
 }  // namespace
 
 frmChannelEdit::frmChannelEdit(ui::Desktop& desktop, base::NumberFormat format)
-    : ChannelEditControls(desktop),
-      tmrUpdate(desktop),
-      desktop_(desktop),
-      format_(format),
-      messages_(desktop, [this] { return store_; }),
-      levels_(*this, format),
+    : frmChannelEdit(session::Session(desktop, format)) {}
+
+frmChannelEdit::frmChannelEdit(const session::Session& owner)
+    : ChannelEditControls(owner.desktop()),
+      tmrUpdate(owner.desktop()),
+      session_(owner.branch()),
+      levels_(*this, owner.format()),
       rules_(*this, levels_),
-      liveLevels_(liveSurroundings()) {
+      liveLevels_(session_, PauseDiagnosticsIfRunning, tmrUpdate) {
     fillFixedLists(*this);
     tmrUpdate.setEnabled(false);
     tmrUpdate.setInterval(updateInterval);
@@ -105,21 +106,20 @@ void frmChannelEdit::wireFocus() {
 
 // -- links -----------------------------------------------------------------------------------------------------------
 
-// The former store is let go when nothing points to it any more: what it does in its end may come back here.
 void frmChannelEdit::setCentralDataStore(model::DataStorePointer store) noexcept {
-    if (store != store_) {
+    if (store != session_.presentStore()) {
         setLoaded(false);
         endContinuousUpdate();
         gridShowsStore_ = false;
     }
-    const auto former = std::exchange(store_, std::move(store));
+    session_.setStore(std::move(store));
 }
 
 void frmChannelEdit::setRadioComms(model::RadioLinkPointer link) noexcept {
-    if (link != link_) {
+    if (link != session_.presentLink()) {
         liveLevels_.begin();
     }
-    const auto former = std::exchange(link_, std::move(link));
+    session_.setLink(std::move(link));
 }
 
 void frmChannelEdit::setChannel(std::int16_t channel) noexcept {
@@ -164,8 +164,8 @@ void frmChannelEdit::showAccess() {
     const bool full = accessLevel_ >= fullAccess;
     bool p25Modes = false;
     p25Board_ = false;
-    ui::resumed([&] {
-        if (const auto store = store_) {
+    base::skip([&] {
+        if (const auto store = session_.presentStore()) {
             p25Board_ = base::isTrue(store->get(StoreMember::P25BoardFitted));
             p25Modes =
                 p25Board_ || base::toInt32(store->get(StoreMember::RadioConfigurationCode)) == configurationWithP25;
@@ -212,29 +212,16 @@ void frmChannelEdit::showLocks() {
 
 // -- showing a channel -----------------------------------------------------------------------------------------------
 
-template <class Body>
-bool frmChannelEdit::toldUnlessExchanged(std::string_view routine, Body&& body) {
-    const auto store = store_;
-    try {
-        body();
-        return true;
-    } catch (const std::exception&) {
-        if (store_ == store) {
-            ui::tellFailureOf(desktop_, routine);
-        }
-        return false;
-    }
-}
-
 void frmChannelEdit::refresh() {
-    if (storing_) {
+    if (!session_.activities().mayBegin(Activity::Reloading)) {
         refreshAsked_ = true;
         return;
     }
     const FitHeld held(*this);
     // A failure's box lets the timer tick on, over values of two channels.
     tmrUpdate.setEnabled(false);
-    const int run = ++refreshes_;
+    refresh_.happen();
+    const session::Ticket newest(refresh_);
     refreshAsked_ = false;
     closing_ = false;
     cancelled_ = false;
@@ -245,7 +232,7 @@ void frmChannelEdit::refresh() {
     if (loaded) {
         ShowChannelSpacing();
     }
-    if (run != refreshes_) {
+    if (!newest.valid()) {
         // Another one ran inside a failure's box, and has the last word.
         return;
     }
@@ -255,20 +242,26 @@ void frmChannelEdit::refresh() {
     fit();
 }
 
+// What could not be read of a store that was taken away or exchanged meanwhile is not told.
+template <class Body>
+bool frmChannelEdit::reads(std::string_view routine, Body&& body) {
+    return session_.trap(routine, body, session::Ticket(session_.presentStore()));
+}
+
 // Once; the tones wait for the first store.
 bool frmChannelEdit::SetUpLists() {
     if (listsFilled_) {
         return true;
     }
-    return toldUnlessExchanged("SetUpLists", [&] {
+    return reads("SetUpLists", [&] {
         const auto channel = edited();
-        fillToneLists(*this, channel.dataStore(), format_);
+        fillToneLists(*this, channel.dataStore(), session_.format());
         listsFilled_ = true;
     });
 }
 
 bool frmChannelEdit::LoadControlsFromMemory() {
-    return toldUnlessExchanged("LoadControlsFromMemory", [&] {
+    return reads("LoadControlsFromMemory", [&] {
         clearMarks();
         notes_.clear();
         showHint(Speak::No);
@@ -277,7 +270,7 @@ bool frmChannelEdit::LoadControlsFromMemory() {
 }
 
 void frmChannelEdit::ShowChannelSpacing() {
-    toldUnlessExchanged("ShowChannelSpacing", [&] {
+    reads("ShowChannelSpacing", [&] {
         const auto channel = edited();
         auto& store = channel.dataStore();
         frChannelSpacing.setCaption(channelSpacingCaption(
@@ -286,7 +279,7 @@ void frmChannelEdit::ShowChannelSpacing() {
              .narrowBandOnly = base::isTrue(store.get(StoreMember::FCCNarrowBandRadio)),
              .channelIsNarrow =
                  (base::toBits(channel.record().get(model::ChannelKey::ModeBits)) & model::mode::narrowBand) != 0},
-            format_));
+            session_.format()));
     });
 }
 
@@ -299,51 +292,39 @@ void frmChannelEdit::setLoaded(bool loaded) noexcept {
 }
 
 bool frmChannelEdit::mayLeaveChannel(const std::string& news) {
-    if (storing_ || askingToLeave_) {
+    if (!session_.activities().mayBegin(Activity::AskingToLeave)) {
         return false;
     }
     if (!hasUnappliedEdits()) {
         return true;
     }
     const bool leaves = asksToLeave(news);
-    if (!loaded_ && store_ && desktop_.isOpen(*this)) {
+    if (!loaded_ && session_.presentStore() && session_.desktop().isOpen(*this)) {
         refresh();
     }
     return leaves;
 }
 
 bool frmChannelEdit::asksToLeave(const std::string& news) {
-    const Raised asking(askingToLeave_);
-    const auto stays = [this, store = store_, channel = channel_, readings = readings_] {
-        return store_ == store && channel_ == channel && readings_ == readings;
-    };
-    if (messages_.confirmed(news + applyQuestion(channel_))) {
-        return stays() && apply();
+    const session::UnderWay asking(session_.activities(), Activity::AskingToLeave);
+    const session::Ticket sameTable(session_.presentStore(), channel_, reading_);
+    if (session_.confirmed(news + applyQuestion(channel_))) {
+        return sameTable.valid() && apply();
     }
-    return stays() && messages_.confirmed("Discard the changes to channel " + std::to_string(channel_) + "?") &&
-           stays();
+    return sameTable.valid() &&
+           session_.confirmed("Discard the changes to channel " + std::to_string(channel_) + "?") && sameTable.valid();
 }
 
 void frmChannelEdit::offerToApply() {
-    if (storing_ || askingToLeave_ || !hasUnappliedEdits()) {
+    auto& activities = session_.activities();
+    if (!activities.mayBegin(Activity::AskingToLeave) || !hasUnappliedEdits()) {
         return;
     }
-    const Raised asking(askingToLeave_);
-    const auto store = store_;
-    const auto channel = channel_;
-    if (messages_.confirmed(applyQuestion(channel)) && store_ == store && channel_ == channel) {
+    const session::UnderWay asking(activities, Activity::AskingToLeave);
+    const ChannelTicket sameChannel(session_.presentStore(), channel_);
+    if (session_.confirmed(applyQuestion(channel_)) && sameChannel.valid()) {
         static_cast<void>(apply());
     }
-}
-
-bool frmChannelEdit::showChannel(std::int16_t channel, std::int16_t firstSelected, std::int16_t lastSelected) {
-    if (!mayLeaveChannel()) {
-        return false;
-    }
-    setChannel(channel);
-    setSelectedChannels(firstSelected, lastSelected);
-    refresh();
-    return true;
 }
 
 void frmChannelEdit::rules_NarrowBandChosen() { showAccess(); }

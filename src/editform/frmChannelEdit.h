@@ -17,11 +17,11 @@
 #include "editform/channel_edit_controls.h"
 #include "editform/edited_channel.h"
 #include "editform/field_notes.h"
-#include "editform/form_messages.h"
 #include "editform/levels.h"
 #include "editform/mode_rules.h"
 #include "model/data_store.h"
 #include "model/radio_link.h"
+#include "session/session.h"
 #include "transfer/live_levels.h"
 #include "ui/desktop.h"
 #include "ui/grid.h"
@@ -32,15 +32,17 @@ namespace telvar::editform {
 
 class frmChannelEdit : public ChannelEditControls {
 public:
-    // The desktop must outlive the form.
+    // The form of a control. The control's desktop must outlive it.
+    explicit frmChannelEdit(const session::Session& owner);
+    // One of its own.
     frmChannelEdit(ui::Desktop& desktop, base::NumberFormat format);
 
     // Links, each given by the control. Null means that there is none. A new store or channel has to be shown by
     // refresh(); until then nothing can be stored.
     void setCentralDataStore(model::DataStorePointer store) noexcept;
-    [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return store_; }
+    [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return session_.presentStore(); }
     void setRadioComms(model::RadioLinkPointer link) noexcept;
-    [[nodiscard]] const model::RadioLinkPointer& radioComms() const noexcept { return link_; }
+    [[nodiscard]] const model::RadioLinkPointer& radioComms() const noexcept { return session_.presentLink(); }
     void setGrid(ui::Grid* grid) noexcept { grid_ = grid; }
     [[nodiscard]] ui::Grid* grid() const noexcept { return grid_; }
     // The channel that is edited, 1 to 255.
@@ -72,25 +74,20 @@ public:
     // its failures and tells them; a channel that could not be loaded cannot be stored. While the form stores it waits
     // until that has ended.
     void refresh();
-    // Asks about edits that were not applied, if there are any, and applies or discards them. Answers False where the
-    // user, or a refused field, wants the channel to stay.
     // The store's table may be another one by now; a question that is open finds out. The grid shows the present store.
     void noteTableReadAnew() noexcept {
-        ++readings_;
+        reading_.happen();
         gridShowsStore_ = true;
     }
-    // `news` comes before the question.
+    // Asks about edits that were not applied, if there are any, and applies or discards them. Answers False where the
+    // user, or a refused field, wants the channel to stay. `news` comes before the question.
     [[nodiscard]] bool mayLeaveChannel(const std::string& news = {});
     // Before the present store is exchanged: the user may apply edits to it.
     void offerToApply();
-    // Another channel instead of the present one, unless the user wants to stay; answers whether it is shown.
-    bool showChannel(std::int16_t channel, std::int16_t firstSelected, std::int16_t lastSelected);
     [[nodiscard]] bool hasUnappliedEdits() const { return loaded_ && entries() != loadedEntries_; }
 
     // Hides the form for its owner: nothing is stored, nothing is raised.
     void close();
-    // Inside Apply or OK.
-    [[nodiscard]] bool storing() const noexcept { return storing_; }
     // By OK, Cancel or the close box since the last refresh; by Cancel.
     [[nodiscard]] bool closing() const noexcept { return closing_; }
     [[nodiscard]] bool cancelled() const noexcept { return cancelled_; }
@@ -149,9 +146,8 @@ private:
     [[nodiscard]] bool SetUpLists();
     [[nodiscard]] bool LoadControlsFromMemory();
     void ShowChannelSpacing();
-    // Traps and tells, but not once the store was taken away or exchanged.
     template <class Body>
-    bool toldUnlessExchanged(std::string_view routine, Body&& body);
+    bool reads(std::string_view routine, Body&& body);
     void endContinuousUpdate() noexcept;
     void showAccess();
     void showLocks();
@@ -174,18 +170,15 @@ private:
     [[nodiscard]] int levelShowing(const ui::Widget& field) const;
     void showSelectedChannels();
 
-    [[nodiscard]] EditedChannel edited() const { return {channel_, store_, grid_, format_, gridShowsStore_}; }
+    [[nodiscard]] EditedChannel edited() const {
+        return {channel_, session_.presentStore(), grid_, session_.format(), gridShowsStore_};
+    }
     [[nodiscard]] std::vector<std::int16_t> channelsToCopyTo() const;
-    [[nodiscard]] transfer::LiveLevelsSurroundings liveSurroundings();
 
-    ui::Desktop& desktop_;
-    base::NumberFormat format_;
-    FormMessages messages_;
+    session::Session session_;
     Levels levels_;
     ModeRules rules_;
     transfer::LiveLevels liveLevels_;
-    model::DataStorePointer store_;
-    model::RadioLinkPointer link_;
     ui::Grid* grid_ = nullptr;
     const ui::OptionButton* potentiometersOnly_ = nullptr;
     std::function<bool()> changesRefused_;
@@ -195,18 +188,16 @@ private:
     const ui::Widget* focusedField_ = nullptr;  // of those that can turn red
     std::int32_t lockDataMode_ = 0;
     std::int16_t channel_ = 1;
-    int readings_ = 0;
-    int refreshes_ = 0;
+    session::Occurrence reading_;  // of the table
+    session::Occurrence refresh_;
     std::int16_t firstSelected_ = 0;
     std::int16_t lastSelected_ = 0;
     std::int16_t accessLevel_ = 0;
     bool p25Board_ = false;
     bool gridShowsStore_ = false;  // its cells are not those of a former store
     bool listsFilled_ = false;
-    bool loaded_ = false;  // the controls show the channel, so that they can be stored
-    bool storing_ = false;
+    bool loaded_ = false;        // the controls show the channel, so that they can be stored
     bool refreshAsked_ = false;  // while storing
-    bool askingToLeave_ = false;
     bool closing_ = false;
     bool cancelled_ = false;
 };

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "editform/raised.h"
+#include "base/scoped_flag.h"
 
 namespace telvar::editform {
 
@@ -60,7 +60,7 @@ std::optional<transfer::LiveLevelValues> Levels::displayed(bool narrow) const {
 void Levels::couple(LevelPair& other, int amount) {
     if (!coupling_ && controls_.ckLockVcoRefOscDev.checked()) {
         // The other one must not move the first one again.
-        const Raised coupling(coupling_);
+        const base::ScopedFlag coupling(coupling_);
         other.moveBy(amount);
     }
 }

@@ -81,22 +81,22 @@ std::string placeOf(const RefusedCell& cell) {
 }
 
 void ClipboardEditing::CopySelection() {
-    trapped(surroundings_, "CopySelection", [&] {
+    session_.trap("CopySelection", [&] {
         const auto block = recordExtent();
-        surroundings_.grid.refresh();
-        surroundings_.desktop.setClipboardText(blockText(surroundings_.grid, block));
+        grid_.refresh();
+        session_.desktop().setClipboardText(blockText(grid_, block));
     });
 }
 
 bool ClipboardEditing::PasteToCells() {
     bool wrote = false;
     lastRefusal_.reset();
-    trapped(surroundings_, "PasteToCells", [&] {
+    session_.trap("PasteToCells", [&] {
         // Taken first: every re-rendered row moves the grid's current cell.
         const auto where = target();
         history_.UpdateBackUpFrequencyMemory();
-        surroundings_.stayOpen();
-        const auto text = withUnifiedBreaks(surroundings_.desktop.clipboardText().value_or(""));
+        session_.throwIfClosed();
+        const auto text = withUnifiedBreaks(session_.desktop().clipboardText().value_or(""));
         const bool oneLine = text.find(rowSeparator) == std::string::npos;
         Parts lines(text, rowSeparator);
         auto line = lines.next();
@@ -114,43 +114,40 @@ bool ClipboardEditing::PasteToCells() {
 
 bool ClipboardEditing::DeleteSelectedCells() {
     bool wrote = false;
-    trapped(surroundings_, "DeleteSelectedCells", [&] {
-        const auto answer =
-            surroundings_.desktop.show({.text = "This will delete selected channel(s). Would you like to proceed?",
-                                        .buttons = ui::Buttons::YesNo});
-        surroundings_.stayOpen();
+    session_.trap("DeleteSelectedCells", [&] {
+        const auto answer = session_.show({.text = "This will delete selected channel(s). Would you like to proceed?",
+                                           .buttons = ui::Buttons::YesNo});
         const auto rows = recordExtent();
         if (answer == ui::Answer::Yes) {
             history_.UpdateBackUpFrequencyMemory();
-            surroundings_.stayOpen();
+            session_.throwIfClosed();
             disableChannels(rows, wrote);
         }
-        surroundings_.stayOpen();
+        session_.throwIfClosed();
         ClearSelection();
-        surroundings_.grid.setFocus();
+        grid_.setFocus();
     });
     return wrote;
 }
 
 void ClipboardEditing::ClearSelection() {
-    trapped(surroundings_, "ClearSelection", [&] {
+    session_.trap("ClearSelection", [&] {
         extentRows_ = 0;
-        surroundings_.grid.refresh();
+        grid_.refresh();
     });
 }
 
 ui::CellRange ClipboardEditing::recordExtent() {
-    const auto block = surroundings_.grid.selection();
+    const auto block = grid_.selection();
     extentRows_ = block.rowCount();
     return block;
 }
 
 // Only the row is normalised: a paste starts at the current column even when the selection reaches further left.
 ClipboardEditing::Target ClipboardEditing::target() const {
-    const auto& grid = surroundings_.grid;
-    return {.firstRow = static_cast<std::int16_t>(std::min(grid.row(), grid.rowSel())),
-            .firstColumn = static_cast<std::int16_t>(grid.column()),
-            .rows = std::abs(grid.rowSel() - grid.row()) + 1};
+    return {.firstRow = static_cast<std::int16_t>(std::min(grid_.row(), grid_.rowSel())),
+            .firstColumn = static_cast<std::int16_t>(grid_.column()),
+            .rows = std::abs(grid_.rowSel() - grid_.row()) + 1};
 }
 
 ClipboardEditing::CellOutcome ClipboardEditing::pasteLine(std::string_view line, std::int16_t row,
@@ -171,16 +168,15 @@ ClipboardEditing::CellOutcome ClipboardEditing::pasteLine(std::string_view line,
 
 ClipboardEditing::CellOutcome ClipboardEditing::pasteCell(std::string_view text, std::int16_t row, std::int16_t column,
                                                           bool& wrote) {
-    const auto store = surroundings_.store();
-    const CellContext context{.store = *store, .channel = row, .format = surroundings_.format};
+    const auto store = session_.store();
+    const CellContext context{.store = *store, .channel = row, .format = session_.format()};
     const auto cell = base::trimmed(text);
     const auto error = validateCell(context, column, cell);
     if (!error.empty()) {
         lastRefusal_ = {.row = row, .column = column};
         ++refusals_;
-        surroundings_.stayOpen();
-        surroundings_.desktop.show({.text = "Error during pasting data. " + error + ". Unable to continue."});
-        surroundings_.stayOpen();
+        session_.throwIfClosed();
+        session_.show({.text = "Error during pasting data. " + error + ". Unable to continue."});
         // There may be no whole backup, or it may be of another table: the host may have replaced it behind the box.
         if (history_.undoAvailable()) {
             history_.UndoChanges();
@@ -189,18 +185,19 @@ ClipboardEditing::CellOutcome ClipboardEditing::pasteCell(std::string_view text,
     }
     wrote = true;
     storeCell(context, column, cell);
-    surroundings_.updateRow(row);
+    rows_.UpdateRowData(row);
     return CellOutcome::Stored;
 }
 
 void ClipboardEditing::disableChannels(const ui::CellRange& rows, bool& wrote) {
     for (int row = rows.firstRow; row <= rows.lastRow; ++row) {
         const auto channel = static_cast<std::int16_t>(row);
-        const auto store = surroundings_.store();
+        const auto store = session_.store();
         wrote = true;
         store->channel(channel).put(model::ChannelKey::TxFreq, std::int16_t{0});
+        session_.throwIfClosed();
         store->channel(channel).put(model::ChannelKey::RxFreq, std::int16_t{0});
-        surroundings_.updateRow(channel);
+        rows_.UpdateRowData(channel);
     }
 }
 

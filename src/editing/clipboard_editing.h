@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "editing/grid_surroundings.h"
+#include "editing/grid_rows.h"
 #include "editing/undo.h"
 
 namespace telvar::editing {
@@ -30,8 +30,8 @@ struct RefusedCell {
 
 class ClipboardEditing {
 public:
-    ClipboardEditing(const GridSurroundings& surroundings, UndoHistory& history) noexcept
-        : surroundings_(surroundings), history_(history) {}
+    ClipboardEditing(GridRows& rows, UndoHistory& history) noexcept
+        : rows_(rows), session_(rows.session()), grid_(rows.grid()), history_(history) {}
 
     void CopySelection();
     // Answers whether it wrote anything, a refused and rolled-back paste included. A refused one whose backup failed
@@ -64,7 +64,9 @@ private:
     CellOutcome pasteCell(std::string_view text, std::int16_t row, std::int16_t column, bool& wrote);
     void disableChannels(const ui::CellRange& rows, bool& wrote);
 
-    const GridSurroundings& surroundings_;
+    GridRows& rows_;
+    session::Session& session_;
+    ui::Grid& grid_;
     UndoHistory& history_;
     std::optional<RefusedCell> lastRefusal_;
     int refusals_ = 0;

@@ -10,13 +10,12 @@
 #include "base/conversion.h"
 #include "base/failure.h"
 #include "base/rounding.h"
+#include "base/skip.h"
 #include "ui/redraw_off.h"
-#include "ui/trapped.h"
 
 namespace telvar::editing {
 
 using model::ChannelKey;
-using model::StoreMember;
 
 namespace {
 
@@ -34,12 +33,10 @@ constexpr std::int16_t lastStartChannel = model::channelCount - 1;
 constexpr int txFrequencyColumn = 1;
 constexpr int rxFrequencyColumn = 2;
 
-[[nodiscard]] constexpr bool isChannel(int number) noexcept { return number >= 1 && number <= model::channelCount; }
-
 }  // namespace
 
-frmFill::frmFill(const GridSurroundings& surroundings, UndoHistory& history)
-    : Form("frmFill"), surroundings_(surroundings), history_(history) {
+frmFill::frmFill(GridRows& rows, UndoHistory& history)
+    : Form("frmFill"), rows_(rows), session_(rows.session().branch()), history_(history) {
     fillForm();
     arrange();
     wire();
@@ -82,7 +79,7 @@ void frmFill::fillForm() {
 void frmFill::arrange() {
     using namespace ui;
     const auto field = [](TextBox& box) { return widget(box, Grow::Wide); };
-    setLayout(surroundings_.desktop,
+    setLayout(session_.desktop(),
               withMargin(column({table(2, {widget(start_chan_lab), field(start_chan_val),  //
                                            widget(end_chan_lab), field(end_chan_val),      //
                                            widget(start_freq_lab), field(start_freq_val),  //
@@ -108,11 +105,6 @@ void frmFill::wire() {
     ui::on(ok_but.Pressing, this, &frmFill::ok_but_Pressing);
     ui::on(ok_but.Click, this, &frmFill::ok_but_Click);
     ui::on(cancel_but.Click, this, &frmFill::cancel_but_Click);
-}
-
-// The former store is let go when nothing points to it any more: what it does in its end may come back here.
-void frmFill::setCentralDataStore(model::DataStorePointer store) noexcept {
-    const auto former = std::exchange(store_, std::move(store));
 }
 
 void frmFill::offerSeries() {
@@ -157,8 +149,8 @@ void frmFill::step_val_KeyPress(ui::KeyPressEvent& event) { filterNumberKey(even
 bool frmFill::accepts(int code) const {
     bool accepted = code == ui::key::backspace;
     if (!accepted && std::in_range<std::int16_t>(code)) {
-        ui::resumed([&] {
-            const auto store = store_;
+        base::skip([&] {
+            const auto store = session_.presentStore();
             accepted = store && store->CheckKey(static_cast<std::int16_t>(code));
         });
     }
@@ -172,7 +164,7 @@ void frmFill::filterKey(ui::KeyPressEvent& event) const {
 }
 
 void frmFill::filterNumberKey(ui::KeyPressEvent& event) const {
-    if (event.code != surroundings_.format.decimalSeparator) {
+    if (event.code != session_.format().decimalSeparator) {
         filterKey(event);
     }
 }
@@ -207,10 +199,10 @@ void frmFill::end_chan_val_LostFocus() {
 // The same words serve the receiver.
 void frmFill::start_freq_val_LostFocus() {
     field_ = nullptr;
-    const float frequency = base::readSingle(start_freq_val.text(), surroundings_.format).value_or(0.0F);
+    const float frequency = base::readSingle(start_freq_val.text(), session_.format()).value_or(0.0F);
     const bool inRange = frequency >= lowestFrequency && frequency <= highestFrequency;
     if (inRange || start_freq_val.text() == "0") {
-        start_freq_val.setText(base::numberText(frequency, surroundings_.format));
+        start_freq_val.setText(base::numberText(frequency, session_.format()));
         return;
     }
     refuse(start_freq_val, "Transmit frequency must be between 20 and 1000 MHz or 0 to disable.");
@@ -219,27 +211,21 @@ void frmFill::start_freq_val_LostFocus() {
 // A negative step makes a descending series.
 void frmFill::step_val_LostFocus() {
     field_ = nullptr;
-    const float step = base::readSingle(step_val.text(), surroundings_.format).value_or(0.0F);
+    const float step = base::readSingle(step_val.text(), session_.format()).value_or(0.0F);
     if (step == 0.0F && step_val.text() != "0") {
         refuse(step_val, "Invalid step value.  Please re-enter value.");
         return;
     }
-    step_val.setText(base::numberText(step, surroundings_.format));
+    step_val.setText(base::numberText(step, session_.format()));
 }
 
 std::int16_t frmFill::channelIn(const ui::TextBox& box) const {
-    return base::readInt16(box.text(), surroundings_.format).value_or(std::int16_t{0});
+    return base::readInt16(box.text(), session_.format()).value_or(std::int16_t{0});
 }
 
 void frmFill::refuse(ui::TextBox& box, const std::string& reason) {
     fieldRefused_ = true;
-    std::string title = ui::defaultTitle;
-    ui::resumed([&] {
-        if (const auto store = store_) {
-            title = base::toText(store->get(StoreMember::MessageTitle), surroundings_.format);
-        }
-    });
-    surroundings_.desktop.show({.text = reason, .title = title, .icon = ui::Icon::Exclamation});
+    session_.refuse(reason);
     box.setText("0");
 }
 
@@ -259,24 +245,24 @@ void frmFill::ok_but_Click() {
     }
 }
 
-void frmFill::cancel_but_Click() { surroundings_.desktop.hide(*this); }
+void frmFill::cancel_but_Click() { session_.desktop().hide(*this); }
 
 bool frmFill::fill() {
     history_.UpdateBackUpFrequencyMemory();
-    surroundings_.stayOpen();
+    session_.throwIfClosed();
     const int first = channelIn(start_chan_val);
     const int last = channelIn(end_chan_val);
     bool changed = false;
     bool rendered = true;
     {
-        const ui::RedrawOff off(surroundings_.grid);
+        const ui::RedrawOff off(rows_.grid());
         changed = fillChannels(first, last);
         rendered = renderChannels(std::max(first, 1), std::min<int>(last, model::channelCount));
     }
-    surroundings_.desktop.hide(*this);
+    session_.desktop().hide(*this);
     if (!rendered) {
-        surroundings_.stayOpen();
-        ui::tellFailureOf(surroundings_.desktop, "UpdateRowData");
+        session_.throwIfClosed();
+        session_.tellFailureOf("UpdateRowData");
     }
     return changed;
 }
@@ -287,23 +273,22 @@ bool frmFill::fillChannels(int first, int last) {
     const int column = transmitter ? txFrequencyColumn : rxFrequencyColumn;
     const auto step = hertzIn(step_val, hertzPerKilohertz);
     auto frequency = hertzIn(start_freq_val, hertzPerMegahertz);
-    const auto store = store_;
+    const auto store = session_.presentStore();
     bool changed = false;
     for (int number = first; number <= last; ++number) {
-        surroundings_.stayOpen();
-        ui::resumed([&] { surroundings_.grid.setRow(number); });
-        const bool stored = store && ui::resumed([&] {
-                                changed = changed || isChannel(number);
+        session_.throwIfClosed();
+        base::skip([&] { rows_.grid().setRow(number); });
+        const bool stored = store && base::skip([&] {
+                                changed = changed || model::isChannel(number);
                                 store->channel(static_cast<std::int16_t>(number)).put(key, frequency);
                             });
         // What was stored is shown even where the row cannot be read afterwards.
         if (stored) {
-            ui::resumed([&] {
-                surroundings_.grid.setText(number, column,
-                                           base::scaledText(frequency, megahertzDecimals, surroundings_.format));
+            base::skip([&] {
+                rows_.grid().setText(number, column, base::scaledText(frequency, megahertzDecimals, session_.format()));
             });
         }
-        ui::resumed([&] { frequency = base::checkedAdd(frequency, step); });
+        base::skip([&] { frequency = base::checkedAdd(frequency, step); });
     }
     return changed;
 }
@@ -312,16 +297,16 @@ bool frmFill::fillChannels(int first, int last) {
 bool frmFill::renderChannels(int first, int last) {
     bool all = true;
     for (int number = first; number <= last; ++number) {
-        surroundings_.stayOpen();
-        all = ui::resumed([&] { surroundings_.renderRow(static_cast<std::int16_t>(number)); }) && all;
+        session_.throwIfClosed();
+        all = base::skip([&] { rows_.render(static_cast<std::int16_t>(number)); }) && all;
     }
     return all;
 }
 
 std::int32_t frmFill::hertzIn(const ui::TextBox& box, double unit) const {
     std::int32_t hertz = 0;
-    ui::resumed([&] {
-        const auto number = base::readDouble(box.text(), surroundings_.format);
+    base::skip([&] {
+        const auto number = base::readDouble(box.text(), session_.format());
         hertz = number ? base::roundTo<std::int32_t>(*number * unit) : 0;
     });
     return hertz;

@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "base/event.h"
-#include "editing/grid_surroundings.h"
+#include "editing/grid_rows.h"
 #include "editing/undo.h"
 #include "model/data_store.h"
 #include "ui/button.h"
@@ -22,12 +22,12 @@ namespace telvar::editing {
 
 class frmFill : public ui::Form {
 public:
-    // Both must outlive the form. Of the surroundings' store only the backup is taken; the fill goes to the form's own.
-    frmFill(const GridSurroundings& surroundings, UndoHistory& history);
+    // Both must outlive the form. The backup is of the table that the rows show; the fill goes to the form's own store.
+    frmFill(GridRows& rows, UndoHistory& history);
 
     // Whose channels are filled; null means that there is none.
-    void setCentralDataStore(model::DataStorePointer store) noexcept;
-    [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return store_; }
+    void setCentralDataStore(model::DataStorePointer store) noexcept { session_.setStore(std::move(store)); }
+    [[nodiscard]] const model::DataStorePointer& centralDataStore() const noexcept { return session_.presentStore(); }
 
     // The step is asked for and can be typed, or is hidden and empty.
     void offerSeries();
@@ -90,9 +90,9 @@ private:
     [[nodiscard]] bool fillChannels(int first, int last);
     [[nodiscard]] bool renderChannels(int first, int last);
 
-    const GridSurroundings& surroundings_;
+    GridRows& rows_;
+    session::Session session_;
     UndoHistory& history_;
-    model::DataStorePointer store_;
     ui::TextBox* field_ = nullptr;  // has the focus
     bool fieldRefused_ = false;     // since OK began to be pressed
 };

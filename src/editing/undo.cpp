@@ -10,13 +10,13 @@ namespace telvar::editing {
 
 namespace {
 
-using TableCopyPointer = std::shared_ptr<TableCopy>;
+using BackupTablePointer = std::shared_ptr<BackupTable>;
 
-[[nodiscard]] TableCopyPointer copyIn(model::DataStorePointer table) {
-    return table ? std::make_shared<TableCopy>(std::move(table)) : nullptr;
+[[nodiscard]] BackupTablePointer copyIn(model::DataStorePointer table) {
+    return table ? std::make_shared<BackupTable>(std::move(table)) : nullptr;
 }
 
-[[nodiscard]] TableCopyPointer present(const TableCopyPointer& copy) {
+[[nodiscard]] BackupTablePointer present(const BackupTablePointer& copy) {
     if (!copy) {
         throw base::Failure("There is no table to go back to");
     }
@@ -32,11 +32,11 @@ void UndoHistory::setTables(model::DataStorePointer backup, model::DataStorePoin
 }
 
 void UndoHistory::UpdateBackUpFrequencyMemory() {
-    trapped(surroundings_, "UpdateBackUpFrequencyMemory", [&] {
+    session_.trap("UpdateBackUpFrequencyMemory", [&] {
         undo_.setEnabled(true);
         try {
             const auto backup = present(backup_);
-            backup->takeFrom(*surroundings_.store());
+            backup->takeFrom(*session_.store());
         } catch (const std::exception&) {
             // Going back would mix two states of the table, and redo would put one back that is older than this edit.
             forget();
@@ -47,10 +47,10 @@ void UndoHistory::UpdateBackUpFrequencyMemory() {
 
 bool UndoHistory::UndoChanges() {
     bool wrote = false;
-    trapped(surroundings_, "UndoChanges", [&] {
+    session_.trap("UndoChanges", [&] {
         undo_.setEnabled(false);
         redo_.setEnabled(true);
-        const auto live = surroundings_.store();
+        const auto live = session_.store();
         const auto backup = present(backup_);
         const auto redone = present(redone_);
         redone->takeFrom(*live);
@@ -64,10 +64,10 @@ bool UndoHistory::UndoChanges() {
 // The backup is not refreshed: a further undo goes back to before the last edit, not to before the redo.
 bool UndoHistory::RedoChanges() {
     bool wrote = false;
-    trapped(surroundings_, "RedoChanges", [&] {
+    session_.trap("RedoChanges", [&] {
         redo_.setEnabled(false);
         undo_.setEnabled(true);
-        const auto live = surroundings_.store();
+        const auto live = session_.store();
         const auto redone = present(redone_);
         wrote = true;
         redone->giveTo(*live);
@@ -77,11 +77,11 @@ bool UndoHistory::RedoChanges() {
 }
 
 bool UndoHistory::UpdateAllRowData() {
-    return trapped(surroundings_, "UpdateAllRowData", [&] {
+    return session_.trap("UpdateAllRowData", [&] {
         // Ends before the box: what the user sees behind it is the table as far as it was rendered.
-        const ui::RedrawOff off(surroundings_.grid);
+        const ui::RedrawOff off(rows_.grid());
         for (std::int16_t channel = 1; channel <= model::channelCount; ++channel) {
-            surroundings_.renderRow(channel);
+            rows_.render(channel);
         }
     });
 }

@@ -5,16 +5,16 @@
 
 #include <memory>
 
-#include "editing/grid_surroundings.h"
-#include "editing/table_copy.h"
+#include "editing/backup_table.h"
+#include "editing/grid_rows.h"
 #include "ui/menu.h"
 
 namespace telvar::editing {
 
 class UndoHistory {
 public:
-    UndoHistory(const GridSurroundings& surroundings, ui::MenuItem& undo, ui::MenuItem& redo) noexcept
-        : surroundings_(surroundings), undo_(undo), redo_(redo) {}
+    UndoHistory(GridRows& rows, ui::MenuItem& undo, ui::MenuItem& redo) noexcept
+        : rows_(rows), session_(rows.session()), undo_(undo), redo_(redo) {}
 
     // Private tables of the control, kept apart from the central one; null where there is none any more.
     void setTables(model::DataStorePointer backup, model::DataStorePointer redo);
@@ -38,16 +38,17 @@ public:
 
 private:
     // Shared for as long as it is copied: a foreign store may end the control inside any call.
-    using TableCopyPointer = std::shared_ptr<TableCopy>;
-    [[nodiscard]] static model::DataStorePointer tableOf(const TableCopyPointer& copy) noexcept {
+    using BackupTablePointer = std::shared_ptr<BackupTable>;
+    [[nodiscard]] static model::DataStorePointer tableOf(const BackupTablePointer& copy) noexcept {
         return copy ? copy->table() : nullptr;
     }
 
-    const GridSurroundings& surroundings_;
+    GridRows& rows_;
+    session::Session& session_;
     ui::MenuItem& undo_;
     ui::MenuItem& redo_;
-    TableCopyPointer backup_;
-    TableCopyPointer redone_;
+    BackupTablePointer backup_;
+    BackupTablePointer redone_;
 };
 
 }  // namespace telvar::editing

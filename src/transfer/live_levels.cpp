@@ -3,43 +3,27 @@
 #include <exception>
 #include <string>
 
+#include "base/skip.h"
 #include "transfer/quiet_link.h"
-#include "ui/trapped.h"
 
 namespace telvar::transfer {
 
 using model::ExchangeOutcome;
-using model::StoreMember;
-
-namespace {
-
-class Updating {
-public:
-    explicit Updating(bool& flag) noexcept : flag_(flag) { flag_ = true; }
-    Updating(const Updating&) = delete;
-    Updating& operator=(const Updating&) = delete;
-    Updating(Updating&&) = delete;
-    Updating& operator=(Updating&&) = delete;
-    ~Updating() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
-
-}  // namespace
+using session::Activity;
 
 void LiveLevels::begin() noexcept {
     if (handedOver_) {
         handedOver_->before = true;
     }
-    ++beginnings_;
+    beginning_.happen();
 }
 
 void LiveLevels::update(const LiveLevelValues& levels) {
-    if (updating_) {
+    auto& activities = session_.activities();
+    if (!activities.mayBegin(Activity::Updating)) {
         return;
     }
-    const Updating updating(updating_);
+    const session::UnderWay updating(activities, Activity::Updating);
     learnOutcome();
     if (levels != sent_) {
         send(levels);
@@ -74,21 +58,18 @@ void LiveLevels::learnOutcome() {
 }
 
 void LiveLevels::send(const LiveLevelValues& levels) {
-    const auto wanted = [this, beginnings = beginnings_] {
-        return beginnings == beginnings_ && surroundings_.wanted();
-    };
-    const auto staging = surroundings_.store();
+    const session::Ticket sameUpdate(beginning_);
+    const auto wanted = [&] { return sameUpdate.valid() && timer_.enabled(); };
+    const auto staging = session_.store();
     for (std::size_t index = 0; index < stagedLevelCount; ++index) {
         staging->SetPotValue(static_cast<std::int16_t>(index), static_cast<std::uint8_t>(levels[index]));
     }
-    surroundings_.pauseDiagnostics();
-    if (!wanted() || !waitForQuietLink(surroundings_.desktop, surroundings_.store) || !wanted()) {
+    pauseDiagnostics_();
+    if (!wanted() || !waitForQuietLink(session_) || !wanted()) {
         return;
     }
     learnOutcome();
-    const auto store = surroundings_.store();
-    store->put(StoreMember::CommsTask, potentiometerUpdate);
-    store->put(StoreMember::ProgressCount, std::int16_t{0});
+    announce(session_, potentiometerUpdate);
     if (handOver()) {
         sent_ = levels;
     }
@@ -98,7 +79,7 @@ void LiveLevels::send(const LiveLevelValues& levels) {
 bool LiveLevels::handOver() {
     model::RadioLinkPointer link;
     try {
-        link = surroundings_.link();
+        link = session_.link();
         std::string text;
         link->SendPotValues(text);
     } catch (const std::exception&) {
@@ -109,7 +90,7 @@ bool LiveLevels::handOver() {
         throw RadioSilence();
     }
     handedOver_.reset();
-    ui::resumed([&] {
+    base::skip([&] {
         if (const auto number = link->exchangeNumber()) {
             handedOver_ = HandedOver{.link = link, .number = *number};
         }
@@ -120,7 +101,7 @@ bool LiveLevels::handOver() {
 // Somebody was faster: the levels go with a later tick.
 bool LiveLevels::busyWithAnother(model::RadioLink& link) {
     bool busy = false;
-    ui::resumed([&] {
+    base::skip([&] {
         const auto number = link.exchangeNumber();
         busy = number && link.exchangeOutcome(*number) == ExchangeOutcome::Running;
     });

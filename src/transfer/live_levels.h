@@ -6,15 +6,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
-#include <utility>
 
+#include "base/event.h"
 #include "base/failure.h"
-#include "model/data_store.h"
 #include "model/radio_link.h"
-#include "ui/desktop.h"
+#include "session/session.h"
+#include "ui/timer.h"
 
 namespace telvar::transfer {
 
@@ -33,19 +32,12 @@ public:
     RadioSilence() : Failure("The radio does not answer") {}
 };
 
-struct LiveLevelsSurroundings {
-    ui::Desktop& desktop;
-    // Fail where there is none.
-    std::function<model::DataStorePointer()> store;
-    std::function<model::RadioLinkPointer()> link;
-    std::function<void()> pauseDiagnostics;
-    // Whether the update is still wanted after a wait.
-    std::function<bool()> wanted;
-};
-
 class LiveLevels {
 public:
-    explicit LiveLevels(LiveLevelsSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
+    // The event comes before the wait for the link; an update whose timer was stopped in the meantime is not wanted any
+    // more. All of them must outlive the levels.
+    LiveLevels(session::Session& session, const base::Event<>& pauseDiagnostics, const ui::Timer& timer) noexcept
+        : session_(session), pauseDiagnostics_(pauseDiagnostics), timer_(timer) {}
 
     // What was handed over before now fails in silence, and an update that waits sends nothing any more.
     void begin() noexcept;
@@ -67,12 +59,13 @@ private:
     [[nodiscard]] bool handOver();
     [[nodiscard]] static bool busyWithAnother(model::RadioLink& link);
 
-    LiveLevelsSurroundings surroundings_;
+    session::Session& session_;
+    const base::Event<>& pauseDiagnostics_;
+    const ui::Timer& timer_;
     // Nothing where the radio may hold anything: whatever the levels are now, they have to be sent.
     std::optional<LiveLevelValues> sent_ = LiveLevelValues{};
     std::optional<HandedOver> handedOver_;
-    bool updating_ = false;
-    int beginnings_ = 0;
+    session::Occurrence beginning_;
 };
 
 }  // namespace telvar::transfer

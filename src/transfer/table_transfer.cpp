@@ -4,26 +4,13 @@
 #include <utility>
 
 #include "base/conversion.h"
+#include "base/skip.h"
 #include "transfer/quiet_link.h"
-#include "ui/trapped.h"
 
 namespace telvar::transfer {
 
 using model::StoreMember;
-
-// Names a sequence as the one under way for as long as it goes on, however it ends.
-class TableTransfer::Running {
-public:
-    Running(Sequence& underWay, Sequence which) noexcept : underWay_(underWay) { underWay_ = which; }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-    Running(Running&&) = delete;
-    Running& operator=(Running&&) = delete;
-    ~Running() { underWay_ = Sequence::None; }
-
-private:
-    Sequence& underWay_;
-};
+using session::Activity;
 
 namespace {
 
@@ -52,7 +39,7 @@ std::unique_ptr<SendPermission> storePermission(model::DataStorePointer store) {
 
 bool loadRuns(model::DataStore& store) {
     bool runs = false;
-    ui::resumed([&] {
+    base::skip([&] {
         runs = base::isTrue(store.get(StoreMember::CommsBusy)) &&
                base::toInt16(store.get(StoreMember::CommsTask)) == channelTableLoad;
     });
@@ -60,113 +47,104 @@ bool loadRuns(model::DataStore& store) {
 }
 
 void TableTransfer::load() {
-    if (refusedInsideAnother()) {
+    if (refused(Activity::Loading)) {
         return;
     }
-    const Running running(underWay_, Sequence::Load);
+    const session::UnderWay loading(session_.activities(), Activity::Loading);
     abortingOnFailure([&] {
-        surroundings_.disableCommands();
-        surroundings_.disableChannelSelect();
-        surroundings_.hourglassOverWindow();
+        prepareHost();
         if (!waitForLink()) {
             return;
         }
-        announce(channelTableLoad);
+        announce(session_, channelTableLoad);
         std::string text;
         bool flag = true;
-        surroundings_.link()->LoadChannelTable(text, flag);
+        session_.link()->LoadChannelTable(text, flag);
     });
 }
 
 void TableTransfer::send() {
-    if (refusedInsideAnother()) {
+    if (refused(Activity::Sending)) {
         return;
     }
-    const Running running(underWay_, Sequence::Send);
+    const session::UnderWay sending(session_.activities(), Activity::Sending);
     if (!tableIsOpen()) {
         return;
     }
     if (!overwriteConfirmed()) {
-        surroundings_.restoreButtons();
-        surroundings_.enableCommands("All");
+        owner_.restoreButtons();
+        owner_.enableCommands("All");
         return;
     }
-    surroundings_.store()->put(StoreMember::SendInProgress, false);
+    session_.store()->put(StoreMember::SendInProgress, false);
     abortingOnFailure([&] {
-        surroundings_.disableCommands();
-        surroundings_.disableChannelSelect();
-        surroundings_.hourglassOverWindow();
+        prepareHost();
         if (!mayBeSent() || !waitForLink()) {
             return;
         }
-        announce(channelTableSend);
-        surroundings_.link()->SendChannelTable();
+        announce(session_, channelTableSend);
+        session_.link()->SendChannelTable();
     });
 }
 
-bool TableTransfer::refusedInsideAnother() {
-    if (underWay()) {
-        surroundings_.show({.text = "Another transfer is waiting for the Telvar. Please wait until it has ended.",
-                            .title = title(),
-                            .icon = ui::Icon::Exclamation});
+bool TableTransfer::refused(Activity wanted) {
+    const char* const why = session::sentenceOf(session_.activities().refusalOf(wanted));
+    if (why != nullptr) {
+        refuse(why);
     }
-    return underWay();
+    return why != nullptr;
 }
 
 bool TableTransfer::tableIsOpen() {
-    if (base::isTrue(surroundings_.store()->get(StoreMember::TableOpen))) {
+    if (base::isTrue(session_.store()->get(StoreMember::TableOpen))) {
         return true;
     }
-    surroundings_.show({.text = "No channel information open to send. Please open a channel database.",
-                        .title = title(),
-                        .icon = ui::Icon::Exclamation});
+    refuse("No channel information open to send. Please open a channel database.");
     return false;
 }
 
 bool TableTransfer::overwriteConfirmed() {
-    if (!base::isTrue(surroundings_.store()->get(StoreMember::ShowSendWarning))) {
+    if (!base::isTrue(session_.store()->get(StoreMember::ShowSendWarning))) {
         return true;
     }
-    return surroundings_.show({.text = overwriteWarning,
-                               .title = title() + ": Communicating with Telvar",
-                               .icon = ui::Icon::Information,
-                               .buttons = ui::Buttons::OkCancel}) == ui::Answer::Ok;
+    return show({.text = overwriteWarning, .icon = ui::Icon::Information, .buttons = ui::Buttons::OkCancel},
+                ": Communicating with Telvar") == ui::Answer::Ok;
 }
 
 // Each stage that is passed over because an earlier one refused aborts the transfer once more, and so does the end: the
 // host hears of a refused permission three times, of failed checks twice, of too many scanned channels once.
 bool TableTransfer::mayBeSent() {
-    bool goAhead = surroundings_.makePermission(surroundings_.store())->mayGoAhead();
+    bool goAhead = owner_.makePermission(session_.store())->mayGoAhead();
     if (goAhead) {
-        goAhead = surroundings_.checkFrequencies();
+        goAhead = owner_.checkFrequencies();
     } else {
-        surroundings_.link()->AbortTransfer();
+        session_.link()->AbortTransfer();
     }
     if (goAhead) {
-        const std::string message = surroundings_.checkScanCount();
+        const std::string message = owner_.checkScanCount();
         if (!message.empty()) {
-            surroundings_.pauseDiagnostics();
-            surroundings_.show({.text = message, .title = title(), .icon = ui::Icon::Exclamation});
+            owner_.pauseDiagnostics();
+            refuse(message);
             goAhead = false;
         }
     } else {
-        surroundings_.link()->AbortTransfer();
+        session_.link()->AbortTransfer();
     }
     if (!goAhead) {
-        surroundings_.link()->AbortTransfer();
+        session_.link()->AbortTransfer();
     }
     return goAhead;
 }
 
-bool TableTransfer::waitForLink() {
-    surroundings_.pauseDiagnostics();
-    return waitForQuietLink(surroundings_.desktop, surroundings_.store);
+void TableTransfer::prepareHost() {
+    owner_.disableCommands();
+    owner_.disableChannelSelect();
+    owner_.hourglassOverWindow();
 }
 
-void TableTransfer::announce(std::int16_t task) {
-    const auto store = surroundings_.store();
-    store->put(StoreMember::CommsTask, task);
-    store->put(StoreMember::ProgressCount, std::int16_t{0});
+bool TableTransfer::waitForLink() {
+    owner_.pauseDiagnostics();
+    return waitForQuietLink(session_);
 }
 
 template <class Body>
@@ -175,9 +153,9 @@ void TableTransfer::abortingOnFailure(Body&& sequence) {
         sequence();
     } catch (const std::exception&) {
         // No exchange was begun, so without this no end of one would ever give the host its commands back.
-        ui::resumed([&] {
+        base::skip([&] {
             if (linkIsKnownToBeFree()) {
-                surroundings_.link()->AbortTransfer();
+                session_.link()->AbortTransfer();
             }
         });
         throw;
@@ -186,10 +164,12 @@ void TableTransfer::abortingOnFailure(Body&& sequence) {
 
 // A link that tells how its last exchange ended runs none; of others only the store knows.
 bool TableTransfer::linkIsKnownToBeFree() {
-    return surroundings_.link()->lastExchangeSucceeded() ||
-           !base::isTrue(surroundings_.store()->get(StoreMember::CommsBusy));
+    return session_.link()->lastExchangeSucceeded() || !base::isTrue(session_.store()->get(StoreMember::CommsBusy));
 }
 
-std::string TableTransfer::title() { return base::toText(surroundings_.store()->get(StoreMember::MessageTitle)); }
+ui::Answer TableTransfer::show(ui::MessageBox box, const char* behindTitle) {
+    box.title = session_.storesTitle() + behindTitle;
+    return session_.show(box);
+}
 
 }  // namespace telvar::transfer

@@ -8,13 +8,13 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
+#include "base/pinned.h"
 #include "model/data_store.h"
-#include "model/radio_link.h"
-#include "ui/desktop.h"
+#include "session/session.h"
 
 namespace telvar::transfer {
 
@@ -23,13 +23,8 @@ inline constexpr std::int16_t channelTableSend = 30;
 inline constexpr std::int16_t channelTableLoad = 22;
 
 // Whether a send may go ahead; made for one send.
-class SendPermission {
+class SendPermission : base::Pinned {
 public:
-    SendPermission() = default;
-    SendPermission(const SendPermission&) = delete;
-    SendPermission& operator=(const SendPermission&) = delete;
-    SendPermission(SendPermission&&) = delete;
-    SendPermission& operator=(SendPermission&&) = delete;
     virtual ~SendPermission() = default;
 
     [[nodiscard]] virtual bool mayGoAhead() = 0;
@@ -42,60 +37,53 @@ public:
 // Asks the data store, which permits the send where it has no opinion.
 [[nodiscard]] std::unique_ptr<SendPermission> storePermission(model::DataStorePointer store);
 
-// What a transfer asks of the control. Where one of them ends the control's routine by an exception, the transfer ends
-// with it.
-struct TransferSurroundings {
-    ui::Desktop& desktop;
-    // Fail where there is none.
-    std::function<model::DataStorePointer()> store;
-    std::function<model::RadioLinkPointer()> link;
-    std::function<ui::Answer(const ui::MessageBox&)> show;
+// What a transfer asks of the control. Where one of these throws session::Closed, the transfer ends with it.
+class TransferOwner : base::Pinned {
+public:
+    virtual ~TransferOwner() = default;
+
     // The host's events.
-    std::function<void()> disableCommands;
-    std::function<void()> hourglassOverWindow;
-    std::function<void()> pauseDiagnostics;
-    std::function<void()> restoreButtons;
-    std::function<void(const std::string&)> enableCommands;
-    std::function<void()> disableChannelSelect;
+    virtual void disableCommands() = 0;
+    virtual void hourglassOverWindow() = 0;
+    virtual void pauseDiagnostics() = 0;
+    virtual void restoreButtons() = 0;
+    virtual void enableCommands(std::string commands) = 0;
+    virtual void disableChannelSelect() = 0;
     // The control's table checks, with their messages.
-    std::function<bool()> checkFrequencies;
-    std::function<std::string()> checkScanCount;
-    std::function<std::unique_ptr<SendPermission>(model::DataStorePointer)> makePermission = storePermission;
+    [[nodiscard]] virtual bool checkFrequencies() = 0;
+    [[nodiscard]] virtual std::string checkScanCount() = 0;
+    [[nodiscard]] virtual std::unique_ptr<SendPermission> makePermission(model::DataStorePointer store) {
+        return storePermission(std::move(store));
+    }
 };
 
 class TableTransfer {
 public:
-    explicit TableTransfer(TransferSurroundings surroundings) : surroundings_(std::move(surroundings)) {}
+    // Both must outlive it.
+    TableTransfer(session::Session& session, TransferOwner& owner) noexcept : session_(session), owner_(owner) {}
 
-    // From the beginning of a sequence to its end: it asks, checks or waits for the link.
-    [[nodiscard]] bool underWay() const noexcept { return underWay_ != Sequence::None; }
-    // The same of a load alone, which will replace the table.
-    [[nodiscard]] bool loading() const noexcept { return underWay_ == Sequence::Load; }
-
-    // Let failures through (base::Failure, or what the surroundings throw). One that starts while another is under way
-    // is refused with a message.
+    // Let failures through. One that starts while another is under way is refused with a message. A sequence is under
+    // way from its beginning to its end: while it asks, checks or waits for the link.
     void send();
     void load();
 
 private:
-    enum class Sequence : std::uint8_t { None, Send, Load };
-    class Running;
-
-    [[nodiscard]] bool refusedInsideAnother();
+    [[nodiscard]] bool refused(session::Activity wanted);
     [[nodiscard]] bool tableIsOpen();
     [[nodiscard]] bool overwriteConfirmed();
     [[nodiscard]] bool mayBeSent();
     void prepareHost();
     // False when the message loop is quitting.
     [[nodiscard]] bool waitForLink();
-    void announce(std::int16_t task);
     template <class Body>
     void abortingOnFailure(Body&& sequence);
     [[nodiscard]] bool linkIsKnownToBeFree();
-    [[nodiscard]] std::string title();
+    // Under the store's own title: who cannot read that has failed.
+    ui::Answer show(ui::MessageBox box, const char* behindTitle = "");
+    void refuse(const std::string& text) { show({.text = text, .icon = ui::Icon::Exclamation}); }
 
-    TransferSurroundings surroundings_;
-    Sequence underWay_ = Sequence::None;
+    session::Session& session_;
+    TransferOwner& owner_;
 };
 
 }  // namespace telvar::transfer

@@ -395,6 +395,16 @@ protected:
         open();
         fill(*table, 8, {{ChannelKey::TxFreq, 150'000'000}});
     }
+    // As the form's owner goes to another channel, unless the user wants to stay; answers whether it is shown.
+    bool showChannel(std::int16_t channel, std::int16_t firstSelected, std::int16_t lastSelected) {
+        if (!form.mayLeaveChannel()) {
+            return false;
+        }
+        form.setChannel(channel);
+        form.setSelectedChannels(firstSelected, lastSelected);
+        form.refresh();
+        return true;
+    }
     [[nodiscard]] static ui::MessageBox question(const std::string& text) {
         return {.text = text, .title = "Bench 3", .icon = ui::Icon::Exclamation, .buttons = ui::Buttons::YesNo};
     }
@@ -404,7 +414,7 @@ protected:
 
 TEST_F(Leaving, WithoutEditsNothingIsAsked) {
     EXPECT_FALSE(form.hasUnappliedEdits());
-    EXPECT_TRUE(form.showChannel(8, 1, 20));
+    EXPECT_TRUE(showChannel(8, 1, 20));
     EXPECT_EQ(form.txtEditChannel.text(), "8");
     EXPECT_EQ(form.txtTxFrequency.text(), "150.000000");
     EXPECT_EQ(form.lblSelectedChannels.caption(), "Also applies to channels 1 to 20");
@@ -415,7 +425,7 @@ TEST_F(Leaving, EditsAreAppliedWhenTheUserWantsThat) {
     form.txtTxBinaryMain.setText("9");
     EXPECT_TRUE(form.hasUnappliedEdits());
     desktop.answerWith(ui::Answer::Yes);
-    EXPECT_TRUE(form.showChannel(8, 8, 8));
+    EXPECT_TRUE(showChannel(8, 8, 8));
     EXPECT_EQ(boxes(), Boxes{applyNow});
     EXPECT_EQ(numberAt(ChannelKey::BinMain), 9.0);
     EXPECT_EQ(events, (Texts{"DataChanged", "NeedToUpdateFlexGrid 7"}));
@@ -426,13 +436,13 @@ TEST_F(Leaving, EditsAreDiscardedOrTheChannelStays) {
     form.txtTxBinaryMain.setText("9");
     desktop.answerWith(ui::Answer::No);
     desktop.answerWith(ui::Answer::No);
-    EXPECT_FALSE(form.showChannel(8, 8, 8));
+    EXPECT_FALSE(showChannel(8, 8, 8));
     EXPECT_EQ(boxes(), (Boxes{applyNow, discard}));
     EXPECT_EQ(form.channel(), 7);
     EXPECT_EQ(form.txtTxBinaryMain.text(), "9");
     desktop.answerWith(ui::Answer::No);
     desktop.answerWith(ui::Answer::Yes);
-    EXPECT_TRUE(form.showChannel(8, 8, 8));
+    EXPECT_TRUE(showChannel(8, 8, 8));
     EXPECT_EQ(boxes(), (Boxes{applyNow, discard}));
     EXPECT_EQ(numberAt(ChannelKey::BinMain), 0.0);
     EXPECT_EQ(form.channel(), 8);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/conversion.h"
-#include "editing/table_copy.h"
+#include "editing/backup_table.h"
 #include "editing_world.h"
 #include "support/failing_store.h"
 
@@ -78,12 +78,12 @@ protected:
         reset();
         before = rowsText(*table, true);
         const auto recording = std::make_shared<Script>(*table, rendering);
-        store = recording;
+        session.setStore(recording);
         EXPECT_TRUE(pasteAt({upper, 1}, twoRows));
         EXPECT_EQ(boxes(), Boxes{});
         script.entries = recording->entries;
         script.states = recording->states;
-        store = failing;
+        session.setStore(failing);
     }
 
     void render(std::int16_t row) override {
@@ -219,7 +219,7 @@ protected:
     static constexpr std::int32_t undone = 3;
 
     FailingCopies() {
-        store = live;
+        session.setStore(live);
         history.setTables(backedUp, toRedo);
     }
     void render(std::int16_t /*row*/) override {}

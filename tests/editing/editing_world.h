@@ -10,12 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "base/failure.h"
 #include "editing/clipboard_editing.h"
 #include "editing/undo.h"
 #include "support/table_builder.h"
 #include "support/test_desktop.h"
-#include "ui/trapped.h"
 
 namespace telvar::tests {
 
@@ -24,43 +22,33 @@ using model::StoreMember;
 
 class EditingWorld : public testing::Test {
 protected:
-    // What stayOpen throws; like the control's own, no std::exception.
-    struct Closed {};
+    // Lets the world render, which records it.
+    class Rows : public editing::GridRows {
+    public:
+        explicit Rows(EditingWorld& world) : GridRows(world.session, world.grid), world_(world) {}
+        void render(std::int16_t channel) override { world_.render(channel); }
+        void renderAsUsual(std::int16_t channel) { GridRows::render(channel); }
 
-    EditingWorld() { history.setTables(backup, redone); }
+    private:
+        EditingWorld& world_;
+    };
+
+    using Closed = session::Closed;
+
+    EditingWorld() {
+        session.setStore(table);
+        history.setTables(backup, redone);
+    }
 
     virtual void render(std::int16_t row) {
         rendered.push_back(row);
-        grid.setRow(row);
-        editing::renderRow({.store = *present(), .channel = row, .format = {}},
-                           [&](std::int16_t column, const std::string& text) { grid.setText(row, column, text); });
+        rows.renderAsUsual(row);
     }
     void renderAll() {
         for (std::int16_t row = 1; row <= model::channelCount; ++row) {
             render(row);
         }
         rendered.clear();
-    }
-
-    [[nodiscard]] model::DataStorePointer present() const {
-        if (!store) {
-            throw base::Failure("There is no data store");
-        }
-        return store;
-    }
-    [[nodiscard]] editing::GridSurroundings makeSurroundings() {
-        return {.grid = grid,
-                .desktop = desktop,
-                .format = {},
-                .store = [this] { return present(); },
-                .updateRow = [this](std::int16_t row) { ui::trapped(desktop, "UpdateRowData", [&] { render(row); }); },
-                .renderRow = [this](std::int16_t row) { render(row); },
-                .stayOpen =
-                    [this] {
-                        if (closed) {
-                            throw Closed{};
-                        }
-                    }};
     }
 
     void select(ui::Cell current, ui::Cell end) { grid.select(current, end); }
@@ -78,17 +66,16 @@ protected:
 
     TestDesktop desktop;
     std::shared_ptr<model::MemoryDataStore> table = std::make_shared<model::MemoryDataStore>();
-    model::DataStorePointer store = table;  // what the commands see; null where there is none
     std::shared_ptr<model::MemoryDataStore> backup = std::make_shared<model::MemoryDataStore>();
     std::shared_ptr<model::MemoryDataStore> redone = std::make_shared<model::MemoryDataStore>();
     ui::Grid grid{"fgdDatabase", model::channelCount + 1, static_cast<int>(editing::columnCount)};
     ui::MenuItem undo{"mnuPopUpMenuUndo", "Undo"};
     ui::MenuItem redo{"mnuPopUpMenuRedo", "Redo"};
-    bool closed = false;
     std::vector<std::int16_t> rendered;
-    editing::GridSurroundings surroundings = makeSurroundings();
-    editing::UndoHistory history{surroundings, undo, redo};
-    editing::ClipboardEditing commands{surroundings, history};
+    session::Session session{desktop, {}};
+    Rows rows{*this};
+    editing::UndoHistory history{rows, undo, redo};
+    editing::ClipboardEditing commands{rows, history};
 };
 
 }  // namespace telvar::tests

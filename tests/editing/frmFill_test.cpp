@@ -50,7 +50,7 @@ protected:
     [[nodiscard]] base::Value tx(std::int16_t channel) { return at(channel, ChannelKey::TxFreq); }
     [[nodiscard]] base::Value rx(std::int16_t channel) { return at(channel, ChannelKey::RxFreq); }
 
-    editing::frmFill form{surroundings, history};
+    editing::frmFill form{rows, history};
 };
 
 using Channels = std::pair<std::string, std::string>;
@@ -192,9 +192,10 @@ TEST_F(FillDialog, TheStoreIsAskedForEveryKeyButBackspaceAndTheSeparator) {
 }
 
 TEST_F(FillDialog, TheSeparatorIsTheUsersOwn) {
-    auto german = makeSurroundings();
-    german.format = {.decimalSeparator = ','};
-    editing::frmFill other(german, history);
+    session::Session german(desktop, {.decimalSeparator = ','});
+    german.setStore(table);
+    editing::GridRows germanRows(german, grid);
+    editing::frmFill other(germanRows, history);
     other.setCentralDataStore(table);
     EXPECT_TRUE(passes(other.start_freq_val, ','));
     EXPECT_FALSE(passes(other.start_freq_val, '.'));
@@ -641,7 +642,7 @@ TEST_F(FillDialog, WithoutAStoreNothingIsStored) {
 // Renders through a store whose calls may fail.
 class FillWithFailingRows : public FillDialog {
 protected:
-    FillWithFailingRows() { store = failing; }
+    FillWithFailingRows() { session.setStore(failing); }
     std::shared_ptr<FailingStore> failing = std::make_shared<FailingStore>(*table);
     static constexpr int backupCalls = 255 * 28;
 };
@@ -668,7 +669,7 @@ TEST_F(FillWithFailingRows, AStoreThatNeverAnswersAgainIsToldOnce) {
 }
 
 TEST_F(FillDialog, EndsWhereTheOwnerEnds) {
-    closed = true;
+    session.close();
     choose("1", "3", "450", "0");
     EXPECT_THROW(static_cast<void>(form.fill()), Closed);
     EXPECT_EQ(transmits(1), 0.0);
@@ -691,12 +692,12 @@ protected:
 
 TEST_F(FillDialog, MakesEachChannelsRowCurrentBeforeItIsWritten) {
     const auto watching = std::make_shared<EndingStore>(*table);
-    std::vector<int> rows;
-    watching->onWrite = [&] { rows.push_back(grid.row()); };
+    std::vector<int> written;
+    watching->onWrite = [&] { written.push_back(grid.row()); };
     form.setCentralDataStore(watching);
     choose("3", "5", "450", "0");
     EXPECT_TRUE(form.fill());
-    EXPECT_EQ(rows, (std::vector<int>{3, 4, 5}));
+    EXPECT_EQ(written, (std::vector<int>{3, 4, 5}));
 }
 
 TEST_F(FillDialog, EndsWhereTheOwnerEndsInsideACallToTheStore) {
@@ -704,7 +705,7 @@ TEST_F(FillDialog, EndsWhereTheOwnerEndsInsideACallToTheStore) {
     int writes = 0;
     ending->onWrite = [&] {
         if (++writes == 2) {
-            closed = true;
+            session.close();
             form.setCentralDataStore(nullptr);
         }
     };

@@ -92,7 +92,7 @@ struct Model {
 class Sequences : public EditingWorld {
 protected:
     Sequences() {
-        store = live;
+        session.setStore(live);
         history.setTables(backedUp, toRedo);
         dialog.setCentralDataStore(live);
         dialog.step_val.setText("1000");
@@ -275,7 +275,7 @@ protected:
     std::shared_ptr<SmallTable> live = std::make_shared<SmallTable>();
     std::shared_ptr<SmallTable> backedUp = std::make_shared<SmallTable>();
     std::shared_ptr<SmallTable> toRedo = std::make_shared<SmallTable>();
-    editing::frmFill dialog{surroundings, history};
+    editing::frmFill dialog{rows, history};
     Model model;
     int step = 0;
     int steps = 0;

@@ -10,7 +10,7 @@
 #include <variant>
 #include <vector>
 
-#include "editing/table_copy.h"
+#include "editing/backup_table.h"
 #include "editing_world.h"
 #include "support/failing_store.h"
 #include "support/recording_store.h"
@@ -42,7 +42,7 @@ protected:
 
 // -- the copy --------------------------------------------------------------------------------------------------------
 
-TEST(TableCopy, TakesTwentyEightKeysOfEveryChannelInOrder) {
+TEST(BackupTable, TakesTwentyEightKeysOfEveryChannelInOrder) {
     std::vector<std::string> reads;
     std::vector<std::string> writes;
     for (int index = 0; index < 255; ++index) {
@@ -57,7 +57,7 @@ TEST(TableCopy, TakesTwentyEightKeysOfEveryChannelInOrder) {
     const auto between = std::make_shared<model::MemoryDataStore>();
     const auto privateTable = std::make_shared<RecordingStore>(*between);
     RecordingStore to(destination);
-    editing::TableCopy copy(privateTable);
+    editing::BackupTable copy(privateTable);
     copy.takeFrom(from);
     EXPECT_EQ(from.calls(), reads);
     EXPECT_EQ(privateTable->calls(), writes);
@@ -111,10 +111,10 @@ const std::vector<base::Value> valuesOfAllKinds{base::Unusable{},
     return one == other || (number != nullptr && second != nullptr && std::isnan(*number) && std::isnan(*second));
 }
 
-TEST(TableCopy, GivesBackValuesOfEveryKindAsTheyWere) {
+TEST(BackupTable, GivesBackValuesOfEveryKindAsTheyWere) {
     for (const auto& value : valuesOfAllKinds) {
         AnyValueStore live;
-        editing::TableCopy copy(std::make_shared<model::MemoryDataStore>());
+        editing::BackupTable copy(std::make_shared<model::MemoryDataStore>());
         for (const auto key : editing::copiedKeys) {
             live.writeChannel(254, key, value);
         }
@@ -129,9 +129,9 @@ TEST(TableCopy, GivesBackValuesOfEveryKindAsTheyWere) {
     }
 }
 
-TEST(TableCopy, TakenAgainForgetsWhatWasBefore) {
+TEST(BackupTable, TakenAgainForgetsWhatWasBefore) {
     AnyValueStore live;
-    editing::TableCopy copy(std::make_shared<model::MemoryDataStore>());
+    editing::BackupTable copy(std::make_shared<model::MemoryDataStore>());
     live.writeChannel(7, ChannelKey::TxFreq, base::Unusable{});
     copy.takeFrom(live);
     live.writeChannel(7, ChannelKey::TxFreq, std::int32_t{145'000'000});
@@ -250,7 +250,7 @@ TEST_F(UndoHistory, WithoutTablesOrStoreItIsTold) {
     EXPECT_FALSE(history.RedoChanges());
     EXPECT_EQ(boxes(), (Boxes{errorIn("UpdateBackUpFrequencyMemory"), errorIn("UndoChanges"), errorIn("RedoChanges")}));
     history.setTables(backup, redone);
-    store = nullptr;
+    session.setStore(nullptr);
     history.UpdateBackUpFrequencyMemory();
     EXPECT_FALSE(history.UndoChanges());
     EXPECT_FALSE(history.RedoChanges());
@@ -264,7 +264,7 @@ protected:
     // The backup fails at that call; everything later succeeds.
     void failBackupAt(int call) {
         failing->failAt(call);
-        store = failing;
+        session.setStore(failing);
     }
     [[nodiscard]] static constexpr int middle() { return 2 * 28 + 1; }
     std::shared_ptr<FailingStore> failing = std::make_shared<FailingStore>(*table);
@@ -332,14 +332,25 @@ TEST_F(FailedBackup, IsForgottenByTheNextWholeOne) {
 
 TEST_F(FailedBackup, BehindWhoseBoxTheControlIsClosedEndsTheEdit) {
     const auto before = now();
-    desktop.duringBox = [this](const ui::MessageBox& box) { closed = box.buttons == ui::Buttons::Ok; };
+    desktop.duringBox = [this](const ui::MessageBox&) { session.close(); };
     failBackupAt(middle());
-    EXPECT_THROW(pasteAt({2, 1}, "145.5"), Closed);
-    closed = false;
+    EXPECT_FALSE(pasteAt({2, 1}, "145.5"));
+    EXPECT_EQ(now(), before);
+    EXPECT_EQ(boxes().size(), 1U);
+}
+
+TEST_F(FailedBackup, BehindWhoseBoxTheControlIsClosedEndsTheDeletion) {
+    const auto before = now();
+    desktop.duringBox = [this](const ui::MessageBox& box) {
+        if (box.buttons == ui::Buttons::Ok) {
+            session.close();
+        }
+    };
     failBackupAt(middle());
     desktop.answerWith(ui::Answer::Yes);
-    EXPECT_THROW(commands.DeleteSelectedCells(), Closed);
+    EXPECT_FALSE(commands.DeleteSelectedCells());
     EXPECT_EQ(now(), before);
+    EXPECT_EQ(boxes().size(), 2U);
 }
 
 TEST_F(UndoHistory, AStoreOfNullsAndEmptyValuesIsEditedAndComesBackAsItWas) {
@@ -348,7 +359,7 @@ TEST_F(UndoHistory, AStoreOfNullsAndEmptyValuesIsEditedAndComesBackAsItWas) {
     foreign->writeChannel(8, ChannelKey::scan, base::Empty{});
     foreign->writeChannel(1, ChannelKey::TxFreq, base::Empty{});
     foreign->writeChannel(1, ChannelKey::scan, std::int16_t{1});
-    store = foreign;
+    session.setStore(foreign);
     EXPECT_TRUE(pasteAt({2, 1}, "145.5\t146.5\tDisabled\tDisabled\tDuplex\tNo"));
     EXPECT_EQ(boxes(), Boxes{});
     EXPECT_TRUE(undo.enabled());
@@ -378,7 +389,7 @@ protected:
 TEST_F(UndoHistory, TablesThatAreLetGoDuringACopyLiveToItsEnd) {
     pasteAt({2, 1}, "145.5");
     const auto eventful = std::make_shared<EventfulStore>(*table);
-    store = eventful;
+    session.setStore(eventful);
     const std::weak_ptr gone(backup);
     eventful->duringCall = [this] {
         history.setTables(nullptr, nullptr);
@@ -394,7 +405,7 @@ TEST_F(UndoHistory, TablesThatAreLetGoDuringACopyLiveToItsEnd) {
 
 class FailingHistory : public UndoHistory {
 protected:
-    FailingHistory() { store = failing; }
+    FailingHistory() { session.setStore(failing); }
 
     // Three channels that hold something, and 1 under every key to go back to.
     void reset() {
@@ -428,11 +439,11 @@ protected:
 
 TEST_F(FailingHistory, APasteStopsWhereTheStoreFails) {
     RecordingStore recording(*table);
-    store = model::DataStorePointer(std::shared_ptr<void>{}, &recording);
+    session.setStore(model::DataStorePointer(std::shared_ptr<void>{}, &recording));
     grid.setCurrent({2, 1});
     pasteHere("145.5\t146.5");
     const auto names = recording.calls();
-    store = failing;
+    session.setStore(failing);
     ASSERT_GT(names.size(), static_cast<std::size_t>(valuesOfATable + 4));
     const auto original = base::toDouble(at(3, ChannelKey::TxFreq));
     for (const int call : callsOf(valuesOfATable, static_cast<int>(names.size()))) {
@@ -459,12 +470,12 @@ TEST_F(FailingHistory, APasteStopsWhereTheStoreFails) {
 
 TEST_F(FailingHistory, ADeleteStopsWhereTheStoreFails) {
     RecordingStore recording(*table);
-    store = model::DataStorePointer(std::shared_ptr<void>{}, &recording);
+    session.setStore(model::DataStorePointer(std::shared_ptr<void>{}, &recording));
     grid.setCurrent({2, 1});
     desktop.answerWith(ui::Answer::Yes);
     commands.DeleteSelectedCells();
     const auto names = recording.calls();
-    store = failing;
+    session.setStore(failing);
     static_cast<void>(boxes());
     ASSERT_GT(names.size(), static_cast<std::size_t>(valuesOfATable + 2));
     for (const int call : callsOf(valuesOfATable, static_cast<int>(names.size()))) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -93,22 +94,13 @@ protected:
     LiveLevels() {
         memory->put(StoreMember::ProgressCount, std::int16_t{17});
         log.clear();
-    }
-    [[nodiscard]] transfer::LiveLevelsSurroundings surroundings() {
-        return {.desktop = desktop,
-                .store = [this]() -> model::DataStorePointer { return store; },
-                .link = [this]() -> model::RadioLinkPointer {
-                    if (!link) {
-                        throw base::Failure("There is no radio link");
-                    }
-                    return link;
-                },
-                .pauseDiagnostics =
-                    [this] {
-                        log.emplace_back("PauseDiagnostics");
-                        wanted = wanted && wantedBehindTheEvent;
-                    },
-                .wanted = [this] { return wanted; }};
+        session.setStore(store);
+        session.setLink(link);
+        timer.setInterval(std::chrono::milliseconds(250));
+        pauseDiagnostics.connect([this] {
+            log.emplace_back("PauseDiagnostics");
+            timer.setEnabled(timer.enabled() && wantedBehindTheEvent);
+        });
     }
     Log update(const LiveLevelValues& levels) {
         live.update(levels);
@@ -120,9 +112,11 @@ protected:
     std::shared_ptr<model::MemoryDataStore> memory = std::make_shared<model::MemoryDataStore>();
     std::shared_ptr<LoggingStore> store = std::make_shared<LoggingStore>(*memory, log);
     std::shared_ptr<LevelsLink> link = std::make_shared<LevelsLink>(log);
-    bool wanted = true;
     bool wantedBehindTheEvent = true;
-    transfer::LiveLevels live{surroundings()};
+    base::Event<> pauseDiagnostics;
+    ui::Timer timer{desktop};
+    session::Session session{desktop, {}};
+    transfer::LiveLevels live{session, pauseDiagnostics, timer};
     const Log whole{"SetPotValue(0)", "SetPotValue(1)", "SetPotValue(2)", "SetPotValue(3)",  "PauseDiagnostics",
                     "CommsBusy",      "CommsTask=",     "ProgressCount=", "SendPotValues ''"};
 };
@@ -173,11 +167,11 @@ TEST_F(LiveLevels, DoesNothingInsideItsOwnWait) {
 TEST_F(LiveLevels, WhatIsNotWantedAnyMoreAfterTheWaitIsNotSentAndCountsAsNotSent) {
     memory->put(StoreMember::CommsBusy, true);
     desktop.whenPumping([this] {
-        wanted = false;
+        timer.setEnabled(false);
         memory->put(StoreMember::CommsBusy, false);
     });
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}).back(), "CommsBusy");
-    wanted = true;
+    timer.setEnabled(true);
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
 }
 
@@ -201,8 +195,10 @@ TEST_F(LiveLevels, ALinkThatRefusesOrIsMissingIsRadioSilence) {
     link->gone = true;
     EXPECT_THROW(live.update({1, 2, 3, 4, 0, 0}), transfer::RadioSilence);
     link = nullptr;
+    session.setLink(link);
     EXPECT_THROW(live.update({1, 2, 3, 4, 0, 0}), transfer::RadioSilence);
     link = std::make_shared<LevelsLink>(log);
+    session.setLink(link);
     log.clear();
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
 }
@@ -277,11 +273,11 @@ TEST_F(LiveLevels, LevelsThatWereAbortedAreSentAgainInSilence) {
     memory->put(StoreMember::CommsBusy, true);
     desktop.whenPumping([&] {
         link->end(ExchangeOutcome::Aborted);
-        wanted = false;
+        timer.setEnabled(false);
         memory->put(StoreMember::CommsBusy, false);
     });
     static_cast<void>(update({9, 2, 3, 4, 0, 0}));
-    wanted = true;
+    timer.setEnabled(true);
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), whole);
 }
 
@@ -326,6 +322,7 @@ TEST_F(LiveLevels, ALinkThatIsGoneIsAskedNothing) {
     link->end(ExchangeOutcome::Failed);
     const std::weak_ptr former(link);
     link = std::make_shared<LevelsLink>(log);
+    session.setLink(link);
     EXPECT_TRUE(former.expired());
     EXPECT_EQ(update({1, 2, 3, 4, 0, 0}), Log{});
 }

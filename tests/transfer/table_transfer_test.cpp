@@ -75,9 +75,47 @@ private:
     Journal& journal_;
 };
 
+// The control around a transfer.
+class JournalOwner : public transfer::TransferOwner {
+public:
+    explicit JournalOwner(Journal& journal) : journal_(journal) {}
+    void disableCommands() override { journal_.note("event DisableCommands"); }
+    void hourglassOverWindow() override { journal_.note("event HourglassOverWindow"); }
+    void pauseDiagnostics() override { journal_.note("event PauseDiagnostics"); }
+    void restoreButtons() override { journal_.note("event RestoreButtons"); }
+    void enableCommands(std::string commands) override { journal_.note("event EnableCommands " + commands); }
+    void disableChannelSelect() override { journal_.note("cmdChannelSelect off"); }
+    bool checkFrequencies() override {
+        journal_.note("check_Frequencies");
+        if (duringCheck) {
+            duringCheck();
+        }
+        return tableIsGood;
+    }
+    std::string checkScanCount() override {
+        journal_.note("CheckTotalNoOfChannelScan");
+        return scanMessage;
+    }
+    std::unique_ptr<transfer::SendPermission> makePermission(model::DataStorePointer store) override {
+        permissionsFrom.push_back(store);
+        return TransferOwner::makePermission(store);
+    }
+
+    bool tableIsGood = true;
+    std::function<void()> duringCheck;
+    std::string scanMessage;
+    std::vector<model::DataStorePointer> permissionsFrom;
+
+private:
+    Journal& journal_;
+};
+
 class TableTransfer : public testing::Test {
 protected:
     TableTransfer() {
+        session.setStore(store);
+        session.setLink(link);
+        desktop.duringBox = [this](const ui::MessageBox&) { journal.note("box"); };
         memory->put(StoreMember::TableOpen, true);
         memory->put(StoreMember::ShowSendWarning, false);
         memory->put(StoreMember::SendInProgress, true);
@@ -85,36 +123,13 @@ protected:
         memory->put(StoreMember::MessageTitle, base::textValue("Telvar"));
     }
 
-    [[nodiscard]] transfer::TransferSurroundings surroundings() {
-        const auto event = [this](std::string name) { return [this, name] { journal.note("event " + name); }; };
-        return {.desktop = desktop,
-                .store = [this] { return store; },
-                .link = [this] { return link; },
-                .show =
-                    [this](const ui::MessageBox& box) {
-                        journal.note("box");
-                        return desktop.show(box);
-                    },
-                .disableCommands = event("DisableCommands"),
-                .hourglassOverWindow = event("HourglassOverWindow"),
-                .pauseDiagnostics = event("PauseDiagnostics"),
-                .restoreButtons = event("RestoreButtons"),
-                .enableCommands = [this](const std::string& text) { journal.note("event EnableCommands " + text); },
-                .disableChannelSelect = [this] { journal.note("cmdChannelSelect off"); },
-                .checkFrequencies =
-                    [this] {
-                        journal.note("check_Frequencies");
-                        return tableIsGood;
-                    },
-                .checkScanCount =
-                    [this] {
-                        journal.note("CheckTotalNoOfChannelScan");
-                        return scanMessage;
-                    }};
-    }
     [[nodiscard]] Log send() {
         sequence.send();
         return std::exchange(journal.entries, {});
+    }
+    [[nodiscard]] bool loading() const { return session.activities().underWay(session::Activity::Loading); }
+    [[nodiscard]] bool underWay() const {
+        return loading() || session.activities().underWay(session::Activity::Sending);
     }
     [[nodiscard]] Log load() {
         sequence.load();
@@ -126,9 +141,9 @@ protected:
     std::shared_ptr<model::MemoryDataStore> memory = std::make_shared<model::MemoryDataStore>();
     std::shared_ptr<JournalStore> store = std::make_shared<JournalStore>(*memory, journal);
     std::shared_ptr<JournalLink> link = std::make_shared<JournalLink>(journal);
-    bool tableIsGood = true;
-    std::string scanMessage;
-    transfer::TableTransfer sequence{surroundings()};
+    session::Session session{desktop, {}};
+    JournalOwner owner{journal};
+    transfer::TableTransfer sequence{session, owner};
 };
 
 constexpr const char* anotherTransfer = "Another transfer is waiting for the Telvar. Please wait until it has ended.";
@@ -197,32 +212,26 @@ TEST_F(TableTransfer, ARefusedPermissionAbortsThreeTimesAndChecksNothing) {
 }
 
 TEST_F(TableTransfer, FailedChecksAbortTwice) {
-    tableIsGood = false;
+    owner.tableIsGood = false;
     const Log log = send();
     EXPECT_EQ(Log(log.end() - 3, log.end()), (Log{"check_Frequencies", "link AbortTransfer", "link AbortTransfer"}));
 }
 
 TEST_F(TableTransfer, TooManyScannedChannelsAbortOnceAfterTheMessage) {
-    scanMessage = "Total number of channel scan must not exceed 40.";
+    owner.scanMessage = "Total number of channel scan must not exceed 40.";
     const Log log = send();
     EXPECT_EQ(Log(log.end() - 6, log.end()),
               (Log{"check_Frequencies", "CheckTotalNoOfChannelScan", "event PauseDiagnostics", "MessageTitle", "box",
                    "link AbortTransfer"}));
-    EXPECT_EQ(desktop.boxes(), (Boxes{{.text = scanMessage, .title = "Telvar", .icon = ui::Icon::Exclamation}}));
+    EXPECT_EQ(desktop.boxes(), (Boxes{{.text = owner.scanMessage, .title = "Telvar", .icon = ui::Icon::Exclamation}}));
 }
 
 TEST_F(TableTransfer, ThePermissionIsMadeForEachSendFromTheStoreOfTheMoment) {
-    int made = 0;
-    auto own = surroundings();
-    own.makePermission = [&](const model::DataStorePointer& given) {
-        EXPECT_EQ(given, store);
-        ++made;
-        return transfer::storePermission(given);
-    };
-    transfer::TableTransfer transfer(std::move(own));
-    transfer.send();
-    transfer.send();
-    EXPECT_EQ(made, 2);
+    static_cast<void>(send());
+    const auto other = std::make_shared<JournalStore>(*memory, journal);
+    session.setStore(other);
+    static_cast<void>(send());
+    EXPECT_EQ(owner.permissionsFrom, (std::vector<model::DataStorePointer>{store, other}));
 }
 
 TEST_F(TableTransfer, TheWaitLetsEventsRunAndEndsWhenTheLinkIsQuiet) {
@@ -232,12 +241,12 @@ TEST_F(TableTransfer, TheWaitLetsEventsRunAndEndsWhenTheLinkIsQuiet) {
         desktop.whenPumping([&] { ++turns; });
         desktop.whenPumping([&] {
             ++turns;
-            EXPECT_TRUE(sequence.underWay());
+            EXPECT_TRUE(underWay());
             memory->put(StoreMember::CommsBusy, false);
         });
         const Log log = sending ? send() : load();
         EXPECT_EQ(turns, 2);
-        EXPECT_FALSE(sequence.underWay());
+        EXPECT_FALSE(underWay());
         EXPECT_EQ(log.back(), sending ? "link SendChannelTable" : "link LoadChannelTable '' True");
     }
 }
@@ -253,7 +262,7 @@ TEST_F(TableTransfer, TheWaitHasNoLimit) {
     for (const bool sending : {true, false}) {
         memory->put(StoreMember::CommsBusy, true);
         waitAnHour(desktop, [&] {
-            EXPECT_TRUE(sequence.underWay());
+            EXPECT_TRUE(underWay());
             memory->put(StoreMember::CommsBusy, false);
         });
         EXPECT_EQ((sending ? send() : load()).back(),
@@ -270,7 +279,7 @@ TEST_F(TableTransfer, AQuittingMessageLoopBeginsNoExchangeBeTheLinkQuietOrNot) {
             EXPECT_EQ(std::ranges::count(log, "CommsTask="), 0) << busy;
             EXPECT_EQ(std::ranges::count(log, "link AbortTransfer"), 0) << busy;
             EXPECT_TRUE(log.back() == "CommsBusy" || log.back() == "event PauseDiagnostics") << log.back();
-            EXPECT_FALSE(sequence.underWay());
+            EXPECT_FALSE(underWay());
         }
     }
 }
@@ -299,13 +308,13 @@ TEST_F(TableTransfer, OnlyALoadIsALoad) {
     for (const bool sending : {true, false}) {
         memory->put(StoreMember::CommsBusy, true);
         desktop.whenPumping([&] {
-            EXPECT_EQ(sequence.loading(), !sending);
+            EXPECT_EQ(loading(), !sending);
             sequence.load();
-            EXPECT_EQ(sequence.loading(), !sending) << "the refused one changes nothing";
+            EXPECT_EQ(loading(), !sending) << "the refused one changes nothing";
             memory->put(StoreMember::CommsBusy, false);
         });
         static_cast<void>(sending ? send() : load());
-        EXPECT_FALSE(sequence.loading());
+        EXPECT_FALSE(loading());
     }
 }
 
@@ -353,31 +362,26 @@ TEST_F(TableTransfer, AnotherTransferInsideTheWaitIsRefusedInOneSentence) {
 // Whatever the sequence shows: while its box is open, the host may call.
 TEST_F(TableTransfer, AnotherTransferInsideABoxOfTheSequenceIsRefusedInOneSentence) {
     memory->put(StoreMember::ShowSendWarning, true);
-    scanMessage = "Total number of channel scan must not exceed 40.";
-    auto own = surroundings();
-    own.checkFrequencies = [this] {
-        desktop.show({.text = "a finding"});
-        return true;
-    };
-    transfer::TableTransfer sending(std::move(own));
+    owner.scanMessage = "Total number of channel scan must not exceed 40.";
+    owner.duringCheck = [this] { desktop.show({.text = "a finding"}); };
     int inside = 0;
     desktop.duringBox = [&](const ui::MessageBox& box) {
-        EXPECT_TRUE(sending.underWay());
+        EXPECT_TRUE(underWay());
         if (box.text != anotherTransfer) {
-            (++inside % 2 == 0) ? sending.send() : sending.load();
+            (++inside % 2 == 0) ? sequence.send() : sequence.load();
         }
     };
     for (int answer = 0; answer < 6; ++answer) {
         desktop.answerWith(ui::Answer::Ok);
     }
-    sending.send();
-    EXPECT_FALSE(sending.underWay());
+    sequence.send();
+    EXPECT_FALSE(underWay());
     std::vector<std::string> texts;
     for (const ui::MessageBox& box : desktop.boxes()) {
         texts.push_back(box.text);
     }
     EXPECT_EQ(texts, (std::vector<std::string>{overwriteQuestion.text, anotherTransfer, "a finding", anotherTransfer,
-                                               scanMessage, anotherTransfer}));
+                                               owner.scanMessage, anotherTransfer}));
     EXPECT_EQ(std::ranges::count(journal.entries, "event DisableCommands"), 1);
     EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), 1);
 }
@@ -419,7 +423,7 @@ TEST_F(TableTransfer, WhereNobodyKnowsWhetherAnExchangeRunsAFailureAbortsNothing
             return JournalStore::get(member);
         }
     };
-    store = std::make_shared<SecretiveStore>(*memory, journal);
+    session.setStore(std::make_shared<SecretiveStore>(*memory, journal));
     for (const bool sending : {true, false}) {
         EXPECT_THROW(sending ? sequence.send() : sequence.load(), base::Failure);
         EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), 0);
@@ -434,7 +438,7 @@ TEST_F(TableTransfer, WhereNobodyKnowsWhetherAnExchangeRunsAFailureAbortsNothing
 TEST_F(TableTransfer, TheStoreOfTheMomentIsToldTheTask) {
     memory->put(StoreMember::CommsBusy, true);
     model::MemoryDataStore other;
-    desktop.whenPumping([&] { store = std::make_shared<JournalStore>(other, journal); });
+    desktop.whenPumping([&] { session.setStore(std::make_shared<JournalStore>(other, journal)); });
     static_cast<void>(load());
     EXPECT_EQ(other.get(StoreMember::CommsTask), base::Value{std::int16_t{22}});
     EXPECT_NE(memory->get(StoreMember::CommsTask), base::Value{std::int16_t{22}});
@@ -456,7 +460,7 @@ TEST_F(TableTransfer, AFailureOnceTheHostIsDisabledAbortsOnceAndReachesTheCaller
             const bool prepared = disabled != journal.entries.end();
             EXPECT_EQ(std::ranges::count(journal.entries, "link AbortTransfer"), prepared ? 1 : 0) << step;
             EXPECT_EQ(journal.entries.back() == "link AbortTransfer", prepared) << step;
-            EXPECT_FALSE(sequence.underWay()) << step;
+            EXPECT_FALSE(underWay()) << step;
         }
         static_cast<void>(desktop.takeBoxes());
     }

@@ -11,7 +11,6 @@
 #include "ui/label.h"
 #include "ui/option_button.h"
 #include "ui/text_box.h"
-#include "ui/trapped.h"
 
 namespace telvar::tests {
 namespace {
@@ -330,14 +329,6 @@ TEST(Timer, RunsWhileItIsEnabledAndHasAnInterval) {
     }
     desktop.advance(1000ms);
     EXPECT_EQ(ticks, 6);
-}
-
-TEST(Failures, AreToldUnderTheRoutinesName) {
-    TestDesktop desktop;
-    EXPECT_TRUE(ui::trapped(desktop, "Good", [] {}));
-    EXPECT_FALSE(ui::trapped(desktop, "Bad", [] { throw std::runtime_error("any"); }));
-    const Boxes expected{{.text = "Error in Bad()", .title = "Tesslin", .icon = ui::Icon::Exclamation}};
-    EXPECT_EQ(desktop.boxes(), expected);
 }
 
 TEST(Twips, AreRoundedToTheNearestPixelBothWays) {

@@ -42,11 +42,12 @@ protected:
     }
 
     ui::Grid grid{"fgdDatabase", 256, 27};
-    editing::GridSurroundings surroundings{.grid = grid, .desktop = desktop};
+    session::Session session{desktop, {}};
+    editing::GridRows rows{session, grid};
     ui::MenuItem undo{"mnuUndo", "&Undo"};
     ui::MenuItem redo{"mnuRedo", "&Redo"};
-    editing::UndoHistory history{surroundings, undo, redo};
-    editing::frmFill form{surroundings, history};
+    editing::UndoHistory history{rows, undo, redo};
+    editing::frmFill form{rows, history};
     int asked = 0;
 };
 

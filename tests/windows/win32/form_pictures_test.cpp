@@ -22,11 +22,12 @@ TEST_F(FormPictures, EveryKindOfWidgetIsReadable) {
 
 TEST_F(FormPictures, TheFillDialogIsReadable) {
     ui::Grid grid("fgdDatabase", 256, 27);
-    const editing::GridSurroundings surroundings{.grid = grid, .desktop = desktop};
+    session::Session session(desktop, {});
+    editing::GridRows rows(session, grid);
     ui::MenuItem undo{"mnuUndo", "&Undo"};
     ui::MenuItem redo{"mnuRedo", "&Redo"};
-    editing::UndoHistory history(surroundings, undo, redo);
-    editing::frmFill fill(surroundings, history);
+    editing::UndoHistory history(rows, undo, redo);
+    editing::frmFill fill(rows, history);
     fill.offerSeries();
     expectReadable(desktop, fill, "frmFill-series");
     fill.offerFillDown();

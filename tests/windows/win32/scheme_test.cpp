@@ -226,11 +226,12 @@ TEST_F(FormsInBlack, EveryLockedFieldOfTheEditFormIsSeen) {
 }
 
 TEST_F(FormsInBlack, EveryTextOfTheFillDialogIsSeen) {
-    const editing::GridSurroundings surroundings{.grid = grid, .desktop = desktop};
+    session::Session session(desktop, {});
+    editing::GridRows rows(session, grid);
     ui::MenuItem undo{"mnuUndo", "&Undo"};
     ui::MenuItem redo{"mnuRedo", "&Redo"};
-    editing::UndoHistory history(surroundings, undo, redo);
-    editing::frmFill fill(surroundings, history);
+    editing::UndoHistory history(rows, undo, redo);
+    editing::frmFill fill(rows, history);
     fill.offerSeries();
     expectSeen(fill, "frmFill-series");
     fill.offerFillDown();

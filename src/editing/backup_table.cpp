@@ -1,4 +1,4 @@
-#include "editing/table_copy.h"
+#include "editing/backup_table.h"
 
 #include <cmath>
 #include <type_traits>
@@ -28,7 +28,7 @@ using model::ChannelKey;
 
 }  // namespace
 
-void TableCopy::takeFrom(model::DataStore& live) {
+void BackupTable::takeFrom(model::DataStore& live) {
     for (std::int16_t index = 0; index < model::channelCount; ++index) {
         for (const auto key : copiedKeys) {
             keep(index, key, live.ChannelTable()[index].get(key));
@@ -36,7 +36,7 @@ void TableCopy::takeFrom(model::DataStore& live) {
     }
 }
 
-void TableCopy::giveTo(model::DataStore& live) const {
+void BackupTable::giveTo(model::DataStore& live) const {
     for (std::int16_t index = 0; index < model::channelCount; ++index) {
         for (const auto key : copiedKeys) {
             live.ChannelTable()[index].put(key, kept(index, key));
@@ -44,7 +44,7 @@ void TableCopy::giveTo(model::DataStore& live) const {
     }
 }
 
-void TableCopy::keep(std::int16_t index, ChannelKey key, const base::Value& value) {
+void BackupTable::keep(std::int16_t index, ChannelKey key, const base::Value& value) {
     if (!tableKeeps(key, value)) {
         beside_.insert_or_assign({index, key}, value);
         return;
@@ -53,7 +53,7 @@ void TableCopy::keep(std::int16_t index, ChannelKey key, const base::Value& valu
     beside_.erase({index, key});
 }
 
-base::Value TableCopy::kept(std::int16_t index, ChannelKey key) const {
+base::Value BackupTable::kept(std::int16_t index, ChannelKey key) const {
     const auto found = beside_.find({index, key});
     return found != beside_.end() ? found->second : table_->ChannelTable()[index].get(key);
 }

@@ -27,9 +27,9 @@ static_assert(copiedKeys.size() == 28);
 
 // A private channel table that holds the copy, and beside it what such a table would refuse or change: a foreign store
 // may have Null, nothing or a text where a number is expected, or a number for True, and gets it back as it was.
-class TableCopy {
+class BackupTable {
 public:
-    explicit TableCopy(model::DataStorePointer table) noexcept : table_(std::move(table)) {}
+    explicit BackupTable(model::DataStorePointer table) noexcept : table_(std::move(table)) {}
 
     [[nodiscard]] const model::DataStorePointer& table() const noexcept { return table_; }
 
