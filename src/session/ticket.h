@@ -30,12 +30,6 @@ public:
     = delete;
 
     [[nodiscard]] bool valid() const { return now_ == before_; }
-    // What the only thing, or the first one, was.
-    [[nodiscard]] const auto& before() const noexcept
-        requires(sizeof...(Things) > 0)
-    {
-        return std::get<0>(before_);
-    }
 
 private:
     std::tuple<const Things&...> now_;
