@@ -63,6 +63,16 @@ TEST(Html, HasOneLineForEachRow) {
     EXPECT_EQ(countOf(html, "<tr>"), 3U);
 }
 
+TEST(Html, KeepsTabsAndLineBreaksAndReplacesOtherControlCharacters) {
+    const std::string html = htmlOf({.title = "a\tb\r\nc\x1F\x7F"});
+    EXPECT_TRUE(holds(html, "<h1>a\tb\r\nc\xEF\xBF\xBD\xEF\xBF\xBD</h1>"));
+}
+
+TEST(Html, HasNoCellWithoutAColumn) {
+    const std::string html = htmlOf({.columns = {{.header = "Channel"}}, .rows = {{.cells = {"1", "lost"}}, {}}});
+    EXPECT_TRUE(holds(html, "<tr><th scope=\"row\">1</th></tr>\n<tr></tr>\n"));
+}
+
 TEST(Html, RowsThatAreNotInUseCanBeLeftOut) {
     PrintedTable used = table();
     keepRowsInUse(used);
