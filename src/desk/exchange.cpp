@@ -44,6 +44,7 @@ void Exchange::load() {
 void Exchange::prepare(Goal goal, void (Control::*begin)()) {
     goal_ = goal;
     cancelWanted_ = false;
+    showRestored_ = false;
     state_ = State::Preparing;
     bench_.attemptCall([&](Control& control) { (control.*begin)(); });
     surroundings_.refreshState();
@@ -169,7 +170,7 @@ void Exchange::ended(Task task, bool succeeded, const std::string& message) {
     // One that ends while ours is still to begin is another.
     const bool toBegin = state_ == State::Preparing || state_ == State::Waiting;
     if (!toBegin) {
-        showRestored_ = showRestored_ && succeeded && task == Task::Restore;
+        showRestored_ = showRestored_ && (goal_ != Goal::Restore || succeeded);
         release();
     }
     news_.loaded = news_.loaded || (succeeded && task == Task::Load);

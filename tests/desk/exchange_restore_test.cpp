@@ -264,6 +264,28 @@ TEST_F(Restoring, ShowingWaitsWhileSomethingModalIsOpen) {
     EXPECT_EQ(journal.count("control load"), 1);
 }
 
+TEST_F(Restoring, ShowingSurvivesTheEndOfSomebodyElsesExchange) {
+    restore(true);
+    end(Task::Restore, true);
+    whileModal([this] {
+        end(Task::Levels, true);
+        end(Task::ChannelSelection, false, "There is no channel 300.");
+    });
+    forget();
+    runLater();
+    EXPECT_EQ(journal.count("control load"), 1);
+}
+
+// The radio holds what was sent since.
+TEST_F(Restoring, ShowingIsForgottenWithTheNextExchange) {
+    restore(true);
+    end(Task::Restore, true);
+    begin(Command::RadioSend);
+    end(Task::Send, true);
+    runLater();
+    EXPECT_EQ(journal.count("control load"), 0);
+}
+
 TEST_F(Restoring, IsNotShownInAWindowThatCloses) {
     restore(true);
     ask.cancelExchange = true;
