@@ -72,7 +72,7 @@ std::vector<Backup> backupsIn(const System& system, const std::string& folder) {
     std::vector<Backup> backups;
     for (const std::string& name : folder.empty() ? std::vector<std::string>() : system.fileNamesIn(folder)) {
         if (auto backup = readBackupName(name)) {
-            backup->path = folder + "\\" + name;
+            backup->path = std::string(folder).append("\\").append(name);
             backups.push_back(*std::move(backup));
         }
     }
