@@ -59,7 +59,8 @@ public:
     // exchange was given up.
     virtual void send() = 0;
     virtual void load() = 0;
-    // What belongs to the radio, during an exchange that the desk begins itself.
+    // What belongs to the radio, during an exchange that the desk begins itself. A failure is passed over, as that of
+    // focus() is.
     virtual void disableCommands() = 0;
     virtual void enableCommands() = 0;
 

@@ -48,15 +48,14 @@ void Desk::rememberRadio() {
 }
 
 void Desk::run(Command command) {
-    const CommandRow* const row = rowOf(command);
-    if (row == nullptr || !(this->*row->allowed)()) {
-        return;
-    }
     bench_.attempt([&] {
+        if (!allowed(command)) {
+            return;
+        }
         if (isRecent(command)) {
             document_.openRecent(static_cast<std::size_t>(command) - static_cast<std::size_t>(Command::RecentFirst));
         } else {
-            (this->*row->run)();
+            (this->*rowOf(command)->run)();
         }
     });
 }
@@ -82,7 +81,10 @@ bool Desk::mayClose() {
         bench_.window.showModal();
         return false;
     }
-    return exchange_.mayLeave() && document_.mayGo();
+    bool may = false;
+    const bool answered = bench_.attempt([&] { may = exchange_.mayLeave() && document_.mayGo(); });
+    // A store that cannot say whether it holds changes does not hold the window for ever.
+    return may || !answered;
 }
 
 void Desk::goOn() {

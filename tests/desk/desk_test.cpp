@@ -250,4 +250,16 @@ TEST(SettingValues, AreReadAndOfAnotherKindAreNone) {
     EXPECT_EQ(settings.number("Maximised"), 0);
 }
 
+TEST_F(Begin, ALinkThatFailsWhenACommandAsksItIsTold) {
+    link.fails("connection", "The link is gone");
+    run(Command::RadioFaults);
+    EXPECT_EQ(notesOf({"ask"}), Notes{"ask tell: The link is gone."});
+}
+
+TEST_F(Begin, AStoreThatCannotSayWhetherItHoldsChangesIsToldAndLetsTheWindowClose) {
+    store.fails("modified", "The store is gone");
+    EXPECT_TRUE(program->mayClose());
+    EXPECT_EQ(notesOf({"ask"}), Notes{"ask tell: The store is gone."});
+}
+
 }  // namespace telvar::tests

@@ -197,7 +197,10 @@ public:
         act("restore", backup);
         running = true;
     }
-    [[nodiscard]] std::string connection() const override { return address; }
+    [[nodiscard]] std::string connection() const override {
+        look("connection");
+        return address;
+    }
     void setConnection(const std::string& wanted) override {
         act("connect", wanted);
         address = wanted;
