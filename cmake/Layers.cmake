@@ -1,5 +1,6 @@
 # Reads tools/layers.txt. Sets TELVAR_FOLDERS (those this build makes, in the list's order) and for each folder x of it
 # TELVAR_ALLOWED_x, TELVAR_KIND_x (LIBRARY, MODULE or PROGRAM) and TELVAR_NAME_x (the file a module or program becomes).
+# What the Windows half of a folder may include, its row x/windows, is added to the folder's own in a build for Windows.
 set(layers ${CMAKE_CURRENT_SOURCE_DIR}/tools/layers.txt)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${layers})
 
@@ -14,6 +15,16 @@ foreach(line IN LISTS lines)
     string(STRIP "${CMAKE_MATCH_4}" marks)
     separate_arguments(allowed)
     separate_arguments(marks)
+
+    if(folder MATCHES "^(.*)/windows$" AND CMAKE_MATCH_1 IN_LIST TELVAR_FOLDERS)
+        set(whole ${CMAKE_MATCH_1})
+        if(WIN32)
+            list(REMOVE_ITEM allowed ${whole})
+            list(APPEND TELVAR_ALLOWED_${whole} ${allowed})
+            list(REMOVE_DUPLICATES TELVAR_ALLOWED_${whole})
+        endif()
+        continue()
+    endif()
 
     set(TELVAR_WINDOWS_ONLY_${folder} OFF)
     set(TELVAR_KIND_${folder} LIBRARY)

@@ -70,6 +70,22 @@ TEST_F(CheckLayers, RefusesAnIncludeThatIsNotWrittenFromSrc) {
     EXPECT_THAT(check().output, HasSubstr("\"grid.h\" is not written from src"));
 }
 
+TEST_F(CheckLayers, OnlyTheHalfForWindowsIncludesWhatItsRowNames) {
+    add("src/os/windows/clock.cpp", "#include \"base/value.h\"\n#include \"os/clock.h\"\n#include \"win/text.h\"\n");
+    EXPECT_EQ(check().output, "");
+}
+
+TEST_F(CheckLayers, TheOtherHalvesDoNot) {
+    add("src/os/clock.cpp", "#include \"win/text.h\"\n");
+    add("src/os/posix/clock.cpp", "#include \"win/text.h\"\n");
+    add("src/os/files.cpp", "#include \"os/windows/clock.h\"\n");
+    add("src/os/windows/clock.cpp", "#include \"ui/grid.h\"\n");
+    EXPECT_EQ(check().output, "src/os/clock.cpp:1: os may not include win (\"win/text.h\")\n"
+                              "src/os/files.cpp:1: os may not include os/windows (\"os/windows/clock.h\")\n"
+                              "src/os/posix/clock.cpp:1: os may not include win (\"win/text.h\")\n"
+                              "src/os/windows/clock.cpp:1: os/windows may not include ui (\"ui/grid.h\")\n");
+}
+
 // Test programs are scripts here; each is what run_tests may meet.
 class RunTests : public testing::Test {
 protected:
