@@ -5,7 +5,6 @@
 #include <exception>
 #include <string>
 
-#include "com/kit/text.h"
 #include "desk/sentences.h"
 #include "host/shell/command_line.h"
 #include "host/shell/dialogs.h"
@@ -17,6 +16,7 @@
 #include "walk/walk_steps.h"
 #include "walk/walked_program.h"
 #include "walk/watchdog.h"
+#include "win/text.h"
 
 namespace telvar::walk {
 
@@ -42,7 +42,7 @@ ExitStatus walk(const std::wstring& folder, const std::wstring& file) {
         window.show(SW_SHOWNORMAL);
         host::pumpMessages(window);
     } catch (const std::exception& failure) {
-        transcript.line(L"FAIL  " + com::wide(desk::sentenceFor(failure)));
+        transcript.line(L"FAIL  " + win::wide(desk::sentenceFor(failure)));
         return ExitStatus::CannotStart;
     }
     return walk.conclude() ? ExitStatus::Fine : ExitStatus::Differed;

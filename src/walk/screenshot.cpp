@@ -2,26 +2,13 @@
 
 #include <wincodec.h>
 
-#include <memory>
-
 #include "com/kit/failure.h"
 #include "com/kit/pointer.h"
+#include "win/gdi.h"
 
 namespace telvar::walk {
 
 namespace {
-
-struct FreeScreen {
-    void operator()(HDC screen) const noexcept { ReleaseDC(nullptr, screen); }
-};
-struct FreeContext {
-    void operator()(HDC context) const noexcept { DeleteDC(context); }
-};
-struct FreeBitmap {
-    void operator()(HBITMAP bitmap) const noexcept { DeleteObject(bitmap); }
-};
-template <class Handle, class Free>
-using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Free>;
 
 // A window and what it owns.
 struct Covered {
@@ -43,20 +30,17 @@ BOOL CALLBACK addOwned(HWND window, LPARAM data) noexcept {
     return TRUE;
 }
 
-Owned<HBITMAP, FreeBitmap> pictureOf(const RECT& area) {
+win::Bitmap pictureOf(const RECT& area) {
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
-    const Owned<HDC, FreeScreen> screen(GetDC(nullptr));
-    const Owned<HDC, FreeContext> memory(CreateCompatibleDC(screen.get()));
-    Owned<HBITMAP, FreeBitmap> bitmap(CreateCompatibleBitmap(screen.get(), width, height));
-    if (!screen || !memory || !bitmap) {
+    const win::WindowContext screen(nullptr);
+    const win::MemoryContext memory(screen.get());
+    win::Bitmap bitmap(CreateCompatibleBitmap(screen.get(), width, height));
+    if (!memory || !bitmap) {
         throw com::ComFailure(E_FAIL, "There is no screen to take a picture of");
     }
-    const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
-    const BOOL copied =
-        BitBlt(memory.get(), 0, 0, width, height, screen.get(), area.left, area.top, SRCCOPY | CAPTUREBLT);
-    SelectObject(memory.get(), previous);
-    if (!copied) {
+    const win::Selected selected(memory.get(), bitmap.get());
+    if (BitBlt(memory.get(), 0, 0, width, height, screen.get(), area.left, area.top, SRCCOPY | CAPTUREBLT) == FALSE) {
         throw com::ComFailure(E_FAIL, "The screen could not be read");
     }
     return bitmap;

@@ -2,10 +2,10 @@
 // came.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 #include <string_view>
+
+#include "win/handle.h"
 
 namespace telvar::walk {
 
@@ -13,17 +13,12 @@ class Transcript {
 public:
     // Throws com::ComFailure where the file cannot be written.
     explicit Transcript(const std::wstring& path);
-    Transcript(const Transcript&) = delete;
-    Transcript& operator=(const Transcript&) = delete;
-    Transcript(Transcript&&) = delete;
-    Transcript& operator=(Transcript&&) = delete;
-    ~Transcript();
 
     // From any thread.
     void line(std::wstring_view text);
 
 private:
-    HANDLE file_;
+    win::Handle file_;
 };
 
 }  // namespace telvar::walk

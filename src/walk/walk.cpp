@@ -4,9 +4,9 @@
 #include <array>
 #include <utility>
 
-#include "com/kit/text.h"
 #include "desk/sentences.h"
 #include "walk/screenshot.h"
+#include "win/text.h"
 
 namespace telvar::walk {
 
@@ -102,7 +102,7 @@ void CALLBACK Walk::ticked(HWND, UINT, UINT_PTR timer, DWORD) noexcept {
         walk->tick();
     } catch (const std::exception& failure) {
         walk->inside_ = false;
-        walk->fail(com::wide(desk::sentenceFor(failure)));
+        walk->fail(win::wide(desk::sentenceFor(failure)));
     }
 }
 

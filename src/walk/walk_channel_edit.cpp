@@ -8,10 +8,10 @@
 #include "VexloRadioLink.h"
 #include "com/kit/bstr.h"
 #include "com/kit/failure.h"
-#include "com/kit/text.h"
 #include "walk/keyboard.h"
 #include "walk/walk_input.h"
 #include "walk/walk_job.h"
+#include "win/text.h"
 
 namespace telvar::walk {
 
@@ -137,7 +137,7 @@ void WalkJob::addLiveLevel(std::vector<WalkStep>& steps) {
     steps.push_back({.text = L"Alt+U sends the levels to the radio from now on",
                      .act = [] { press({VK_MENU, 'U'}); },
                      .done = [this] { return !levelRequests(trace_).empty(); },
-                     .result = [this] { return com::wide(levelRequests(trace_).back()); }});
+                     .result = [this] { return win::wide(levelRequests(trace_).back()); }});
     steps.push_back(moveStep(L"Alt+E and the arrow keys move the transmit power up, and the radio hears the last level",
                              VK_UP, L"28-live"));
     steps.push_back(moveStep(L"and down again", VK_DOWN, L""));
@@ -155,7 +155,7 @@ WalkStep WalkJob::moveStep(const std::wstring& what, WORD key, const std::wstrin
                 },
             .done = [this, key] { return movedLevel(key == VK_UP ? levelSteps : -levelSteps); },
             .picture = picture,
-            .result = [this] { return com::wide(levelRequests(trace_).back()); }};
+            .result = [this] { return win::wide(levelRequests(trace_).back()); }};
 }
 
 // The last request's first byte against the one before the move.

@@ -1,10 +1,9 @@
 #include "walk/walk_input.h"
 
-#include <cstring>
-
 #include "com/kit/failure.h"
 #include "walk/keyboard.h"
 #include "walk/walk.h"
+#include "win/global_memory.h"
 
 namespace telvar::walk {
 
@@ -31,17 +30,13 @@ void typeOver(std::wstring_view text) {
 }
 
 void setClipboard(HWND owner, std::wstring_view text) {
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
-    if (memory == nullptr || !OpenClipboard(owner)) {
-        GlobalFree(memory);
+    win::GlobalMemory block = win::textBlock(text);
+    if (!block || !OpenClipboard(owner)) {
         throw com::ComFailure(E_FAIL, "The clipboard cannot be used");
     }
-    std::memcpy(GlobalLock(memory), text.data(), text.size() * sizeof(wchar_t));
-    GlobalUnlock(memory);
     EmptyClipboard();
     // The clipboard owns the memory from now on.
-    SetClipboardData(CF_UNICODETEXT, memory);
+    SetClipboardData(CF_UNICODETEXT, block.release());
     CloseClipboard();
 }
 

@@ -1,7 +1,8 @@
-// The DPI question is asked by name, because systems before Windows 10 do not know it.
 #include "win/scaling.h"
 
 #include <bit>
+
+#include "win/gdi.h"
 
 namespace telvar::win {
 
@@ -11,25 +12,25 @@ constexpr int himetricPerInch = 2540;
 
 using DpiForWindow = UINT(WINAPI*)(HWND);
 
+// Not in the import table: our modules also load where the function does not exist.
 DpiForWindow findDpiForWindow() noexcept {
     const HMODULE user = GetModuleHandleW(L"user32.dll");
     const FARPROC found = user == nullptr ? nullptr : GetProcAddress(user, "GetDpiForWindow");
     return std::bit_cast<DpiForWindow>(found);
 }
 
-int systemDpi() noexcept {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = screen == nullptr ? 0 : GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
+}  // namespace
+
+int screenDpi() noexcept {
+    const WindowContext screen(nullptr);
+    const int dpi = GetDeviceCaps(screen.get(), LOGPIXELSX);
     return dpi > 0 ? dpi : standardDpi;
 }
 
-}  // namespace
-
 int dpiOf(HWND window) noexcept {
     static const DpiForWindow ask = findDpiForWindow();
-    const int dpi = ask == nullptr ? 0 : static_cast<int>(ask(window));
-    return dpi > 0 ? dpi : systemDpi();
+    const int dpi = ask == nullptr || window == nullptr ? 0 : static_cast<int>(ask(window));
+    return dpi > 0 ? dpi : screenDpi();
 }
 
 int scaled(int length, int dpi) noexcept { return MulDiv(length, dpi, standardDpi); }

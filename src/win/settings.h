@@ -2,12 +2,12 @@
 // no failure: reading answers nothing and writing is lost.
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "win/registry.h"
 
 namespace telvar::win {
 
@@ -15,11 +15,6 @@ class Settings {
 public:
     // `key` is below HKEY_CURRENT_USER and is created when it does not exist.
     explicit Settings(const std::wstring& key);
-    Settings(const Settings&) = delete;
-    Settings& operator=(const Settings&) = delete;
-    Settings(Settings&&) = delete;
-    Settings& operator=(Settings&&) = delete;
-    ~Settings();
 
     // Each that changes something answers whether the value is kept, or gone.
     [[nodiscard]] std::optional<std::int32_t> number(const wchar_t* name) const;
@@ -35,7 +30,7 @@ public:
     bool remove(const wchar_t* name);
 
 private:
-    HKEY key_ = nullptr;
+    std::optional<RegistryKey> key_;
 };
 
 }  // namespace telvar::win

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <filesystem>
+
 namespace telvar::win {
 
 std::wstring userFolder() {
@@ -9,7 +11,8 @@ std::wstring userFolder() {
     folder.resize(GetEnvironmentVariableW(L"LOCALAPPDATA", folder.data(), static_cast<DWORD>(folder.size())));
     if (!folder.empty()) {
         folder += L"\\Telvar";
-        CreateDirectoryW(folder.c_str(), nullptr);
+        std::error_code error;
+        std::filesystem::create_directories(folder, error);
     }
     return folder;
 }

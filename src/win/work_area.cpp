@@ -1,6 +1,7 @@
 #include "win/work_area.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace telvar::win {
 
@@ -16,13 +17,19 @@ long long commonArea(const RECT& one, const RECT& other) noexcept {
     return width > 0 && height > 0 ? width * height : 0;
 }
 
-BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM data) noexcept {
+RECT wholeScreen() noexcept { return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
+
+std::optional<MONITORINFO> informationOf(HMONITOR monitor) noexcept {
     MONITORINFO information{};
     information.cbSize = sizeof information;
-    if (GetMonitorInfoW(monitor, &information)) {
+    return GetMonitorInfoW(monitor, &information) != FALSE ? std::optional(information) : std::nullopt;
+}
+
+BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM data) noexcept {
+    if (const auto information = informationOf(monitor)) {
         auto& areas = *reinterpret_cast<std::vector<RECT>*>(data);
-        const bool first = (information.dwFlags & MONITORINFOF_PRIMARY) != 0;
-        areas.insert(first ? areas.begin() : areas.end(), information.rcWork);
+        const bool first = (information->dwFlags & MONITORINFOF_PRIMARY) != 0;
+        areas.insert(first ? areas.begin() : areas.end(), information->rcWork);
     }
     return TRUE;
 }
@@ -40,11 +47,16 @@ RECT fitted(RECT wanted, std::span<const RECT> workAreas) noexcept {
     return {left, top, left + width, top + height};
 }
 
+RECT workAreaOf(HMONITOR monitor) noexcept {
+    const auto information = informationOf(monitor);
+    return information ? information->rcWork : wholeScreen();
+}
+
 std::vector<RECT> workAreas() {
     std::vector<RECT> areas;
     EnumDisplayMonitors(nullptr, nullptr, addWorkArea, reinterpret_cast<LPARAM>(&areas));
     if (areas.empty()) {
-        areas.push_back({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+        areas.push_back(wholeScreen());
     }
     return areas;
 }

@@ -12,6 +12,9 @@ namespace telvar::win {
 // `workAreas` is not empty.
 [[nodiscard]] RECT fitted(RECT wanted, std::span<const RECT> workAreas) noexcept;
 
+// Of one monitor, or of the whole screen when the monitor is gone.
+[[nodiscard]] RECT workAreaOf(HMONITOR monitor) noexcept;
+
 // The work areas of all monitors, the main one first; never empty.
 [[nodiscard]] std::vector<RECT> workAreas();
 

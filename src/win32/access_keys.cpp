@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "win32/convert.h"
+#include "win/text.h"
 
 namespace telvar::win32 {
 
@@ -16,7 +16,7 @@ wchar_t upper(wchar_t character) noexcept {
 }  // namespace
 
 bool hasAccessKey(std::string_view caption, wchar_t character) {
-    const std::wstring wide = widened(caption);
+    const std::wstring wide = win::wide(caption);
     for (std::size_t at = 0; at + 1 < wide.size(); ++at) {
         if (wide[at] == L'&') {
             ++at;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "win/text.h"
 #include "win32/control_peer.h"
 #include "win32/convert.h"
 #include "win32/peers.h"
@@ -153,7 +154,7 @@ private:
             shown = 0;
         }
         for (; shown < items.size(); ++shown) {
-            SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(widened(items[shown]).c_str()));
+            SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(win::wide(items[shown]).c_str()));
         }
     }
 

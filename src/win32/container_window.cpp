@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ui/frame.h"
-#include "win32/dpi.h"
+#include "win/scaling.h"
 #include "win32/peers.h"
 
 namespace telvar::win32 {
@@ -165,7 +165,7 @@ LRESULT ContainerWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return 0;
     case dpiChangedAfterParent:
-        changeFont(dpiOf(handle()));
+        changeFont(win::dpiOf(handle()));
         return 0;
     case WM_DESTROY:
         release();

@@ -11,13 +11,13 @@
 #include <vector>
 
 #include "ui/form.h"
+#include "win/window.h"
 #include "win32/peer.h"
-#include "win32/window.h"
 #include "win32/windows_desktop.h"
 
 namespace telvar::win32 {
 
-class ContainerWindow : public Window, public PeerHost, public ui::WidgetPeer {
+class ContainerWindow : public win::Window, public PeerHost, public ui::WidgetPeer {
 public:
     ~ContainerWindow() override;
 

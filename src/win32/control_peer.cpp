@@ -3,9 +3,10 @@
 #include <windowsx.h>
 
 #include "base/failure.h"
+#include "win/module.h"
+#include "win/text.h"
 #include "win32/convert.h"
 #include "win32/fonts.h"
-#include "win32/module.h"
 #include "win32/text_keys.h"
 
 namespace telvar::win32 {
@@ -22,7 +23,7 @@ ControlPeer::~ControlPeer() {
 void ControlPeer::open(HWND parent) {
     const Control made = control();
     window_ = CreateWindowExW(made.extendedStyle, made.className, L"", made.style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0,
-                              0, parent, nullptr, moduleHandle(), nullptr);
+                              0, parent, nullptr, win::moduleHandle(), nullptr);
     if (window_ == nullptr) {
         throw base::Failure("A window could not be created");
     }
@@ -102,7 +103,7 @@ bool ControlPeer::takesWheel(POINT at) const noexcept {
     return PtInRect(&own, at) != FALSE;
 }
 
-void ControlPeer::setWindowText(const std::string& text) const { SetWindowTextW(window_, widened(text).c_str()); }
+void ControlPeer::setWindowText(const std::string& text) const { SetWindowTextW(window_, win::wide(text).c_str()); }
 
 void ControlPeer::takeFocus() noexcept { host_->giveFocus(*this); }
 

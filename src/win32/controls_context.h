@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include "win/handle.h"
+
 namespace telvar::win32 {
 
 // Number of the manifest among the resources of a module that wants the present look; not one that the system looks for
@@ -13,12 +15,7 @@ inline constexpr WORD controlsManifest = 100;
 // Where the module carries no manifest, or the system refuses, controls have the look of their program.
 class ControlsContext {
 public:
-    ControlsContext() noexcept;
-    ControlsContext(const ControlsContext&) = delete;
-    ControlsContext& operator=(const ControlsContext&) = delete;
-    ControlsContext(ControlsContext&&) = delete;
-    ControlsContext& operator=(ControlsContext&&) = delete;
-    ~ControlsContext();
+    ControlsContext();
 
     // In use on this thread for the life of this object.
     class Active {
@@ -36,7 +33,7 @@ public:
     };
 
 private:
-    HANDLE context_;
+    win::ActivationContext context_;
 };
 
 }  // namespace telvar::win32

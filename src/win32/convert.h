@@ -1,18 +1,13 @@
-// Between the portable types and the system's: texts, rectangles, colours.
+// Between the portable types and the system's: rectangles, colours.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
-#include <string_view>
 
 #include "ui/geometry.h"
 
 namespace telvar::win32 {
-
-// What is not well-formed becomes U+FFFD.
-[[nodiscard]] std::wstring widened(std::string_view text);
-[[nodiscard]] std::string narrowed(std::wstring_view text);
 
 // Text of a window, as UTF-8.
 [[nodiscard]] std::string windowText(HWND window);

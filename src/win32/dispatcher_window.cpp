@@ -8,41 +8,6 @@
 
 namespace telvar::win32 {
 
-void DispatcherWindow::open() { create(WindowKind::Messages, 0, 0, RECT{}, HWND_MESSAGE); }
-
-void DispatcherWindow::post(std::function<void()> work) {
-    const std::scoped_lock held(lock_);
-    if (handle() == nullptr) {
-        return;
-    }
-    queue_.push_back(std::move(work));
-    // One message at a time: a thread's message queue is of limited length.
-    if (!announced_) {
-        announced_ = PostMessageW(handle(), workPosted, 0, 0) != FALSE;
-    }
-}
-
-void DispatcherWindow::runNext() {
-    std::function<void()> work;
-    {
-        const std::scoped_lock held(lock_);
-        announced_ = false;
-        if (queue_.empty()) {
-            return;
-        }
-        work = std::move(queue_.front());
-        queue_.pop_front();
-        // Announced before the work runs, which may pump messages itself.
-        if (!queue_.empty()) {
-            announced_ = PostMessageW(handle(), workPosted, 0, 0) != FALSE;
-        }
-    }
-    const auto kept = holder_ ? holder_() : nullptr;
-    work();
-}
-
-// -- work that waits for everything else ----------------------------------------------------------------------------
-
 void DispatcherWindow::whenIdle(std::function<void()> work) {
     if (handle() == nullptr) {
         return;
@@ -72,7 +37,7 @@ void DispatcherWindow::runIdle() {
     if (idle_.empty()) {
         return;
     }
-    const auto kept = holder_ ? holder_() : nullptr;
+    const auto kept = holdOwner();
     const auto work = std::move(idle_.front());
     idle_.pop_front();
     // Asked before the work runs, which may pump messages itself.
@@ -102,34 +67,25 @@ void DispatcherWindow::stop(const ui::Timer& timer) noexcept {
 }
 
 void DispatcherWindow::tick(UINT_PTR id) const {
-    const auto kept = holder_ ? holder_() : nullptr;
+    const auto kept = holdOwner();
     // A tick that was under way when its timer was stopped finds nothing.
     if (const auto found = timers_.find(id); found != timers_.end()) {
         found->second.timer->Tick();
     }
 }
 
-void DispatcherWindow::close() noexcept {
+void DispatcherWindow::endAll() noexcept {
     for (const auto& [id, running] : timers_) {
         KillTimer(handle(), id);
     }
     timers_.clear();
     KillTimer(handle(), idleTimer);
-    const auto droppedIdle = std::exchange(idle_, {});
-    std::deque<std::function<void()>> dropped;
-    {
-        // A worker that posts meanwhile finds either the window or none.
-        const std::scoped_lock held(lock_);
-        dropped.swap(queue_);
-        destroy();
-    }
+    const auto dropped = std::exchange(idle_, {});
+    close();
 }
 
 LRESULT DispatcherWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case workPosted:
-        runNext();
-        return 0;
     case idleAsked:
         lookForIdle();
         return 0;
@@ -141,7 +97,7 @@ LRESULT DispatcherWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return 0;
     default:
-        return defaultMessage(message, wParam, lParam);
+        return WorkWindow::message(message, wParam, lParam);
     }
 }
 

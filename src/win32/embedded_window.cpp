@@ -1,12 +1,13 @@
 #include "win32/embedded_window.h"
+#include "win32/window_kinds.h"
 
-#include "win32/dpi.h"
+#include "win/scaling.h"
 
 namespace telvar::win32 {
 
 void EmbeddedWindow::open(HWND parent, const RECT& at) {
-    create(WindowKind::Panel, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, at, parent);
-    useFont(dpiOf(handle()));
+    create(panelKind, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, at, parent);
+    useFont(win::dpiOf(handle()));
     fill();
     ShowWindow(handle(), SW_SHOWNA);
 }

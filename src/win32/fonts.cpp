@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "win32/dpi.h"
+#include "win/scaling.h"
 
 namespace telvar::win32 {
 
@@ -12,7 +12,7 @@ LOGFONTW messageFont(int dpi) noexcept {
     LOGFONTW font{};
     if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0) != FALSE) {
         font = metrics.lfMessageFont;
-        font.lfHeight = MulDiv(font.lfHeight, dpi, screenDpi());
+        font.lfHeight = MulDiv(font.lfHeight, dpi, win::screenDpi());
     } else {
         constexpr int points = 8;
         font.lfHeight = -MulDiv(points, dpi, 72);
@@ -26,9 +26,9 @@ LOGFONTW messageFont(int dpi) noexcept {
 
 FormFont::FormFont(int dpi) : dpi_(dpi) {
     const LOGFONTW description = messageFont(dpi);
-    font_ = Font(CreateFontIndirectW(&description));
-    const MemoryContext dc;
-    const Selected selected(dc.get(), font_.get());
+    font_ = win::Font(CreateFontIndirectW(&description));
+    const win::MemoryContext dc;
+    const win::Selected selected(dc.get(), font_.get());
     TEXTMETRICW metrics{};
     GetTextMetricsW(dc.get(), &metrics);
     height_ = static_cast<int>(metrics.tmHeight);
@@ -52,8 +52,8 @@ int FormFont::widthOf(std::wstring_view text) const noexcept {
     if (isAscii(text)) {
         return widthOf(nullptr, text);
     }
-    const MemoryContext dc;
-    const Selected selected(dc.get(), font_.get());
+    const win::MemoryContext dc;
+    const win::Selected selected(dc.get(), font_.get());
     return widthOf(dc.get(), text);
 }
 

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "win32/gdi.h"
+#include "win/gdi.h"
 
 namespace telvar::win32 {
 
@@ -34,7 +34,7 @@ private:
     int dpi_;
     int height_ = 0;
     std::array<INT, 128> widths_{};
-    Font font_;
+    win::Font font_;
 };
 
 }  // namespace telvar::win32

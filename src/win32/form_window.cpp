@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "win/scaling.h"
+#include "win/text.h"
 #include "win32/convert.h"
-#include "win32/dpi.h"
 #include "win32/placement.h"
+#include "win32/window_kinds.h"
 
 namespace telvar::win32 {
 
@@ -52,8 +54,8 @@ void FormWindow::open(HWND owner) {
     // There first, so that it has the dots per inch of that screen, and with room for its frame.
     constexpr int anySize = 300;
     const ui::Point middle = middleOver(owner);
-    create(WindowKind::Form, style, extendedStyle, rectOf(around(middle, {anySize, anySize})), owner);
-    useFont(dpiOf(handle()));
+    create(formKind, style, extendedStyle, rectOf(around(middle, {anySize, anySize})), owner);
+    useFont(win::dpiOf(handle()));
     placeFirst(owner);
     placing_ = false;
     showBars();
@@ -271,7 +273,7 @@ void FormWindow::show(ui::Aspect changed) noexcept {
     }
     try {
         if (changed == Aspect::Everything || changed == Aspect::Text) {
-            SetWindowTextW(handle(), widened(openForm()->caption()).c_str());
+            SetWindowTextW(handle(), win::wide(openForm()->caption()).c_str());
         }
         if (changed == Aspect::Bounds && !placing_) {
             place(openForm()->bounds());

@@ -1,141 +1,45 @@
 #include "win32/grid_accessible.h"
 
-// clang-format off
-#include <ole2.h>
+#include "com/kit/automation.h"
+// Needs the types of the headers before it.
 #include <oleacc.h>
-// clang-format on
 
-#include <algorithm>
-#include <atomic>
-#include <new>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "com/kit/bstr.h"
+#include "com/kit/enumerator.h"
+#include "com/kit/object.h"
 #include "win32/convert.h"
 #include "win32/grid_window.h"
-#include "win32/module.h"
 
 namespace telvar::win32 {
 
 namespace {
-
-// The system's interfaces have no virtual destructor; objects are deleted through this class only, which has one.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-// Counts references; deletes itself with the last. Counts as a use of the module.
-template <class Interface>
-class ComObject : public Interface {
-public:
-    ComObject() = default;
-    ComObject(const ComObject&) = delete;
-    ComObject& operator=(const ComObject&) = delete;
-    ComObject(ComObject&&) = delete;
-    ComObject& operator=(ComObject&&) = delete;
-
-    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() noexcept override {
-        const ULONG left = --references_;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
-
-protected:
-    virtual ~ComObject() = default;
-
-private:
-    std::atomic<ULONG> references_{1};
-    Use use_;
-};
-
-template <class Body>
-HRESULT guarded(Body&& body) noexcept {
-    try {
-        return body();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
-}
 
 void setLong(VARIANT* answer, LONG value) noexcept {
     answer->vt = VT_I4;
     answer->lVal = value;
 }
 
-BSTR bstrOf(const std::string& text) {
-    const std::wstring wide = widened(text);
-    return SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
-}
+BSTR bstrOf(const std::string& text) { return com::Bstr(text).detach(); }
 
-// The child numbers of several selected cells.
-class CellList final : public ComObject<IEnumVARIANT> {
-public:
-    explicit CellList(std::vector<LONG> ids, std::size_t at = 0) noexcept : ids_(std::move(ids)), at_(at) {}
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-        if (object == nullptr) {
-            return E_POINTER;
-        }
-        *object = iid == IID_IUnknown || iid == IID_IEnumVARIANT ? static_cast<IEnumVARIANT*>(this) : nullptr;
-        if (*object == nullptr) {
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        return S_OK;
+struct GivesNumber {
+    [[nodiscard]] static VARIANT give(LONG id) noexcept {
+        VARIANT given{};
+        setLong(&given, id);
+        return given;
     }
-    STDMETHODIMP Next(ULONG wanted, VARIANT* values, ULONG* fetched) noexcept override {
-        ULONG count = 0;
-        for (; count < wanted && at_ < ids_.size(); ++count, ++at_) {
-            setLong(&values[count], ids_[at_]);
-        }
-        if (fetched != nullptr) {
-            *fetched = count;
-        }
-        return count == wanted ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Skip(ULONG count) noexcept override {
-        const std::size_t rest = ids_.size() - at_;
-        at_ += std::min<std::size_t>(count, rest);
-        return count <= rest ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Reset() noexcept override {
-        at_ = 0;
-        return S_OK;
-    }
-    STDMETHODIMP Clone(IEnumVARIANT** copy) noexcept override {
-        return guarded([&] {
-            *copy = new (std::nothrow) CellList(ids_, at_);
-            return *copy != nullptr ? S_OK : E_OUTOFMEMORY;
-        });
-    }
-
-private:
-    std::vector<LONG> ids_;
-    std::size_t at_;
 };
+// The child numbers of several selected cells.
+using CellList = com::Enumerator<IEnumVARIANT, LONG, VARIANT, GivesNumber>;
 
-class GridAccessible final : public ComObject<IAccessible> {
+class GridAccessible final : public com::Object<IAccessible> {
 public:
     explicit GridAccessible(std::weak_ptr<GridWindow> window) noexcept : window_(std::move(window)) {}
 
-    // ---- IUnknown, IDispatch: screen readers use the interface itself
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-        if (object == nullptr) {
-            return E_POINTER;
-        }
-        const bool known = iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(IAccessible);
-        *object = known ? static_cast<IAccessible*>(this) : nullptr;
-        if (!known) {
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        return S_OK;
-    }
+    // ---- IDispatch: screen readers use the interface itself
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
         *count = 0;
         return S_OK;
@@ -243,11 +147,7 @@ public:
             if (ids.size() == 1) {
                 setLong(children, ids.front());
             } else {
-                auto* const list = new (std::nothrow) CellList(std::move(ids));
-                if (list == nullptr) {
-                    return E_OUTOFMEMORY;
-                }
-                children->punkVal = list;
+                children->punkVal = com::make<CellList>(std::move(ids)).detach();
                 children->vt = VT_UNKNOWN;
             }
             return S_OK;
@@ -302,7 +202,7 @@ private:
     // Runs the body with what is asked about: the grid itself, or one of its cells.
     template <class Body>
     HRESULT asked(const VARIANT& child, Body&& body) const noexcept {
-        return guarded([&]() -> HRESULT {
+        return com::guarded([&]() -> HRESULT {
             const auto window = window_.lock();
             if (!window || window->grid() == nullptr || window->handle() == nullptr) {
                 return CO_E_OBJNOTCONNECTED;
@@ -411,17 +311,12 @@ private:
     std::weak_ptr<GridWindow> window_;
 };
 
-#pragma GCC diagnostic pop
-
 }  // namespace
 
 // The identifier is the compiler's own: the import library of oleacc offers the name IID_IAccessible as if it were a
 // function.
 LRESULT accessibleAnswer(const std::shared_ptr<GridWindow>& window, WPARAM wParam) {
-    auto* const object = new GridAccessible(window);
-    const LRESULT answer = LresultFromObject(__uuidof(IAccessible), wParam, object);
-    object->Release();
-    return answer;
+    return LresultFromObject(__uuidof(IAccessible), wParam, com::make<GridAccessible>(window).get());
 }
 
 }  // namespace telvar::win32

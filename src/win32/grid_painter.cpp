@@ -1,10 +1,11 @@
 // Every colour comes from the user's system colours, or from a mixture of two of them, or is one that a program gave to
 // a cell; what is written on a mixture or on such a colour is chosen so that it can be read in every scheme.
 #include "win32/grid_painter.h"
+#include "win/text.h"
 
 #include "base/readable_colour.h"
+#include "win/gdi.h"
 #include "win32/convert.h"
-#include "win32/gdi.h"
 #include "win32/grid_text.h"
 
 namespace telvar::win32 {
@@ -31,7 +32,7 @@ void widen(std::string_view text, std::wstring& wide) {
     wide.clear();
     for (const char character : text) {
         if (static_cast<unsigned char>(character) >= 0x80) {
-            wide = widened(text);
+            wide = win::wide(text);
             return;
         }
         wide.push_back(static_cast<wchar_t>(character));
@@ -99,10 +100,10 @@ ui::GridMetrics GridPainter::metrics() const noexcept {
 
 void GridPainter::paint(HDC dc, const ui::Grid& grid, const ui::GridLayout& layout, const RECT& damage,
                         bool active) const {
-    const SavedContext saved(dc);
+    const win::SavedContext saved(dc);
     IntersectClipRect(dc, static_cast<int>(damage.left), static_cast<int>(damage.top), static_cast<int>(damage.right),
                       static_cast<int>(damage.bottom));
-    const Selected selected(dc, font_->get());
+    const win::Selected selected(dc, font_->get());
     SetTextAlign(dc, TA_LEFT | TA_TOP);
 
     std::wstring text;
@@ -267,9 +268,9 @@ void GridPainter::drawText(HDC dc, const RECT& rect, const FittedText& text, ui:
 }
 
 bool GridPainter::cuts(const ui::Grid& grid, ui::Cell cell, int width) const {
-    const std::wstring text = widened(grid.text(cell.row, cell.column));
-    const MemoryContext dc;
-    const Selected selected(dc.get(), font_->get());
+    const std::wstring text = win::wide(grid.text(cell.row, cell.column));
+    const win::MemoryContext dc;
+    const win::Selected selected(dc.get(), font_->get());
     const GridText measures(*font_, dc.get());
     const int room = width - gapOf(grid, cell);
     std::wstring shortened;

@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
-#include "win32/convert.h"
-#include "win32/module.h"
+#include "win/module.h"
+#include "win/text.h"
 
 namespace telvar::win32 {
 
@@ -31,7 +31,7 @@ bool GridTip::open(HWND grid, const FormFont& font, const ControlsContext& contr
     // hold an "&".
     window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TRANSPARENT, TOOLTIPS_CLASSW, nullptr,
                               WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                              CW_USEDEFAULT, grid, nullptr, moduleHandle(), nullptr);
+                              CW_USEDEFAULT, grid, nullptr, win::moduleHandle(), nullptr);
     if (window_ != nullptr) {
         SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
     }
@@ -44,7 +44,7 @@ void GridTip::offer(HWND grid, const RECT& cell, const std::string& text, const 
     if (!open(grid, font, controls)) {
         return;
     }
-    std::wstring wide = widened(text);
+    std::wstring wide = win::wide(text);
     TTTOOLINFOW tool = toolOf(grid);
     tool.rect = cell;
     tool.lpszText = wide.data();

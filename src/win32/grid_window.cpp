@@ -4,6 +4,7 @@
 
 #include "win32/convert.h"
 #include "win32/grid_accessible.h"
+#include "win32/window_kinds.h"
 #include "win32/windows_desktop.h"
 
 namespace telvar::win32 {
@@ -16,7 +17,7 @@ GridWindow::~GridWindow() {
 void GridWindow::open(HWND parent, const std::shared_ptr<const FormFont>& font) {
     painter_.emplace(font);
     placedAt_ = grid_->bounds();
-    create(WindowKind::Grid, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL, WS_EX_CLIENTEDGE,
+    create(gridKind, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL, WS_EX_CLIENTEDGE,
            rectOf(grid_->bounds()), parent);
     resized();
     shown_ = view();

@@ -11,15 +11,15 @@
 #include "ui/grid.h"
 #include "ui/grid_input.h"
 #include "ui/grid_layout.h"
+#include "win/window.h"
 #include "win32/grid_painter.h"
 #include "win32/grid_tip.h"
 #include "win32/paint_buffer.h"
 #include "win32/peer.h"
-#include "win32/window.h"
 
 namespace telvar::win32 {
 
-class GridWindow final : public Window, public Peer, public ui::GridPeer {
+class GridWindow final : public win::Window, public Peer, public ui::GridPeer {
 public:
     GridWindow(ui::Grid& grid, PeerHost& host) noexcept : grid_(&grid), host_(&host), input_(grid) {}
     ~GridWindow() override;

@@ -4,8 +4,8 @@
 // every valid pixel of that frame is inverted. What is painted meanwhile is painted with its part of the frame.
 #include <algorithm>
 
+#include "win/gdi.h"
 #include "win32/convert.h"
-#include "win32/gdi.h"
 #include "win32/grid_window.h"
 
 namespace telvar::win32 {
@@ -32,7 +32,7 @@ void invert(HDC dc, const RECT& frame) noexcept {
 // The rectangles of the update region, or their bounding box when they are many.
 std::vector<RECT> damageOf(HWND window) {
     constexpr DWORD most = 12;
-    const Region region(CreateRectRgn(0, 0, 0, 0));
+    const win::Region region(CreateRectRgn(0, 0, 0, 0));
     RECT box{};
     if (GetUpdateRgn(window, region.get(), FALSE) != COMPLEXREGION) {
         GetUpdateRect(window, &box, FALSE);
@@ -55,7 +55,7 @@ bool encloses(const ui::Rect& outer, const ui::Rect& inner) noexcept { return in
 
 void GridWindow::paint() {
     if (grid_ == nullptr) {
-        const PaintContext context(handle());
+        const win::PaintContext context(handle());
         FillRect(context.get(), &context.damage(), GetSysColorBrush(COLOR_BTNFACE));
         return;
     }
@@ -66,7 +66,7 @@ void GridWindow::paint() {
     }
     const std::vector<RECT> damage = damageOf(handle());
     {
-        const PaintContext context(handle());
+        const win::PaintContext context(handle());
         invalid_.clear();
         for (const RECT& rect : damage) {
             paintRect(context.get(), now, rect, drawn_.has_value());
@@ -83,7 +83,7 @@ void GridWindow::paintRect(HDC dc, const ui::GridLayout& layout, const RECT& rec
     const auto draw = [&](HDC target) {
         painter_->paint(target, *grid_, layout, rect, active);
         if (framed) {
-            const SavedContext saved(target);
+            const win::SavedContext saved(target);
             IntersectClipRect(target, static_cast<int>(rect.left), static_cast<int>(rect.top),
                               static_cast<int>(rect.right), static_cast<int>(rect.bottom));
             invert(target, *drawn_);
@@ -94,8 +94,8 @@ void GridWindow::paintRect(HDC dc, const ui::GridLayout& layout, const RECT& rec
         draw(dc);
         return;
     }
-    const MemoryContext memory(dc);
-    const Selected selected(memory.get(), bitmap);
+    const win::MemoryContext memory(dc);
+    const win::Selected selected(memory.get(), bitmap);
     draw(memory.get());
     BitBlt(dc, static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right - rect.left),
            static_cast<int>(rect.bottom - rect.top), memory.get(), static_cast<int>(rect.left),
@@ -161,7 +161,7 @@ std::optional<RECT> GridWindow::frame() const noexcept {
 
 void GridWindow::eraseFrame() noexcept {
     if (drawn_) {
-        const WindowContext context(handle());
+        const win::WindowContext context(handle());
         invert(context.get(), *drawn_);
         drawn_.reset();
     }
@@ -174,7 +174,7 @@ void GridWindow::showFrame() noexcept {
     }
     eraseFrame();
     if (wanted) {
-        const WindowContext context(handle());
+        const win::WindowContext context(handle());
         invert(context.get(), *wanted);
         drawn_ = wanted;
     }

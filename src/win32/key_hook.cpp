@@ -18,7 +18,7 @@ void catchKey(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST || systemTakesKeys()) {
         return;
     }
-    if (auto* const form = dynamic_cast<FormWindow*>(Window::of(GetAncestor(message.hwnd, GA_ROOT)))) {
+    if (auto* const form = dynamic_cast<FormWindow*>(win::Window::of(GetAncestor(message.hwnd, GA_ROOT)))) {
         form->takeKey(message);
     }
 }
@@ -38,11 +38,5 @@ LRESULT CALLBACK messageTaken(int code, WPARAM removed, LPARAM lParam) noexcept 
 }  // namespace
 
 KeyHook::KeyHook() noexcept : hook_(SetWindowsHookExW(WH_GETMESSAGE, messageTaken, nullptr, GetCurrentThreadId())) {}
-
-KeyHook::~KeyHook() {
-    if (hook_ != nullptr) {
-        UnhookWindowsHookEx(hook_);
-    }
-}
 
 }  // namespace telvar::win32

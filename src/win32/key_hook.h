@@ -5,7 +5,8 @@
 
 #include <windows.h>
 
-#include "win32/module.h"
+#include "win/handle.h"
+#include "win/module.h"
 
 namespace telvar::win32 {
 
@@ -13,15 +14,10 @@ namespace telvar::win32 {
 class KeyHook {
 public:
     KeyHook() noexcept;
-    KeyHook(const KeyHook&) = delete;
-    KeyHook& operator=(const KeyHook&) = delete;
-    KeyHook(KeyHook&&) = delete;
-    KeyHook& operator=(KeyHook&&) = delete;
-    ~KeyHook();
 
 private:
-    HHOOK hook_;
-    Use use_;
+    win::Hook hook_;
+    win::Use use_;
 };
 
 }  // namespace telvar::win32

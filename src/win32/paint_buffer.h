@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "ui/geometry.h"
-#include "win32/gdi.h"
+#include "win/gdi.h"
 
 namespace telvar::win32 {
 
@@ -16,13 +16,13 @@ public:
     [[nodiscard]] HBITMAP bitmap(HDC like, ui::Size size) {
         if (!bitmap_ || size.width > size_.width || size.height > size_.height) {
             size_ = {std::max({size.width, size_.width, 1}), std::max({size.height, size_.height, 1})};
-            bitmap_ = Bitmap(CreateCompatibleBitmap(like, size_.width, size_.height));
+            bitmap_ = win::Bitmap(CreateCompatibleBitmap(like, size_.width, size_.height));
         }
         return bitmap_.get();
     }
 
 private:
-    Bitmap bitmap_;
+    win::Bitmap bitmap_;
     ui::Size size_;
 };
 

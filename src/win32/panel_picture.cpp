@@ -15,9 +15,10 @@
 #include "ui/label.h"
 #include "ui/option_button.h"
 #include "ui/text_box.h"
+#include "win/gdi.h"
+#include "win/text.h"
 #include "win32/convert.h"
 #include "win32/fonts.h"
-#include "win32/gdi.h"
 #include "win32/grid_painter.h"
 #include "win32/text_colours.h"
 
@@ -64,7 +65,7 @@ private:
     }
 
     void drawCaption(const ui::Widget& widget, RECT at, UINT format) const {
-        const std::wstring text = widened(widget.caption());
+        const std::wstring text = win::wide(widget.caption());
         DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &at, format);
     }
 
@@ -73,7 +74,7 @@ private:
         FillRect(dc_, &at, GetSysColorBrush(ground.back));
         useTextColour(widget, ground);
         InflateRect(&at, -2, 0);
-        const std::wstring wide = widened(text);
+        const std::wstring wide = win::wide(text);
         DrawTextW(dc_, wide.c_str(), static_cast<int>(wide.size()), &at,
                   DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     }
@@ -115,7 +116,7 @@ private:
         if (IsRectEmpty(&at) != FALSE) {
             return;
         }
-        const SavedContext saved(dc_);
+        const win::SavedContext saved(dc_);
         SetViewportOrgEx(dc_, static_cast<int>(at.left), static_cast<int>(at.top), nullptr);
         const ui::Size size = {static_cast<int>(at.right - at.left), static_cast<int>(at.bottom - at.top)};
         const GridPainter painter(font_);
@@ -143,15 +144,15 @@ void drawPanel(ui::Panel& panel, HDC dc, const RECT& at, int dpi) {
     if (size.width <= 0 || size.height <= 0) {
         return;
     }
-    const WindowContext screen(nullptr);
-    const Bitmap picture(CreateCompatibleBitmap(screen.get(), size.width, size.height));
+    const win::WindowContext screen(nullptr);
+    const win::Bitmap picture(CreateCompatibleBitmap(screen.get(), size.width, size.height));
     if (!picture) {
         throw base::Failure("There is no memory for the picture");
     }
-    const MemoryContext memory(screen.get());
-    const Selected bitmap(memory.get(), picture.get());
+    const win::MemoryContext memory(screen.get());
+    const win::Selected bitmap(memory.get(), picture.get());
     const auto font = std::make_shared<const FormFont>(panel.dpi());
-    const Selected selectedFont(memory.get(), font->get());
+    const win::Selected selectedFont(memory.get(), font->get());
     const RECT all{0, 0, size.width, size.height};
     FillRect(memory.get(), &all, GetSysColorBrush(COLOR_BTNFACE));
     SetBkMode(memory.get(), TRANSPARENT);

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "win/gdi.h"
 #include "win32/embedded_window.h"
-#include "win32/gdi.h"
 
 namespace telvar::win32 {
 

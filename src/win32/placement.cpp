@@ -2,20 +2,14 @@
 
 #include <algorithm>
 
+#include "win/work_area.h"
 #include "win32/convert.h"
 
 namespace telvar::win32 {
 
 namespace {
 
-ui::Rect workArea(HMONITOR monitor) noexcept {
-    MONITORINFO info{};
-    info.cbSize = sizeof info;
-    if (GetMonitorInfoW(monitor, &info) == FALSE) {
-        return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    }
-    return rectOf(info.rcWork);
-}
+ui::Rect workArea(HMONITOR monitor) noexcept { return rectOf(win::workAreaOf(monitor)); }
 
 // The lower end of an extent that shall lie between two others.
 int held(int low, int extent, int first, int last) noexcept { return std::max(std::min(low, last - extent), first); }

@@ -7,12 +7,12 @@
 #include "ui/menu.h"
 #include "ui/metrics.h"
 #include "ui/timer.h"
+#include "win/handle.h"
+#include "win/text.h"
 #include "win32/clipboard.h"
-#include "win32/convert.h"
-#include "win32/gdi.h"
 #include "win32/modal_time.h"
-#include "win32/module.h"
 #include "win32/placement.h"
+#include "win32/window_kinds.h"
 
 namespace telvar::win32 {
 
@@ -54,7 +54,7 @@ bool handle(const MSG& message) {
     return true;
 }
 
-UINT track(const PopupMenu& popup, HWND owner, POINT at) {
+UINT track(const win::PopupMenu& popup, HWND owner, POINT at) {
     return static_cast<UINT>(TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_LEFTALIGN,
                                             static_cast<int>(at.x), static_cast<int>(at.y), 0, owner, nullptr));
 }
@@ -70,7 +70,7 @@ WindowsDesktop::~WindowsDesktop() {
     site_ = {};
     closeForms();
     messages_->setHolder(nullptr);
-    messages_->close();
+    messages_->endAll();
     unregisterWindowClasses();
 }
 
@@ -86,7 +86,7 @@ ui::Answer WindowsDesktop::show(const ui::MessageBox& box) {
         for (const HWND other : othersThan(owner)) {
             others.disable(other);
         }
-        answer = MessageBoxW(owner, widened(box.text).c_str(), widened(box.title).c_str(), styleOf(box) | modality);
+        answer = MessageBoxW(owner, win::wide(box.text).c_str(), win::wide(box.title).c_str(), styleOf(box) | modality);
     }
     // A host's frame seldom gives the focus back to the window inside it that had it.
     if (focus != nullptr && IsWindow(focus) != FALSE && GetAncestor(focus, GA_ROOT) == GetActiveWindow()) {
@@ -113,12 +113,12 @@ void WindowsDesktop::popUp(ui::Menu& menu, ui::Widget& widget, ui::Point at) {
     }
     // A copy: while the menu is open anything may happen to it.
     const std::vector<ui::MenuItem*> items(menu.items().begin(), menu.items().end());
-    const PopupMenu popup;
+    const win::PopupMenu popup(CreatePopupMenu());
     for (std::size_t index = 0; index < items.size(); ++index) {
         const ui::MenuItem& item = *items[index];
         const UINT kind = item.caption() == "-" ? MF_SEPARATOR : MF_STRING;
         const UINT state = item.enabled() ? MF_ENABLED : MF_GRAYED;
-        AppendMenuW(popup.get(), kind | state, index + 1, widened(item.caption()).c_str());
+        AppendMenuW(popup.get(), kind | state, index + 1, win::wide(item.caption()).c_str());
     }
     POINT screen{at.x, at.y};
     ClientToScreen(found->second, &screen);
@@ -184,7 +184,7 @@ std::shared_ptr<const FormFont> WindowsDesktop::font(int dpi) {
 
 ui::Size WindowsDesktop::measure(const std::string& text, int dpi) {
     const auto used = font(dpi);
-    return {used->widthOf(widened(ui::shownText(text))), used->height()};
+    return {used->widthOf(win::wide(ui::shownText(text))), used->height()};
 }
 
 base::Dispatcher& WindowsDesktop::dispatcher() { return *messages_; }

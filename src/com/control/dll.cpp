@@ -5,7 +5,7 @@
 #include "com/control/channel_information_object.h"
 #include "com/control/pll_setting_object.h"
 #include "com/kit/server.h"
-#include "win32/module.h"
+#include "win32/window_kinds.h"
 
 namespace {
 
@@ -38,8 +38,7 @@ constexpr com::Server server{
 BOOL WINAPI DllMain(HINSTANCE handle, DWORD reason, void* /*reserved*/) {
     if (reason == DLL_PROCESS_ATTACH) {
         DisableThreadLibraryCalls(handle);
-        com::module::attach(handle, L"Tesslin");
-        telvar::win32::setUseCounter(&com::module::count);
+        com::module::attach(L"Tesslin");
     }
     return TRUE;
 }

@@ -16,8 +16,8 @@
 #include "com/foreign/foreign_reference.h"
 #include "com/kit/failure.h"
 #include "com/kit/late_bound.h"
-#include "com/kit/text.h"
 #include "com/kit/value.h"
+#include "win/text.h"
 
 namespace telvar::com {
 
@@ -42,7 +42,7 @@ constexpr std::size_t scalingKey = model::channelKeyCount;
 // The names of a table of the model, then the others.
 [[nodiscard]] std::vector<std::wstring> namesOf(const auto& table, std::initializer_list<const wchar_t*> others) {
     std::vector<std::wstring> names(table.size());
-    std::ranges::transform(table, names.begin(), [](const auto& info) { return wide(info.name); });
+    std::ranges::transform(table, names.begin(), [](const auto& info) { return win::wide(info.name); });
     names.insert(names.end(), others.begin(), others.end());
     return names;
 }

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "com/kit/automation.h"
-#include "com/kit/text.h"
+#include "win/text.h"
 
 namespace telvar::com {
 
@@ -15,7 +15,7 @@ namespace telvar::com {
 [[nodiscard]] inline std::wstring_view viewOf(const OLECHAR* bstr) noexcept {
     return bstr == nullptr ? std::wstring_view() : std::wstring_view(bstr, SysStringLen(const_cast<BSTR>(bstr)));
 }
-[[nodiscard]] inline std::string textOf(const OLECHAR* bstr) { return narrow(viewOf(bstr)); }
+[[nodiscard]] inline std::string textOf(const OLECHAR* bstr) { return win::narrow(viewOf(bstr)); }
 
 class Bstr {
 public:
@@ -25,7 +25,7 @@ public:
             throw std::bad_alloc();
         }
     }
-    explicit Bstr(std::string_view utf8) : Bstr(std::wstring_view(wide(utf8))) {}
+    explicit Bstr(std::string_view utf8) : Bstr(std::wstring_view(win::wide(utf8))) {}
     Bstr(const Bstr&) = delete;
     Bstr& operator=(const Bstr&) = delete;
     Bstr(Bstr&& other) noexcept : bstr_(std::exchange(other.bstr_, nullptr)) {}

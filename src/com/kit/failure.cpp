@@ -8,6 +8,8 @@
 #include "com/kit/bstr.h"
 #include "com/kit/module.h"
 #include "com/kit/pointer.h"
+#include "win/failure.h"
+#include "win/text.h"
 
 namespace telvar::com {
 
@@ -34,28 +36,13 @@ constexpr std::array<KnownCode, 12> knownCodes{{
     {E_FAIL, "Unspecified failure"},
 }};
 
-[[nodiscard]] std::string numberOf(HRESULT code) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text = "Error 0x";
-    const auto bits = static_cast<std::uint32_t>(code);
-    for (unsigned shift = 32; shift != 0;) {
-        shift -= 4;
-        text += digits[(bits >> shift) & 0xFU];
-    }
-    return text;
-}
-
-[[nodiscard]] std::string withoutFinalStop(std::string text) {
-    while (!text.empty() && (text.back() == '.' || text.back() == '\r' || text.back() == '\n' || text.back() == ' ')) {
-        text.pop_back();
-    }
-    return text;
-}
-
 // The codes that a script's own run-time knows, so that its error numbers are the usual ones.
 [[nodiscard]] HRESULT codeOf(const base::Failure& failure) noexcept {
     if (const auto* own = dynamic_cast<const ComFailure*>(&failure)) {
         return own->code();
+    }
+    if (const auto* system = dynamic_cast<const win::SystemFailure*>(&failure)) {
+        return HRESULT_FROM_WIN32(system->code());
     }
     if (dynamic_cast<const base::SubscriptFailure*>(&failure) != nullptr) {
         return DISP_E_BADINDEX;
@@ -80,12 +67,7 @@ std::string describe(HRESULT code) {
             return std::string(known.description);
         }
     }
-    std::array<wchar_t, 512> buffer{};
-    const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, static_cast<DWORD>(code), 0,
-                       buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
-    std::string text = withoutFinalStop(narrow({buffer.data(), length}));
-    return text.empty() ? numberOf(code) : text;
+    return win::errorText(static_cast<DWORD>(code));
 }
 
 void throwErrorInfo(HRESULT code) {
@@ -93,7 +75,7 @@ void throwErrorInfo(HRESULT code) {
     Bstr description;
     if (GetErrorInfo(0, info.put()) == S_OK && SUCCEEDED(info->GetDescription(description.put())) &&
         !description.view().empty()) {
-        throw ComFailure(code, withoutFinalStop(description.text()));
+        throw ComFailure(code, std::string(win::withoutFinalStop(description.text())));
     }
     throw ComFailure(code);
 }
@@ -108,7 +90,7 @@ void throwException(HRESULT code, EXCEPINFO& info, bool hasErrorInfo) {
     const bool isException = code == DISP_E_EXCEPTION;
     const HRESULT own = isException && FAILED(info.scode) ? info.scode : code;
     if (isException && !description.view().empty()) {
-        throw ComFailure(own, withoutFinalStop(description.text()));
+        throw ComFailure(own, std::string(win::withoutFinalStop(description.text())));
     }
     if (hasErrorInfo) {
         throwErrorInfo(own);
@@ -123,7 +105,7 @@ void setErrorInfo(const std::string& description) noexcept {
             return;
         }
         std::wstring source = module::name();
-        std::wstring text = wide(description);
+        std::wstring text = win::wide(description);
         creation->SetSource(source.data());
         creation->SetDescription(text.data());
         if (const auto info = ComPointer<IErrorInfo>::from(creation)) {

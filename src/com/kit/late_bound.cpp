@@ -81,7 +81,7 @@ void checkAbsent(HRESULT answer) {
 
 [[nodiscard]] MemberId required(MemberId member, const std::wstring& name) {
     if (!member.known()) {
-        throw ComFailure(DISP_E_UNKNOWNNAME, "The object has no member " + narrow(name));
+        throw ComFailure(DISP_E_UNKNOWNNAME, "The object has no member " + win::narrow(name));
     }
     return member;
 }
@@ -109,7 +109,7 @@ void checkAbsent(HRESULT answer) {
 
 }  // namespace
 
-MemberId memberOf(IDispatch& object, std::string_view name) { return lookUp(object, wide(name)); }
+MemberId memberOf(IDispatch& object, std::string_view name) { return lookUp(object, win::wide(name)); }
 
 MemberId defaultMemberOf(IDispatch& object) {
     return {DISPID_VALUE, static_cast<bool>(ComPointer<IDispatchEx>::from(&object))};

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 
 #include "com/kit/failure.h"
+#include "win/files.h"
+#include "win/module.h"
 
 namespace telvar::com::module {
 
@@ -17,9 +18,7 @@ struct Remembered {
 
 constexpr std::size_t mostRemembered = 16;
 
-HINSTANCE ownHandle = nullptr;
 const wchar_t* ownName = L"";
-std::atomic<long> ownUses = 0;
 SRWLOCK lock = SRWLOCK_INIT;
 std::array<Remembered, mostRemembered> remembered{};
 std::size_t rememberedCount = 0;
@@ -51,39 +50,11 @@ void remember(REFGUID id, const ComPointer<ITypeInfo>& info) noexcept {
 
 }  // namespace
 
-void attach(HINSTANCE handle, const wchar_t* name) noexcept {
-    ownHandle = handle;
-    ownName = name;
-}
-
-HINSTANCE handle() noexcept { return ownHandle; }
+void attach(const wchar_t* name) noexcept { ownName = name; }
 
 const wchar_t* name() noexcept { return ownName; }
 
-std::wstring path() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(ownHandle, path.data(), static_cast<DWORD>(path.size()));
-        if (length == 0) {
-            throw ComFailure(HRESULT_FROM_WIN32(GetLastError()));
-        }
-        if (length < path.size()) {
-            path.resize(length);
-            break;
-        }
-        path.resize(path.size() * 2);
-    }
-    constexpr std::wstring_view share = LR"(\\?\UNC\)";
-    constexpr std::wstring_view prefix = LR"(\\?\)";
-    if (path.starts_with(share)) {
-        return LR"(\\)" + path.substr(share.size());
-    }
-    return path.starts_with(prefix) ? path.substr(prefix.size()) : path;
-}
-
-void count(int change) noexcept { ownUses += change; }
-
-long uses() noexcept { return ownUses; }
+std::wstring path() { return win::plainPath(win::modulePath()); }
 
 ComPointer<ITypeLib> typeLibrary() {
     ComPointer<ITypeLib> library;

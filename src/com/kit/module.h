@@ -1,6 +1,5 @@
-// What belongs to the DLL that links this folder: its handle, its name, the count of what keeps it loaded, and the type
-// information of its own library. Nothing here needs a destructor, because it would run after the DLL's code may be
-// used.
+// What a COM server's DLL has beside what every module has (win/module.h): its name, and the type information of its
+// own library. Nothing here needs a destructor, because it would run after the DLL's code may be used.
 #pragma once
 
 #include <string>
@@ -11,27 +10,11 @@
 namespace telvar::com::module {
 
 // From DllMain, once. The name stands as source in error information; it must be a literal.
-void attach(HINSTANCE handle, const wchar_t* name) noexcept;
+void attach(const wchar_t* name) noexcept;
 
-[[nodiscard]] HINSTANCE handle() noexcept;
 [[nodiscard]] const wchar_t* name() noexcept;
 // Full path of the DLL, without the prefix for long paths, which registrations and type libraries do not take.
 [[nodiscard]] std::wstring path();
-
-// +1 for everything that would crash if the DLL were unloaded under it, -1 when it goes.
-void count(int change) noexcept;
-[[nodiscard]] long uses() noexcept;
-
-// One counted use.
-class Use {
-public:
-    Use() noexcept { count(1); }
-    Use(const Use&) noexcept { count(1); }
-    Use& operator=(const Use&) noexcept = default;
-    Use(Use&&) noexcept { count(1); }
-    Use& operator=(Use&&) noexcept = default;
-    ~Use() { count(-1); }
-};
 
 // From the type library inside this DLL; fails as the library does. Interfaces and classes alike.
 [[nodiscard]] ComPointer<ITypeLib> typeLibrary();

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "com/kit/guard.h"
-#include "com/kit/module.h"
 #include "com/kit/pointer.h"
+#include "win/module.h"
 
 namespace telvar::com {
 
@@ -88,7 +88,7 @@ protected:
 
 private:
     std::atomic<ULONG> references_ = 1;
-    module::Use use_;
+    win::Use use_;
 };
 
 template <class T, class... Arguments>

@@ -7,8 +7,9 @@
 #include <vector>
 
 #include "com/kit/bstr.h"
-#include "com/kit/registry_key.h"
+#include "com/kit/module.h"
 #include "com/kit/server.h"
+#include "win/registry.h"
 
 namespace telvar::com {
 
@@ -36,8 +37,8 @@ constexpr const wchar_t* platformKey = L"win32";
     return text.data();
 }
 
-[[nodiscard]] RegistryKey classesOf(RegisterFor whom) {
-    const auto root = RegistryKey::root(whom == RegisterFor::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE);
+[[nodiscard]] win::RegistryKey classesOf(RegisterFor whom) {
+    const auto root = win::RegistryKey::root(whom == RegisterFor::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE);
     return root.create(LR"(Software\Classes)");
 }
 
@@ -75,29 +76,30 @@ struct MarshalledInterface {
 
 [[nodiscard]] std::wstring folderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L'\\')); }
 
-void writeLibrary(const RegistryKey& classes, const Server& server, ITypeLib& library) {
+void writeLibrary(const win::RegistryKey& classes, const Server& server, ITypeLib& library) {
     Bstr name;
     Bstr description;
     check(library.GetDocumentation(MEMBERID_NIL, name.put(), description.put(), nullptr, nullptr));
     const std::wstring path = module::path();
-    const RegistryKey version = classes.create(LR"(TypeLib\)" + textOf(server.libraryId) + L"\\" + versionText(server));
+    const win::RegistryKey version =
+        classes.create(LR"(TypeLib\)" + textOf(server.libraryId) + L"\\" + versionText(server));
     version.set(L"", std::wstring(description.view().empty() ? name.view() : description.view()));
     version.create(std::wstring(LR"(0\)") + platformKey).set(L"", path);
     version.create(L"FLAGS").set(L"", L"0");
     version.create(L"HELPDIR").set(L"", folderOf(path));
 
     for (const auto& marshalled : interfacesOf(library)) {
-        const RegistryKey key = classes.create(LR"(Interface\)" + textOf(marshalled.id));
+        const win::RegistryKey key = classes.create(LR"(Interface\)" + textOf(marshalled.id));
         key.set(L"", marshalled.name);
         key.create(L"ProxyStubClsid32").set(L"", std::wstring(marshalled.marshaller));
-        const RegistryKey from = key.create(L"TypeLib");
+        const win::RegistryKey from = key.create(L"TypeLib");
         from.set(L"", textOf(server.libraryId));
         from.set(L"Version", versionText(server));
     }
 }
 
 // The other word size may share the library's entry; only what is this DLL's goes.
-void removeLibrary(const RegistryKey& classes, const Server& server, ITypeLib& library) {
+void removeLibrary(const win::RegistryKey& classes, const Server& server, ITypeLib& library) {
     const std::wstring libraryKey = LR"(TypeLib\)" + textOf(server.libraryId);
     const std::wstring versionKey = libraryKey + L"\\" + versionText(server);
     classes.removeTree(versionKey + LR"(\0\)" + platformKey);
@@ -111,22 +113,22 @@ void removeLibrary(const RegistryKey& classes, const Server& server, ITypeLib& l
     }
 }
 
-void writeProgIds(const RegistryKey& classes, const ServerClass& made) {
+void writeProgIds(const win::RegistryKey& classes, const ServerClass& made) {
     const std::wstring independent = made.progId;
     const std::wstring versioned = independent + L"." + std::to_wstring(made.version);
     for (const auto& progId : {independent, versioned}) {
-        const RegistryKey key = classes.create(progId);
+        const win::RegistryKey key = classes.create(progId);
         key.set(L"", made.description);
         key.create(L"CLSID").set(L"", textOf(made.classId));
     }
     classes.create(independent + L"\\CurVer").set(L"", versioned);
 }
 
-void writeClass(const RegistryKey& classes, const Server& server, const ServerClass& made) {
+void writeClass(const win::RegistryKey& classes, const Server& server, const ServerClass& made) {
     writeProgIds(classes, made);
-    const RegistryKey key = classes.create(LR"(CLSID\)" + textOf(made.classId));
+    const win::RegistryKey key = classes.create(LR"(CLSID\)" + textOf(made.classId));
     key.set(L"", made.description);
-    const RegistryKey inProcess = key.create(L"InprocServer32");
+    const win::RegistryKey inProcess = key.create(L"InprocServer32");
     inProcess.set(L"", module::path());
     inProcess.set(L"ThreadingModel", L"Apartment");
     key.create(L"ProgID").set(L"", std::wstring(made.progId) + L"." + std::to_wstring(made.version));
@@ -134,12 +136,12 @@ void writeClass(const RegistryKey& classes, const Server& server, const ServerCl
     key.create(L"TypeLib").set(L"", textOf(server.libraryId));
     key.create(L"Version").set(L"", versionText(server));
     (void)key.create(L"Programmable");
-    const RegistryKey categories = key.create(L"Implemented Categories");
+    const win::RegistryKey categories = key.create(L"Implemented Categories");
     (void)categories.create(std::wstring(programmableCategory));
     if (made.traits.isControl) {
         (void)key.create(L"Control");
         (void)categories.create(std::wstring(controlCategory));
-        const RegistryKey status = key.create(L"MiscStatus");
+        const win::RegistryKey status = key.create(L"MiscStatus");
         status.set(L"", L"0");
         status.create(std::to_wstring(DVASPECT_CONTENT)).set(L"", std::to_wstring(made.traits.miscStatus));
     }
@@ -150,7 +152,7 @@ void writeClass(const RegistryKey& classes, const Server& server, const ServerCl
     }
 }
 
-void removeClass(const RegistryKey& classes, const ServerClass& made) {
+void removeClass(const win::RegistryKey& classes, const ServerClass& made) {
     const std::wstring independent = made.progId;
     classes.removeTree(independent + L"." + std::to_wstring(made.version));
     classes.removeTree(independent);
@@ -161,7 +163,7 @@ void removeClass(const RegistryKey& classes, const ServerClass& made) {
 
 HRESULT registerServer(const Server& server, RegisterFor whom) noexcept {
     return guarded([&] {
-        const RegistryKey classes = classesOf(whom);
+        const win::RegistryKey classes = classesOf(whom);
         writeLibrary(classes, server, *module::typeLibrary());
         for (const auto& made : server.classes) {
             writeClass(classes, server, made);
@@ -171,7 +173,7 @@ HRESULT registerServer(const Server& server, RegisterFor whom) noexcept {
 
 HRESULT unregisterServer(const Server& server, RegisterFor whom) noexcept {
     return guarded([&] {
-        const RegistryKey classes = classesOf(whom);
+        const win::RegistryKey classes = classesOf(whom);
         removeLibrary(classes, server, *module::typeLibrary());
         for (const auto& made : server.classes) {
             removeClass(classes, made);

@@ -2,6 +2,9 @@
 
 #include <string_view>
 
+#include "com/kit/module.h"
+#include "win/module.h"
+
 namespace telvar::com {
 
 namespace {
@@ -19,7 +22,7 @@ public:
     }
 
     STDMETHODIMP LockServer(BOOL lock) noexcept override {
-        module::count(lock != FALSE ? 1 : -1);
+        win::countUse(lock != FALSE ? 1 : -1);
         return S_OK;
     }
 
@@ -42,7 +45,7 @@ HRESULT getClassObject(const Server& server, REFCLSID classId, REFIID iid, void*
 }
 
 HRESULT canUnloadNow() noexcept {
-    if (module::uses() > 0) {
+    if (win::uses() > 0) {
         return S_FALSE;
     }
     module::forgetTypeInfo();

@@ -11,10 +11,10 @@
 #include "com/kit/class_info.h"
 #include "com/kit/connection_point.h"
 #include "com/kit/dispatch.h"
-#include "com/kit/message_dispatcher.h"
 #include "com/kit/object.h"
 #include "com/kit/object_safety.h"
 #include "radio/radio_link_core.h"
+#include "win/work_window.h"
 
 namespace telvar::com {
 
@@ -66,7 +66,7 @@ private:
     template <class Change>
     [[nodiscard]] HRESULT set(Change change) noexcept;
 
-    MessageDispatcher dispatcher_;
+    win::WindowDispatcher dispatcher_;
     radio::RadioLinkCore core_{dispatcher_};
     ComPointer<IDispatch> store_;
     std::string faults_;

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "com/kit/bstr.h"
-#include "com/kit/text.h"
+#include "win/text.h"
 
 namespace telvar::com {
 
@@ -26,7 +26,7 @@ namespace {
         }
         if (length < full.size()) {
             full.resize(length);
-            return narrow(full);
+            return win::narrow(full);
         }
         full.resize(length);
     }

@@ -29,7 +29,7 @@ constexpr com::Server server{
 BOOL WINAPI DllMain(HINSTANCE handle, DWORD reason, void* /*reserved*/) {
     if (reason == DLL_PROCESS_ATTACH) {
         DisableThreadLibraryCalls(handle);
-        com::module::attach(handle, L"VexloDataStore");
+        com::module::attach(L"VexloDataStore");
     }
     return TRUE;
 }

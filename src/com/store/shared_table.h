@@ -8,9 +8,9 @@
 #include <cstdint>
 #include <deque>
 
-#include "com/kit/module.h"
 #include "com/store/channel_record.h"
 #include "store/reference_data_store.h"
+#include "win/module.h"
 
 namespace telvar::com {
 
@@ -33,7 +33,7 @@ public:
 private:
     ~SharedTable() = default;
 
-    module::Use use_;
+    win::Use use_;
     store::ReferenceDataStore store_;
     std::deque<ChannelRecord> records_;
     std::atomic<ULONG> references_ = 1;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "win/scaling.h"
+#include "win/window_class.h"
 
 namespace telvar::host {
 
@@ -26,18 +27,7 @@ void fill(HDC context, const RECT& at, COLORREF colour) {
 
 }  // namespace
 
-void PageView::registerClass() {
-    static const ATOM registered = [] {
-        WNDCLASSEXW description{};
-        description.cbSize = sizeof description;
-        description.lpfnWndProc = procedure;
-        description.hInstance = GetModuleHandleW(nullptr);
-        description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-        description.lpszClassName = className;
-        return RegisterClassExW(&description);
-    }();
-    (void)registered;
-}
+void PageView::registerClass() { win::registerClass(className, procedure); }
 
 void PageView::attach(HWND window) {
     window_ = window;
@@ -210,10 +200,10 @@ void PageView::paint() {
     const HDC screen = BeginPaint(window_, &damage);
     const SIZE client = clientSize();
     {
-        const OwnedContext memory(CreateCompatibleDC(screen));
-        const OwnedBitmap bitmap(
+        const win::DeviceContext memory(CreateCompatibleDC(screen));
+        const win::Bitmap bitmap(
             CreateCompatibleBitmap(screen, std::max<int>(client.cx, 1), std::max<int>(client.cy, 1)));
-        const SelectedObject selected(memory.get(), bitmap.get());
+        const win::Selected selected(memory.get(), bitmap.get());
         draw(memory.get(), client);
         BitBlt(screen, 0, 0, client.cx, client.cy, memory.get(), 0, 0, SRCCOPY);
     }

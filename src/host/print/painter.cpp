@@ -4,7 +4,7 @@
 #include <array>
 #include <cwchar>
 
-#include "com/kit/text.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -102,7 +102,7 @@ private:
             return;
         }
         const RECT clip = onDevice(box);
-        const SelectedObject selected(canvas_.context, fonts_[static_cast<std::size_t>(style)].get());
+        const win::Selected selected(canvas_.context, fonts_[static_cast<std::size_t>(style)].get());
         SIZE natural{};
         GetTextExtentPoint32W(canvas_.context, text.c_str(), static_cast<int>(text.size()), &natural);
         const bool fits = natural.cx <= clip.right - clip.left;
@@ -127,12 +127,12 @@ private:
 
     void paintTitle() const {
         const int height = font(Style::Title).height;
-        const std::wstring made = com::wide(document_.table.made);
+        const std::wstring made = win::wide(document_.table.made);
         // With room for the wider characters of a coarse device.
         const int madeWidth = std::min(painter_.widthOf(Style::Small, made) * 5 / 4, area_.width);
         const int gap = std::min(2 * sidePadding, area_.width - madeWidth);
         text({area_.left, area_.top, area_.width - madeWidth - gap, height}, Style::Title, Align::Left,
-             com::wide(document_.table.title));
+             win::wide(document_.table.title));
         text({area_.left + area_.width - madeWidth, area_.top, madeWidth, height}, Style::Small, Align::Right, made,
              paleInk);
     }
@@ -151,7 +151,7 @@ private:
         for (const desk::Slot& slot : page_.slots) {
             const desk::Column& column = document_.table.columns[static_cast<std::size_t>(slot.column)];
             const Box inner = innerOf(slot, topOfTable(), height);
-            const auto lines = painter_.wrapped(com::wide(column.header), inner.width);
+            const auto lines = painter_.wrapped(win::wide(column.header), inner.width);
             int top = inner.top + (height - static_cast<int>(lines.size()) * line) / 2;
             for (const std::wstring& each : lines) {
                 text({inner.left, top, inner.width, line}, Style::Header, column.centred ? Align::Centre : Align::Left,
@@ -173,7 +173,7 @@ private:
             if (column < printed.cells.size()) {
                 const bool centred = document_.table.columns[column].centred;
                 text(innerOf(slot, top, height), column == 0 ? Style::Header : Style::Cell,
-                     centred ? Align::Centre : Align::Left, com::wide(printed.cells[column]));
+                     centred ? Align::Centre : Align::Left, win::wide(printed.cells[column]));
             }
         }
     }
@@ -188,20 +188,20 @@ private:
     const desk::Page& page_;
     std::size_t index_;
     desk::Area area_;
-    std::array<OwnedFont, styles> fonts_;
+    std::array<win::Font, styles> fonts_;
 };
 
 PagePainter::PagePainter() : context_(CreateCompatibleDC(nullptr)) {
     for (std::size_t at = 0; at < styles; ++at) {
         fonts_.push_back(makeFont(static_cast<Style>(at), twipsPerInch));
         TEXTMETRICW metrics{};
-        const SelectedObject selected(context_.get(), fonts_.back().get());
+        const win::Selected selected(context_.get(), fonts_.back().get());
         GetTextMetricsW(context_.get(), &metrics);
         measures_.push_back({.height = metrics.tmHeight, .ascent = metrics.tmAscent});
     }
 }
 
-OwnedFont PagePainter::makeFont(Style style, int dpi) {
+win::Font PagePainter::makeFont(Style style, int dpi) {
     const int points = style == Style::Title ? 13 : 8;
     LOGFONTW font{};
     font.lfHeight = -std::max(MulDiv(points * twipsPerPoint, dpi, twipsPerInch), 1);
@@ -209,13 +209,13 @@ OwnedFont PagePainter::makeFont(Style style, int dpi) {
     font.lfCharSet = DEFAULT_CHARSET;
     font.lfOutPrecision = OUT_TT_PRECIS;
     std::copy_n(face, std::size(face), font.lfFaceName);
-    return OwnedFont(CreateFontIndirectW(&font));
+    return win::Font(CreateFontIndirectW(&font));
 }
 
 std::vector<int> PagePainter::endsOf(Style style, std::wstring_view text) const {
     std::vector<int> ends(text.size());
     SIZE size{};
-    const SelectedObject selected(context_.get(), reference(style));
+    const win::Selected selected(context_.get(), reference(style));
     if (!text.empty()) {
         GetTextExtentExPointW(context_.get(), text.data(), static_cast<int>(text.size()), 0, nullptr, ends.data(),
                               &size);
@@ -225,7 +225,7 @@ std::vector<int> PagePainter::endsOf(Style style, std::wstring_view text) const 
 
 int PagePainter::widthOf(Style style, std::wstring_view text) const {
     SIZE size{};
-    const SelectedObject selected(context_.get(), reference(style));
+    const win::Selected selected(context_.get(), reference(style));
     GetTextExtentPoint32W(context_.get(), text.data(), static_cast<int>(text.size()), &size);
     return size.cx;
 }
@@ -255,12 +255,12 @@ std::vector<std::wstring> PagePainter::wrapped(std::wstring_view header, int wid
 // As wide as the control shows it, and wider where a word of the header or a cell needs that.
 int PagePainter::columnWidth(const desk::PrintedTable& table, std::size_t column) const {
     int needed = 0;
-    for (const std::wstring& word : wrapped(com::wide(table.columns[column].header), 0)) {
+    for (const std::wstring& word : wrapped(win::wide(table.columns[column].header), 0)) {
         needed = std::max(needed, widthOf(Style::Header, word));
     }
     for (const desk::Row& row : table.rows) {
         if (column < row.cells.size()) {
-            needed = std::max(needed, widthOf(column == 0 ? Style::Header : Style::Cell, com::wide(row.cells[column])));
+            needed = std::max(needed, widthOf(column == 0 ? Style::Header : Style::Cell, win::wide(row.cells[column])));
         }
     }
     return std::max(table.columns[column].width, needed + 2 * sidePadding);
@@ -275,7 +275,7 @@ PrintDocument PagePainter::compose(desk::PrintedTable table, const desk::Paper& 
     for (std::size_t column = 0; column < table.columns.size(); ++column) {
         const int width = columnWidth(table, column);
         measures.columns.push_back(width);
-        lines = std::max(lines, wrapped(com::wide(table.columns[column].header), width - 2 * sidePadding).size());
+        lines = std::max(lines, wrapped(win::wide(table.columns[column].header), width - 2 * sidePadding).size());
     }
     measures.header = static_cast<int>(lines) * measuresOf(Style::Header).height + 2 * headerPadding;
     auto pages = desk::pagesOf(paper, measures, static_cast<int>(table.rows.size()));
@@ -283,7 +283,7 @@ PrintDocument PagePainter::compose(desk::PrintedTable table, const desk::Paper& 
 }
 
 void PagePainter::paint(const PageCanvas& canvas, const PrintDocument& document, std::size_t index) const {
-    const SavedDrawing saved(canvas.context);
+    const win::SavedContext saved(canvas.context);
     Pass(*this, canvas, document, index).paint();
 }
 

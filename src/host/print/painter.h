@@ -11,7 +11,7 @@
 
 #include "desk/page_layout.h"
 #include "desk/printed_table.h"
-#include "host/print/drawing.h"
+#include "win/gdi.h"
 
 namespace telvar::host {
 
@@ -49,7 +49,7 @@ private:
     };
     class Pass;
 
-    [[nodiscard]] static OwnedFont makeFont(Style style, int dpi);
+    [[nodiscard]] static win::Font makeFont(Style style, int dpi);
     [[nodiscard]] HFONT reference(Style style) const noexcept { return fonts_[static_cast<std::size_t>(style)].get(); }
     [[nodiscard]] const FontMeasures& measuresOf(Style style) const noexcept {
         return measures_[static_cast<std::size_t>(style)];
@@ -61,8 +61,8 @@ private:
     [[nodiscard]] int columnWidth(const desk::PrintedTable& table, std::size_t column) const;
 
     // Declared in this order: the context lets go of the fonts first.
-    std::vector<OwnedFont> fonts_;
-    OwnedContext context_;
+    std::vector<win::Font> fonts_;
+    win::DeviceContext context_;
     std::vector<FontMeasures> measures_;
 };
 

@@ -26,7 +26,7 @@ public:
 private:
     static BOOL CALLBACK abortProcedure(HDC context, int error) noexcept;
 
-    OwnedContext context_;
+    win::DeviceContext context_;
 };
 
 }  // namespace telvar::host

@@ -2,13 +2,14 @@
 
 #include <windows.h>
 
-#include "os/windows/handle.h"
-#include "os/windows/wide_text.h"
+#include "win/failure.h"
+#include "win/files.h"
+#include "win/handle.h"
 
 namespace telvar::os {
 
 struct AppendFile::Handle {
-    os::Handle file;
+    win::Handle file;
 };
 
 AppendFile::AppendFile(std::unique_ptr<Handle> handle) : handle_(std::move(handle)) {}
@@ -17,11 +18,11 @@ AppendFile& AppendFile::operator=(AppendFile&&) noexcept = default;
 AppendFile::~AppendFile() = default;
 
 std::expected<AppendFile, FileError> AppendFile::open(const std::string& path) {
-    os::Handle file(::CreateFileW(widePath(path).c_str(), FILE_APPEND_DATA,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    win::Handle file(::CreateFileW(win::widePath(path).c_str(), FILE_APPEND_DATA,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+                                   FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
-        return std::unexpected(FileError{path, errorText(::GetLastError())});
+        return std::unexpected(FileError{path, win::errorText(::GetLastError())});
     }
     return AppendFile(std::make_unique<Handle>(Handle{std::move(file)}));
 }

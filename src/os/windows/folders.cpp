@@ -4,45 +4,36 @@
 
 #include <filesystem>
 
-#include "os/windows/wide_text.h"
+#include "win/failure.h"
+#include "win/text.h"
+#include "win/user_folder.h"
 
 namespace telvar::os {
 
-namespace {
-
-[[nodiscard]] std::wstring environment(const wchar_t* variable) {
-    std::wstring value(::GetEnvironmentVariableW(variable, nullptr, 0), L'\0');
-    value.resize(::GetEnvironmentVariableW(variable, value.data(), static_cast<DWORD>(value.size())));
-    return value;
-}
-
-}  // namespace
-
 std::expected<std::string, FileError> userStateFolder() {
-    const auto local = environment(L"LOCALAPPDATA");
-    if (local.empty()) {
+    const auto folder = win::userFolder();
+    if (folder.empty()) {
         return std::unexpected(FileError{"LOCALAPPDATA", "Does not name a folder"});
     }
-    const auto folder = local + L"\\Telvar";
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (error) {
-        return std::unexpected(FileError{narrow(folder), errorText(static_cast<unsigned long>(error.value()))});
+    if (const auto attributes = ::GetFileAttributesW(folder.c_str());
+        attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+        const auto error = attributes == INVALID_FILE_ATTRIBUTES ? ::GetLastError() : ERROR_ALREADY_EXISTS;
+        return std::unexpected(FileError{win::narrow(folder), win::errorText(error)});
     }
-    return narrow(folder);
+    return win::narrow(folder);
 }
 
 // Names differ in letter case only for the eye, so they are folded.
 std::string canonicalPath(const std::string& path) {
     std::error_code error;
-    const auto absolute = std::filesystem::absolute(wide(path), error);
+    const auto absolute = std::filesystem::absolute(win::wide(path), error);
     if (error) {
         return path;
     }
     const auto canonical = std::filesystem::weakly_canonical(absolute, error);
     auto text = (error ? absolute.lexically_normal() : canonical).wstring();
     ::CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
-    return narrow(text);
+    return win::narrow(text);
 }
 
 }  // namespace telvar::os

@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <array>
 
-#include "base/failure.h"
 #include "os/windows/interrupt_handle.h"
-#include "os/windows/wide_text.h"
+#include "win/failure.h"
 
 namespace telvar::os {
 
@@ -21,12 +20,12 @@ using Clock = std::chrono::steady_clock;
 
 }  // namespace
 
-os::Handle newEvent() {
-    const HANDLE event = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    if (event == nullptr) {
-        throw base::Failure(errorText(::GetLastError()));
+win::Handle newEvent() {
+    win::Handle event(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (!event) {
+        throw win::SystemFailure();
     }
-    return os::Handle(event);
+    return event;
 }
 
 Interrupt::Interrupt() : handle_(std::make_unique<Handle>(Handle{newEvent()})) {}

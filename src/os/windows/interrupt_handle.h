@@ -5,12 +5,12 @@
 #include <cstdint>
 
 #include "os/interrupt.h"
-#include "os/windows/handle.h"
+#include "win/handle.h"
 
 namespace telvar::os {
 
 struct Interrupt::Handle {
-    os::Handle event;
+    win::Handle event;
 };
 
 enum class Waited : std::uint8_t { Ready, TimedOut, Interrupted };
@@ -20,6 +20,6 @@ enum class Waited : std::uint8_t { Ready, TimedOut, Interrupted };
                                   std::chrono::steady_clock::time_point until);
 
 // Not set; manual ones stay set until they are reset. Throws base::Failure.
-[[nodiscard]] os::Handle newEvent();
+[[nodiscard]] win::Handle newEvent();
 
 }  // namespace telvar::os

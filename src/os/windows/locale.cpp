@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "os/windows/wide_text.h"
+#include "win/text.h"
 
 namespace telvar::os {
 
@@ -30,7 +30,7 @@ std::optional<base::NumberFormat> numberFormatOf(const std::string& locale) {
     if (locale.empty()) {
         return std::nullopt;
     }
-    auto name = wide(locale);
+    auto name = win::wide(locale);
     std::ranges::replace(name, L'_', L'-');
     return ::IsValidLocaleName(name.c_str()) != 0 ? formatOf(name.c_str()) : std::nullopt;
 }

@@ -8,19 +8,19 @@
 #include <io.h>
 
 #include <cstdio>
-#include <memory>
 
-#include "os/windows/wide_text.h"
+#include "win/handle.h"
+#include "win/text.h"
 
 namespace telvar::os {
 
 std::vector<std::string> programArguments(int /*count*/, char** /*arguments*/) {
     int count = 0;
-    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> parts(::CommandLineToArgvW(::GetCommandLineW(), &count),
-                                                                &::LocalFree);
+    const win::LocalMemory owned(::CommandLineToArgvW(::GetCommandLineW(), &count));
+    auto* const parts = static_cast<LPWSTR*>(owned.get());
     std::vector<std::string> arguments;
-    for (int at = 1; parts && at < count; ++at) {
-        arguments.push_back(narrow(parts.get()[at]));
+    for (int at = 1; parts != nullptr && at < count; ++at) {
+        arguments.push_back(win::narrow(parts[at]));
     }
     return arguments;
 }

@@ -6,7 +6,8 @@
 
 #include "base/text.h"
 #include "os/windows/interrupt_handle.h"
-#include "os/windows/wide_text.h"
+#include "win/failure.h"
+#include "win/text.h"
 
 namespace telvar::os {
 
@@ -15,11 +16,11 @@ namespace {
 using Failed = std::unexpected<std::string>;
 using Clock = std::chrono::steady_clock;
 
-[[nodiscard]] std::string lastError() { return errorText(::GetLastError()); }
+[[nodiscard]] std::string lastError() { return win::errorText(::GetLastError()); }
 
 class SerialStream final : public ByteStream {
 public:
-    SerialStream(Handle port, const Interrupt& interrupt) : port_(std::move(port)), interrupt_(interrupt) {}
+    SerialStream(win::Handle port, const Interrupt& interrupt) : port_(std::move(port)), interrupt_(interrupt) {}
 
     // Waits for one byte and takes what else is there: how a longer read would end depends on the driver.
     [[nodiscard]] std::expected<std::size_t, std::string> read(std::span<std::uint8_t> buffer,
@@ -91,8 +92,8 @@ private:
         return moved;
     }
 
-    Handle port_;
-    Handle event_ = newEvent();
+    win::Handle port_;
+    win::Handle event_ = newEvent();
     const Interrupt& interrupt_;
 };
 
@@ -133,9 +134,9 @@ OpenedStream openSerialPort(const std::string& name, int bitsPerSecond, const In
         name.find_first_not_of("0123456789", 3) != std::string::npos) {
         return Failed("Is not a serial port");
     }
-    const std::wstring path = LR"(\\.\)" + wide(name);
-    Handle port(::CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                              FILE_FLAG_OVERLAPPED, nullptr));
+    const std::wstring path = LR"(\\.\)" + win::wide(name);
+    win::Handle port(::CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                   FILE_FLAG_OVERLAPPED, nullptr));
     if (!port || !configure(port.get(), bitsPerSecond)) {
         return Failed(lastError());
     }

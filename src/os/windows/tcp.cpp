@@ -7,7 +7,8 @@
 #include <utility>
 
 #include "os/windows/interrupt_handle.h"
-#include "os/windows/wide_text.h"
+#include "win/failure.h"
+#include "win/text.h"
 
 namespace telvar::os {
 
@@ -16,7 +17,7 @@ namespace {
 using Failed = std::unexpected<std::string>;
 using Clock = std::chrono::steady_clock;
 
-[[nodiscard]] std::string lastError() { return errorText(static_cast<unsigned long>(::WSAGetLastError())); }
+[[nodiscard]] std::string lastError() { return win::errorText(static_cast<unsigned long>(::WSAGetLastError())); }
 
 // The system counts its users, so that nothing of it lives longer than the sockets.
 class Library {
@@ -84,7 +85,7 @@ public:
 
 private:
     Library library_;
-    os::Handle event_;
+    win::Handle event_;
     SOCKET socket_;
 };
 
@@ -167,7 +168,7 @@ OpenedStream connectTcp(const std::string& host, std::uint16_t port, std::chrono
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = ::htons(port);
-    const std::wstring numeric = host == "localhost" ? L"127.0.0.1" : wide(host);
+    const std::wstring numeric = host == "localhost" ? L"127.0.0.1" : win::wide(host);
     if (::InetPtonW(AF_INET, numeric.c_str(), &address.sin_addr) != 1) {
         return Failed("\"" + host + "\" is not a numeric address");
     }
@@ -179,7 +180,7 @@ OpenedStream connectTcp(const std::string& host, std::uint16_t port, std::chrono
             return Failed("The other side does not answer");
         }
         if (const int error = socket->reported().iErrorCode[FD_CONNECT_BIT]; error != 0) {
-            return Failed(errorText(static_cast<unsigned long>(error)));
+            return Failed(win::errorText(static_cast<unsigned long>(error)));
         }
     }
     return streamOver(std::move(socket), interrupt);

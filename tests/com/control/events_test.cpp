@@ -49,7 +49,7 @@ struct PortableEvents : testing::Test {
         object.reset();
         sink.reset();
         pump();
-        EXPECT_EQ(module::uses(), 0);
+        EXPECT_EQ(win::uses(), 0);
         OleUninitialize();
     }
     static void pump() {
@@ -100,7 +100,7 @@ TEST_F(PortableEvents, TheHostMayLetGoInAnEventThatNoCallSurrounds) {
     // Raised from inside the form, as by a click in it: control and form must outlive their own code on the stack.
     form.EditClosed();
     EXPECT_EQ(sink->events, std::vector<std::string>{"11"});
-    EXPECT_GT(module::uses(), 1) << "ends from the message loop";
+    EXPECT_GT(win::uses(), 1) << "ends from the message loop";
 }
 
 }  // namespace

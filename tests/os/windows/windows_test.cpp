@@ -5,8 +5,9 @@
 #include "os/files.h"
 #include "os/folders.h"
 #include "os/locale.h"
-#include "os/windows/wide_text.h"
 #include "support/temporary_folder.h"
+#include "win/failure.h"
+#include "win/text.h"
 
 namespace telvar::os {
 namespace {
@@ -18,27 +19,15 @@ TEST(WindowsLocale, SeparatorsAreTheSystems) {
     EXPECT_EQ(numberFormatOf("en-GB"), base::NumberFormat{.decimalSeparator = '.'});
 }
 
-TEST(WideText, GoesThereAndBack) {
-    EXPECT_EQ(narrow(wide("Küste \xe6\xb5\xb7 \xf0\x9f\x93\xbb")), "Küste \xe6\xb5\xb7 \xf0\x9f\x93\xbb");
-    EXPECT_EQ(wide("\xf0\x9f\x93\xbb").size(), 2U);
-    EXPECT_EQ(narrow(wide("")), "");
-}
-
-TEST(WideText, LongPathsAreMadeAbsolute) {
-    EXPECT_EQ(widePath("short.telvar"), L"short.telvar");
-    EXPECT_TRUE(widePath(std::string(240, 'a')).starts_with(L"\\\\?\\"));
-    EXPECT_TRUE(widePath("\\\\server\\" + std::string(240, 'a')).starts_with(L"\\\\?\\UNC\\server"));
-}
-
 TEST(WindowsFiles, AReadOnlyFileIsRefused) {
     const TemporaryFolder folder;
     const auto table = folder / "table.telvar";
     TemporaryFolder::write(table, "old");
-    ASSERT_NE(::SetFileAttributesW(wide(table).c_str(), FILE_ATTRIBUTE_READONLY), 0);
+    ASSERT_NE(::SetFileAttributesW(win::wide(table).c_str(), FILE_ATTRIBUTE_READONLY), 0);
     const auto done = replaceFile(table, "new");
-    ::SetFileAttributesW(wide(table).c_str(), FILE_ATTRIBUTE_NORMAL);
+    ::SetFileAttributesW(win::wide(table).c_str(), FILE_ATTRIBUTE_NORMAL);
     ASSERT_FALSE(done);
-    EXPECT_EQ(done.error().what, errorText(ERROR_ACCESS_DENIED));
+    EXPECT_EQ(done.error().what, win::errorText(ERROR_ACCESS_DENIED));
     EXPECT_EQ(TemporaryFolder::read(table), "old");
 }
 
@@ -47,7 +36,7 @@ TEST(WindowsFiles, AFileThatAnotherProgramKeepsIsNotReplaced) {
     const auto table = folder / "table.telvar";
     TemporaryFolder::write(table, "old");
     const HANDLE other =
-        ::CreateFileW(wide(table).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        ::CreateFileW(win::wide(table).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(other, INVALID_HANDLE_VALUE);
     EXPECT_FALSE(replaceFile(table, "new"));
     ::CloseHandle(other);

@@ -3,25 +3,20 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
 
 #include <windows.h>
 
-#include "os/windows/wide_text.h"
+#include "win/handle.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
 namespace {
 
-struct CloseHandleLater {
-    void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
-};
-using Handle = std::unique_ptr<void, CloseHandleLater>;
-
-[[nodiscard]] std::wstring quoted(const std::string& argument) { return L"\"" + os::wide(argument) + L"\""; }
+[[nodiscard]] std::wstring quoted(const std::string& argument) { return L"\"" + win::wide(argument) + L"\""; }
 
 [[nodiscard]] std::string readAll(HANDLE pipe) {
     std::string text;
@@ -47,11 +42,11 @@ struct Pipe {
         write.reset(out);
         SetHandleInformation(in, HANDLE_FLAG_INHERIT, 0);
     }
-    Handle read;
-    Handle write;
+    win::Handle read;
+    win::Handle write;
 };
 
-[[nodiscard]] Handle start(std::wstring line, const Pipe& pipe) {
+[[nodiscard]] win::Handle start(std::wstring line, const Pipe& pipe) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
@@ -59,10 +54,10 @@ struct Pipe {
     startup.hStdError = pipe.write.get();
     PROCESS_INFORMATION process{};
     if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process) == 0) {
-        throw std::runtime_error("cannot start " + os::narrow(line));
+        throw std::runtime_error("cannot start " + win::narrow(line));
     }
     CloseHandle(process.hThread);
-    return Handle(process.hProcess);
+    return win::Handle(process.hProcess);
 }
 
 [[nodiscard]] std::string backslashed(std::string path) {
@@ -80,7 +75,7 @@ CommandOutcome runCommand(const std::vector<std::string>& arguments, std::chrono
         line += (line.empty() ? L"" : L" ") + quoted(argument);
     }
     Pipe pipe;
-    const Handle process = start(line, pipe);
+    const win::Handle process = start(line, pipe);
     pipe.write.reset();
 
     CommandOutcome outcome;
@@ -110,6 +105,6 @@ CommandOutcome unregisterServer(const std::string& file) {
     return runCommand({"regsvr32.exe", "/s", "/u", builtPath(file)});
 }
 
-std::wstring builtFile(const std::string& file) { return os::wide(builtPath(file)); }
+std::wstring builtFile(const std::string& file) { return win::wide(builtPath(file)); }
 
 }  // namespace telvar::tests

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "com/kit/text.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -62,7 +62,7 @@ public:
     [[nodiscard]] static std::string textOf(HWND window) {
         std::array<wchar_t, 256> text{};
         GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-        return com::narrow(text.data());
+        return win::narrow(text.data());
     }
 
     // ---- the user
@@ -91,7 +91,7 @@ public:
     static void type(HWND window, const std::string& text) {
         SetFocus(window);
         turn();
-        SetWindowTextW(window, com::wide(text).c_str());
+        SetWindowTextW(window, win::wide(text).c_str());
         turn();
     }
 

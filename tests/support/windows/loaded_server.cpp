@@ -8,16 +8,14 @@
 namespace telvar::tests {
 
 LoadedServer::LoadedServer(const std::string& file) : module_(LoadLibraryW(builtFile(file).c_str())) {
-    if (module_ == nullptr) {
+    if (!module_) {
         throw std::runtime_error("cannot load " + file);
     }
 }
 
-LoadedServer::~LoadedServer() { FreeLibrary(module_); }
-
 template <class Function>
 Function* LoadedServer::entry(const char* name) const {
-    const auto address = GetProcAddress(module_, name);
+    const auto address = GetProcAddress(module_.get(), name);
     if (address == nullptr) {
         throw std::runtime_error(std::string("the server has no ") + name);
     }

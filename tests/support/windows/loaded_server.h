@@ -6,17 +6,13 @@
 #include "com/kit/automation.h"
 #include "com/kit/failure.h"
 #include "com/kit/pointer.h"
+#include "win/handle.h"
 
 namespace telvar::tests {
 
 class LoadedServer {
 public:
     explicit LoadedServer(const std::string& file);
-    LoadedServer(const LoadedServer&) = delete;
-    LoadedServer& operator=(const LoadedServer&) = delete;
-    LoadedServer(LoadedServer&&) = delete;
-    LoadedServer& operator=(LoadedServer&&) = delete;
-    ~LoadedServer();
 
     template <class Interface>
     [[nodiscard]] com::ComPointer<Interface> create(REFCLSID classId) const {
@@ -37,7 +33,7 @@ private:
     template <class Function>
     [[nodiscard]] Function* entry(const char* name) const;
 
-    HMODULE module_;
+    win::Library module_;
 };
 
 }  // namespace telvar::tests

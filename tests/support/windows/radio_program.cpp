@@ -4,8 +4,8 @@
 
 #include <stdexcept>
 
-#include "os/windows/wide_text.h"
 #include "support/build_paths.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -37,7 +37,7 @@ RadioProgram::RadioProgram(const std::string& options) {
     startup.hStdInput = in.read.get();
     startup.hStdOutput = out.write.get();
     startup.hStdError = out.write.get();
-    auto line = os::wide("\"" TELVAR_BIN_DIR "/telvar.exe\" radio --listen 0 " + options);
+    auto line = win::wide("\"" TELVAR_BIN_DIR "/telvar.exe\" radio --listen 0 " + options);
     PROCESS_INFORMATION process{};
     if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process) == 0) {
         throw std::runtime_error("the radio does not start");

@@ -3,8 +3,9 @@
 
 #include <windows.h>
 
-#include <memory>
 #include <string>
+
+#include "win/handle.h"
 
 namespace telvar::tests {
 
@@ -27,21 +28,17 @@ public:
     void pullTheCable();
 
 private:
-    struct CloseHandleLater {
-        void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
-    };
-    using Handle = std::unique_ptr<void, CloseHandleLater>;
     struct Pipe {
         Pipe();
-        Handle read;
-        Handle write;
+        win::Handle read;
+        win::Handle write;
     };
 
     [[nodiscard]] std::string firstLine() const;
 
-    Handle process_;
-    Handle in_;
-    Handle out_;
+    win::Handle process_;
+    win::Handle in_;
+    win::Handle out_;
     std::string address_;
 };
 

@@ -6,16 +6,14 @@
 #include <functional>
 
 #include "clipboard_keys.h"
-#include "com/kit/text.h"
 #include "container.h"
 #include "support/temporary_folder.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 namespace {
 
 using namespace std::chrono_literals;
-
-[[nodiscard]] std::wstring widened(const std::string& text) { return TemporaryFolder::pathOf(text).wstring(); }
 
 class RealClipboard : public ControlWorld {
 protected:
@@ -165,7 +163,7 @@ protected:
         STARTUPINFOW start{};
         start.cb = sizeof start;
         PROCESS_INFORMATION started{};
-        std::wstring line = widened("\"\\\\?\\unix\\bin\\sh\" -c \"" + command + "\"");
+        std::wstring line = win::wide("\"\\\\?\\unix\\bin\\sh\" -c \"" + command + "\"");
         ASSERT_TRUE(CreateProcessW(L"\\\\?\\unix\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                                    &start, &started));
         CloseHandle(started.hThread);
@@ -175,7 +173,7 @@ protected:
         using Naming = char*(CDECL*)(LPCWSTR);
         const auto name = reinterpret_cast<Naming>(
             reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32"), "wine_get_unix_file_name")));
-        char* const answer = name(widened(path).c_str());
+        char* const answer = name(win::wide(path).c_str());
         std::string text = answer;
         HeapFree(GetProcessHeap(), 0, answer);
         return text;
@@ -244,7 +242,7 @@ private:
             GetMenuStringW(menu, static_cast<UINT>(item), text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
             const bool grey =
                 (GetMenuState(menu, static_cast<UINT>(item), MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) != 0;
-            const std::string caption = com::narrow(text.data());
+            const std::string caption = win::narrow(text.data());
             seen().push_back(grey ? "(" + caption + ")" : caption);
         }
         PostMessageW(popup, WM_KEYDOWN, VK_ESCAPE, 0);

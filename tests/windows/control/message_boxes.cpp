@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "com/kit/text.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -16,7 +16,7 @@ MessageBoxes* active = nullptr;
 [[nodiscard]] std::string textOf(HWND window) {
     std::array<wchar_t, 1024> text{};
     const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-    return com::narrow({text.data(), static_cast<std::size_t>(length)});
+    return win::narrow({text.data(), static_cast<std::size_t>(length)});
 }
 
 [[nodiscard]] bool isDialog(HWND window) {

@@ -66,7 +66,7 @@ public:
 class Log final : public com::Object<IErrorLog> {
 public:
     STDMETHODIMP AddError(LPCOLESTR name, EXCEPINFO* error) noexcept override {
-        entries.push_back(com::narrow(name) + ": " + com::textOf(error->bstrDescription));
+        entries.push_back(win::narrow(name) + ": " + com::textOf(error->bstrDescription));
         return S_OK;
     }
     Texts entries;
@@ -171,9 +171,9 @@ TEST_F(Persistence, AWrongValueInABagIsLoggedAndChangesNothing) {
         const auto log = com::make<Log>();
         bag->values = {{L"_ExtentX", Variant(std::int32_t{50})}, {L"bHidden", Variant(true)}};
         bag->values[name] = value;
-        EXPECT_EQ(as<IPersistPropertyBag>()->Load(bag.get(), log.get()), E_INVALIDARG) << com::narrow(name);
-        EXPECT_EQ(log->entries.size(), 1U) << com::narrow(name);
-        EXPECT_EQ(state(), "1x2") << com::narrow(name);
+        EXPECT_EQ(as<IPersistPropertyBag>()->Load(bag.get(), log.get()), E_INVALIDARG) << win::narrow(name);
+        EXPECT_EQ(log->entries.size(), 1U) << win::narrow(name);
+        EXPECT_EQ(state(), "1x2") << win::narrow(name);
     }
 }
 

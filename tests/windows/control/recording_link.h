@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "com/kit/text.h"
+#include "win/text.h"
 #include "world.h"
 
 namespace telvar::tests {
@@ -40,7 +40,7 @@ public:
         if (arguments->cArgs != count) {
             return DISP_E_BADPARAMCOUNT;
         }
-        std::string text = com::narrow(name);
+        std::string text = win::narrow(name);
         // The last argument stands first.
         for (UINT at = arguments->cArgs; at > 0; --at) {
             text += " [" + valueOf(arguments->rgvarg[at - 1]) + "]";

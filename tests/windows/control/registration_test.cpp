@@ -3,15 +3,15 @@
 
 #include <map>
 
-#include "com/kit/registry_key.h"
 #include "support/windows/command.h"
+#include "win/registry.h"
 
 namespace telvar::tests {
 namespace {
 
 using Keys = std::map<std::wstring, std::wstring>;  // key -> default value; "key@name" -> named value
 
-void collect(const com::RegistryKey& key, const std::wstring& path, Keys& keys) {
+void collect(const win::RegistryKey& key, const std::wstring& path, Keys& keys) {
     keys[path] = key.text(L"").value_or(L"");
     for (const wchar_t* name : {L"ThreadingModel", L"Version"}) {
         if (const auto text = key.text(name)) {
@@ -20,7 +20,7 @@ void collect(const com::RegistryKey& key, const std::wstring& path, Keys& keys) 
     }
 }
 
-[[nodiscard]] Keys keysBelow(const com::RegistryKey& classes, const std::vector<std::wstring>& paths) {
+[[nodiscard]] Keys keysBelow(const win::RegistryKey& classes, const std::vector<std::wstring>& paths) {
     Keys keys;
     for (const auto& path : paths) {
         if (const auto key = classes.open(path, KEY_READ)) {
@@ -32,7 +32,7 @@ void collect(const com::RegistryKey& key, const std::wstring& path, Keys& keys) 
 
 [[nodiscard]] std::string text(const Keys& keys, const std::wstring& path) {
     const auto found = keys.find(path);
-    return found == keys.end() ? "(none)" : com::narrow(found->second);
+    return found == keys.end() ? "(none)" : win::narrow(found->second);
 }
 
 const std::wstring controlKey = L"CLSID\\{F906E526-0480-499C-B260-84D2478157DA}";
@@ -78,8 +78,8 @@ const std::vector<std::wstring> everyKey{
 };
 
 struct Registration : testing::Test {
-    [[nodiscard]] static com::RegistryKey classes(HKEY root) {
-        return com::RegistryKey::root(root).create(L"Software\\Classes");
+    [[nodiscard]] static win::RegistryKey classes(HKEY root) {
+        return win::RegistryKey::root(root).create(L"Software\\Classes");
     }
     [[nodiscard]] Keys found(HKEY root) const { return keysBelow(classes(root), everyKey); }
 
@@ -89,9 +89,9 @@ struct Registration : testing::Test {
 
 void expectEverything(const Keys& keys) {
     for (const auto& key : everyKey) {
-        EXPECT_TRUE(keys.contains(key)) << com::narrow(key);
+        EXPECT_TRUE(keys.contains(key)) << win::narrow(key);
     }
-    const std::string file = com::narrow(builtFile("Tesslin.ocx"));
+    const std::string file = win::narrow(builtFile("Tesslin.ocx"));
     EXPECT_EQ(text(keys, L"Tesslin.ChannelInformation\\CLSID"), "{F906E526-0480-499C-B260-84D2478157DA}");
     EXPECT_EQ(text(keys, L"Tesslin.ChannelInformation\\CurVer"), "Tesslin.ChannelInformation.1");
     EXPECT_EQ(text(keys, controlKey + L"\\InprocServer32"), file);
@@ -126,7 +126,7 @@ TEST_F(Registration, ForOneUserIsCompleteAndLeavesNothing) {
     EXPECT_EQ(server.install(false, L"user"), S_OK);
     EXPECT_TRUE(found(HKEY_CURRENT_USER).empty());
     for (const wchar_t* folder : {L"CLSID", L"TypeLib", L"Interface"}) {
-        EXPECT_FALSE(classes(HKEY_CURRENT_USER).open(folder, KEY_READ)) << com::narrow(folder);
+        EXPECT_FALSE(classes(HKEY_CURRENT_USER).open(folder, KEY_READ)) << win::narrow(folder);
     }
 }
 

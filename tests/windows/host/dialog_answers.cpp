@@ -6,8 +6,8 @@
 
 #include <array>
 
-#include "com/kit/text.h"
 #include "walk/walk.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -81,7 +81,7 @@ void DialogAnswers::tick() {
     }
     answered_ = dialog;
     if (answers_.empty()) {
-        ADD_FAILURE() << "nobody expected this: " << com::narrow(text);
+        ADD_FAILURE() << "nobody expected this: " << win::narrow(text);
         PostMessageW(dialog, WM_CLOSE, 0, 0);
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         return;

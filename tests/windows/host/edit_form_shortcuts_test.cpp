@@ -33,7 +33,7 @@ struct ShortcutsInTheEditForm : Program, EditFormDriver {
         com::ComPointer<IDataStore> store;
         com::check(CoCreateInstance(__uuidof(DataStore), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IDataStore),
                                     store.putVoid()));
-        host::StoreAdapter(store).open(com::narrow(path(name)));
+        host::StoreAdapter(store).open(win::narrow(path(name)));
         com::Variant value;
         com::check(host::recordOf(*store, number)->get_TxFreq(value.put()));
         value.convertTo(VT_I4);

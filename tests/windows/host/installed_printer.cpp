@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <string_view>
 
-#include "com/kit/text.h"
 #include "support/build_paths.h"
 #include "support/temporary_folder.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -94,7 +94,7 @@ void InstalledPrinter::install() {
     const std::wstring folder = driverFolder();
     std::filesystem::create_directories(folder);
     const std::wstring descriptionFile = folder + L"\\test.ppd";
-    TemporaryFolder::write(com::narrow(descriptionFile), description);
+    TemporaryFolder::write(win::narrow(descriptionFile), description);
     std::wstring driver = L"wineps.drv";
     std::wstring data = L"test.ppd";
     DRIVER_INFO_3W driverInfo{};
@@ -109,7 +109,7 @@ void InstalledPrinter::install() {
         return;
     }
     // The port is a file as the system below names it: without a drive.
-    std::wstring port = com::wide(file_.substr(file_.find('/')));
+    std::wstring port = win::wide(file_.substr(file_.find('/')));
     std::filesystem::remove(file_);
     PRINTER_INFO_2W printer{};
     printer.pPrinterName = const_cast<wchar_t*>(printerName);

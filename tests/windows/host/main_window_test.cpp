@@ -65,16 +65,16 @@ TEST_F(Program, ADamagedFileIsToldAsTheStoreDoesAndTheOpenTableStays) {
     const std::string bad = folder / "bad.telvar";
     TemporaryFolder::write(
         bad, R"({"format": "telvar-channel-table", "version": 1, "channels": [{"channel": 3, "TxFreq": "x"}]})");
-    dialogs.expectFile(com::wide(bad));
+    dialogs.expectFile(win::wide(bad));
     dialogs.expectBox(IDOK);
     command(desk::Command::Open);
     ASSERT_EQ(dialogs.shown().size(), 2U);
     const std::wstring& sentence = dialogs.shown().back();
-    EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << com::narrow(sentence);
-    EXPECT_NE(sentence.find(L"bad.telvar"), std::wstring::npos) << com::narrow(sentence);
-    EXPECT_NE(sentence.find(L"3"), std::wstring::npos) << com::narrow(sentence);
-    EXPECT_NE(sentence.find(L"TxFreq"), std::wstring::npos) << com::narrow(sentence);
-    EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
+    EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << win::narrow(sentence);
+    EXPECT_NE(sentence.find(L"bad.telvar"), std::wstring::npos) << win::narrow(sentence);
+    EXPECT_NE(sentence.find(L"3"), std::wstring::npos) << win::narrow(sentence);
+    EXPECT_NE(sentence.find(L"TxFreq"), std::wstring::npos) << win::narrow(sentence);
+    EXPECT_TRUE(sentence.ends_with(L".")) << win::narrow(sentence);
     EXPECT_EQ(openPath(), good);
     EXPECT_EQ(cell(1, 1), before);
     EXPECT_FALSE(modified());
@@ -166,7 +166,7 @@ TEST_F(Program, AFileThatCannotBeWrittenIsToldAndTheChangesStay) {
     command(desk::Command::SaveAs);
     ASSERT_EQ(dialogs.shown().size(), 3U);
     EXPECT_NE(dialogs.shown().back().find(L"guarded.telvar"), std::wstring::npos)
-        << com::narrow(dialogs.shown().back());
+        << win::narrow(dialogs.shown().back());
     EXPECT_TRUE(modified());
     EXPECT_EQ(openPath(), L"");
     SetFileAttributesW(guarded.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -323,12 +323,12 @@ TEST_F(Program, TheFileMenuListsTheRecentFiles) {
     };
     const int before = GetMenuItemCount(menu);
     SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
-    EXPECT_EQ(text(desk::Command::RecentFirst), com::wide(desk::RecentFiles::menuText(0, com::narrow(file))));
+    EXPECT_EQ(text(desk::Command::RecentFirst), win::wide(desk::RecentFiles::menuText(0, win::narrow(file))));
     EXPECT_EQ(GetMenuItemCount(menu), before);
     command(desk::Command::New);
     host::RegistrySettings others(TestSettings::key);
     const host::HostSystem system;
-    desk::RecentFiles(others, system).remove(com::narrow(file));
+    desk::RecentFiles(others, system).remove(win::narrow(file));
     SendMessageW(program->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
     EXPECT_EQ(text(desk::Command::RecentFirst), L"No recent files");
 }
@@ -451,11 +451,11 @@ TEST_F(Program, TwoWindowsKeepTheirTablesApart) {
     MainWindow other(TestSettings::key);
     const std::wstring second = sample("gmrs.telvar", "b.telvar");
     const host::Components others = host::installedComponents();
-    other.open(com::narrow(second), others);
+    other.open(win::narrow(second), others);
     change(200);
     EXPECT_TRUE(modified());
     EXPECT_FALSE(host::StoreAdapter(others.store).modified());
-    EXPECT_EQ(com::wide(host::StoreAdapter(others.store).path()), second);
+    EXPECT_EQ(win::wide(host::StoreAdapter(others.store).path()), second);
     EXPECT_EQ(recentFiles().size(), 2U);
     SendMessageW(other.window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(other.window(), nullptr);

@@ -14,7 +14,6 @@
 #include <string>
 #include <vector>
 
-#include "com/kit/text.h"
 #include "com/kit/variant.h"
 #include "dialog_answers.h"
 #include "host/shell/main_window.h"
@@ -24,6 +23,7 @@
 #include "support/temporary_folder.h"
 #include "test_settings.h"
 #include "walk/keyboard.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -53,7 +53,7 @@ protected:
     void start(const std::wstring& file = {}) {
         program.emplace(TestSettings::key);
         components = host::installedComponents();
-        program->open(com::narrow(file), components);
+        program->open(win::narrow(file), components);
         program->show(SW_SHOWNORMAL);
         pump();
     }
@@ -110,9 +110,9 @@ protected:
     [[nodiscard]] std::wstring sample(const std::string& name, const std::string& as) {
         const std::string path = folder / as;
         std::filesystem::copy_file(TELVAR_SOURCE_DIR "/samples/" + name, TemporaryFolder::pathOf(path));
-        return com::wide(path);
+        return win::wide(path);
     }
-    [[nodiscard]] std::wstring path(const std::string& name) { return com::wide(folder / name); }
+    [[nodiscard]] std::wstring path(const std::string& name) { return win::wide(folder / name); }
 
     void change(int channel = 1) {
         com::check(record(channel)->put_TxFreq(com::Variant(std::int32_t{446'006'250}).get()));
@@ -122,12 +122,12 @@ protected:
         return host::recordOf(*components.store, channel);
     }
     [[nodiscard]] bool modified() { return host::StoreAdapter(components.store).modified(); }
-    [[nodiscard]] std::wstring openPath() { return com::wide(host::StoreAdapter(components.store).path()); }
+    [[nodiscard]] std::wstring openPath() { return win::wide(host::StoreAdapter(components.store).path()); }
     [[nodiscard]] int configuredChannels() { return host::StoreAdapter(components.store).configuredChannels(); }
     // As the line at the window's foot names it.
     [[nodiscard]] desk::AccessLevel accessLevel() {
         for (const desk::AccessLevel level : desk::accessLevels) {
-            if (com::narrow(statusText(2)) == desk::nameOf(level)) {
+            if (win::narrow(statusText(2)) == desk::nameOf(level)) {
                 return level;
             }
         }
@@ -180,7 +180,7 @@ protected:
     [[nodiscard]] std::vector<std::wstring> recentFiles() {
         std::vector<std::wstring> paths;
         for (const std::string& path : desk::setting::recentFiles.in(host::RegistrySettings(TestSettings::key))) {
-            paths.push_back(com::wide(path));
+            paths.push_back(win::wide(path));
         }
         return paths;
     }

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "com/kit/text.h"
 #include "recording_printer.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -146,7 +146,7 @@ TEST_F(PagePainting, EveryResolutionHasTheSameTextsInTheSamePlaces) {
         ASSERT_EQ(textsOf(coarse), textsOf(fine)) << dpi;
         for (std::size_t at = 0; at < fine.size(); ++at) {
             // What stands at the right begins where its last character demands.
-            if (fine[at].text != com::wide(document.table.made) && !fine[at].text.starts_with(L"Page ")) {
+            if (fine[at].text != win::wide(document.table.made) && !fine[at].text.starts_with(L"Page ")) {
                 EXPECT_LE(std::abs(coarse[at].at.x - MulDiv(fine[at].at.x, dpi, 1200)), 1) << dpi;
             }
             EXPECT_LE(std::abs(coarse[at].at.y - MulDiv(fine[at].at.y, dpi, 1200)), 1) << dpi;
@@ -167,11 +167,11 @@ TEST_F(PagePainting, TheMarginsStayWhite) {
                         .biPlanes = 1,
                         .biBitCount = 32,
                         .biCompression = BI_RGB};
-    const host::OwnedContext memory(CreateCompatibleDC(nullptr));
+    const win::DeviceContext memory(CreateCompatibleDC(nullptr));
     void* bits = nullptr;
-    const host::OwnedBitmap bitmap(CreateDIBSection(memory.get(), &format, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const win::Bitmap bitmap(CreateDIBSection(memory.get(), &format, DIB_RGB_COLORS, &bits, nullptr, 0));
     ASSERT_NE(bits, nullptr);
-    const host::SelectedObject selected(memory.get(), bitmap.get());
+    const win::Selected selected(memory.get(), bitmap.get());
     PatBlt(memory.get(), 0, 0, width, height, WHITENESS);
     painter.paint({.context = memory.get(), .corner = {0, 0}, .dpi = {dpi, dpi}}, document, 0);
     GdiFlush();

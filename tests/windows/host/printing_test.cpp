@@ -6,12 +6,12 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "com/kit/text.h"
 #include "desk/html.h"
 #include "host/shell/print_page_dialogs.h"
 #include "host/shell/print_system.h"
 #include "picture.h"
 #include "print_program.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -199,7 +199,7 @@ TEST_F(PrintCommands, TheHtmlFileHoldsTheCellsThatTheControlShows) {
         for (long shown = 1; shown <= 26; ++shown) {
             if (columnVisible(shown)) {
                 row += std::string(shown >= TXPowerCol ? "<td class=\"centred\">" : "<td>") +
-                       com::narrow(cell(channel, shown)) + "</td>";
+                       win::narrow(cell(channel, shown)) + "</td>";
             }
         }
         at = html.find(row + "</tr>\n", at);
@@ -235,8 +235,8 @@ TEST_F(PrintCommands, AnHtmlFileThatMayNotBeReplacedStaysAndIsTold) {
     dialogs.expectBox(IDOK);
     command(desk::Command::SaveHtml);
     const std::wstring& sentence = dialogs.shown().back();
-    EXPECT_TRUE(sentence.starts_with(L"Telvar: " + file + L" could not be written: ")) << com::narrow(sentence);
-    EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
+    EXPECT_TRUE(sentence.starts_with(L"Telvar: " + file + L" could not be written: ")) << win::narrow(sentence);
+    EXPECT_TRUE(sentence.ends_with(L".")) << win::narrow(sentence);
     EXPECT_EQ(TemporaryFolder::read(folder / "kept.html"), "before");
     EXPECT_EQ(folder.entries(), (std::vector<std::string>{"a.telvar", "kept.html"}));
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);

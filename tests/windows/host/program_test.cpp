@@ -4,12 +4,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "com/kit/text.h"
 #include "installed_servers.h"
 #include "running_program.h"
 #include "support/build_paths.h"
 #include "support/temporary_folder.h"
 #include "test_settings.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -27,7 +27,7 @@ protected:
     [[nodiscard]] std::wstring sample(const std::string& name, const std::string& as) {
         const std::string path = folder / as;
         std::filesystem::copy_file(TELVAR_SOURCE_DIR "/samples/" + name, TemporaryFolder::pathOf(path));
-        return com::wide(path);
+        return win::wide(path);
     }
     [[nodiscard]] static std::vector<std::wstring> with(const std::wstring& file) {
         return {L"--settings", TestSettings::key, file};
@@ -122,7 +122,7 @@ TEST_F(ProgramProcess, UnusableArgumentsAreRefused) {
 
 TEST_F(ProgramProcess, WalksTheMainJobByItself) {
     const InstalledServers servers;
-    RunningProgram program({com::wide(folder.name()), sample("every-reading.telvar", "table.telvar")}, walker);
+    RunningProgram program({win::wide(folder.name()), sample("every-reading.telvar", "table.telvar")}, walker);
     EXPECT_EQ(program.waitForEnd(walkTime), fine);
     const std::string transcript = TemporaryFolder::read(folder / "transcript.txt");
     EXPECT_TRUE(transcript.ends_with(" steps, everything as expected.\n")) << transcript;
@@ -135,7 +135,7 @@ TEST_F(ProgramProcess, WalksTheMainJobByItself) {
 TEST_F(ProgramProcess, AWalkThatFindsADifferenceSaysSoByItsStatus) {
     const InstalledServers servers;
     const std::wstring table = sample("every-reading.telvar", "table.telvar");
-    RunningProgram program({com::wide(folder.name()), table}, walker);
+    RunningProgram program({win::wide(folder.name()), table}, walker);
     ASSERT_TRUE(waitForLine("ok    the table is opened and every channel is shown: ", program));
     // The walk promises to leave the table alone that it was given.
     TemporaryFolder::write(folder / "table.telvar", "{}");
@@ -145,14 +145,14 @@ TEST_F(ProgramProcess, AWalkThatFindsADifferenceSaysSoByItsStatus) {
 }
 
 TEST_F(ProgramProcess, AWalkThatCannotBeginSaysSoInItsTranscript) {
-    RunningProgram program({com::wide(folder.name()), L"C:\\nowhere.telvar"}, walker);
+    RunningProgram program({win::wide(folder.name()), L"C:\\nowhere.telvar"}, walker);
     EXPECT_EQ(program.waitForEnd(), cannotStart);
     EXPECT_EQ(TemporaryFolder::read(folder / "transcript.txt"),
               "FAIL  The channel data store VexloDataStore.DataStore is not installed on this computer.\n");
 }
 
 TEST_F(ProgramProcess, AWalkNeedsAFolderAndATable) {
-    RunningProgram program({com::wide(folder.name())}, walker);
+    RunningProgram program({win::wide(folder.name())}, walker);
     EXPECT_EQ(program.waitForMessage(), L"The walk needs a folder for what it writes, and a channel table to open.");
     program.confirm();
     EXPECT_EQ(program.waitForEnd(), badArguments);

@@ -67,7 +67,7 @@ struct RadioCommands : Program {
                 return TRUE;
             },
             reinterpret_cast<LPARAM>(&search));
-        EXPECT_NE(search.found, nullptr) << com::narrow(caption);
+        EXPECT_NE(search.found, nullptr) << win::narrow(caption);
         return search.found;
     }
     [[nodiscard]] HWND lockDataBox() { return buttonNamed(L"Lock Data"); }
@@ -92,7 +92,7 @@ struct RadioCommands : Program {
         return dialogs.shown().empty() ? std::wstring() : dialogs.shown().back();
     }
     [[nodiscard]] bool ends(const std::wstring& text, const std::wstring& end) {
-        EXPECT_TRUE(text.ends_with(end)) << com::narrow(text);
+        EXPECT_TRUE(text.ends_with(end)) << win::narrow(text);
         return text.ends_with(end);
     }
 };

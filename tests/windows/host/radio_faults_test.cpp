@@ -19,7 +19,7 @@ struct FaultyExchange {
 
 // For the messages of a test that fails.
 [[maybe_unused]] void PrintTo(const FaultyExchange& exchange, std::ostream* out) {
-    *out << com::narrow(exchange.fault);
+    *out << win::narrow(exchange.fault);
 }
 
 constexpr wchar_t nothingWritten[] = L"; nothing was written to the radio.";
@@ -51,7 +51,7 @@ struct RadioFaults : RadioCommands, testing::WithParamInterface<FaultyExchange> 
         }
         finish(identifier);
         if (sentence.empty()) {
-            EXPECT_TRUE(statusText(messagePart).starts_with(success)) << com::narrow(statusText(messagePart));
+            EXPECT_TRUE(statusText(messagePart).starts_with(success)) << win::narrow(statusText(messagePart));
         } else {
             EXPECT_TRUE(ends(lastDialog(), sentence));
         }
@@ -87,7 +87,7 @@ TEST_P(RadioFaults, ALoadUnderItEndsAndTheNextIsGood) {
 
 INSTANTIATE_TEST_SUITE_P(EachOfThem, RadioFaults, testing::ValuesIn(exchanges),
                          [](const testing::TestParamInfo<FaultyExchange>& exchange) {
-                             std::string name = com::narrow(exchange.param.fault);
+                             std::string name = win::narrow(exchange.param.fault);
                              std::ranges::replace_if(name, [](char each) { return std::isalnum(each) == 0; }, '_');
                              return name;
                          });

@@ -82,7 +82,7 @@ TEST_F(RadioFollows, ALoadIntoALockedTableIsRefusedBeforeAnythingIsAsked) {
     load();
     ASSERT_EQ(dialogs.shown().size(), 1U);
     EXPECT_NE(dialogs.shown()[0].find(L"Data is locked. Clear 'Lock Data' to make changes."), std::wstring::npos)
-        << com::narrow(dialogs.shown()[0]);
+        << win::narrow(dialogs.shown()[0]);
     EXPECT_EQ(frequency(3), 446'006'250);
     EXPECT_TRUE(modified());
     dialogs.expectQuestion(IDNO);

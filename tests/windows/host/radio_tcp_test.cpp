@@ -17,7 +17,7 @@ constexpr int writing = 40;  // and here ours is written
 struct RadioOverTcp : RadioCommands {
     void connectTo(const RadioProgram& radio) {
         constexpr int overTcp = 1;
-        const std::wstring place = com::wide(radio.address().substr(std::string("tcp:").size()));
+        const std::wstring place = win::wide(radio.address().substr(std::string("tcp:").size()));
         dialogs.expect([place](HWND dialog) {
             SendDlgItemMessageW(dialog, CONNECTION_WAY, CB_SETCURSEL, overTcp, 0);
             SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(CONNECTION_WAY, CBN_SELCHANGE),
@@ -26,7 +26,7 @@ struct RadioOverTcp : RadioCommands {
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         });
         command(desk::Command::RadioConnection);
-        ASSERT_EQ(statusText(messagePart), L"The radio is now at " + com::wide(radio.address()) + L".");
+        ASSERT_EQ(statusText(messagePart), L"The radio is now at " + win::wide(radio.address()) + L".");
     }
     // The radio goes when the exchange has come that far; what the program says then.
     [[nodiscard]] std::wstring pulledDuring(desk::Command identifier, int percent) {
@@ -40,7 +40,7 @@ struct RadioOverTcp : RadioCommands {
         pump();
         EXPECT_EQ(dialogs.shown().size(), 2U) << "the connection's dialog, and one sentence";
         EXPECT_TRUE(lastDialog().starts_with(L"Telvar: The connection to the radio broke ("))
-            << com::narrow(lastDialog());
+            << win::narrow(lastDialog());
         return lastDialog();
     }
     void expectTableAsItWas() {
@@ -56,7 +56,7 @@ TEST_F(RadioOverTcp, ASentTableComesBack) {
     connectTo(radio);
     send();
     EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table;"))
-        << com::narrow(statusText(messagePart));
+        << win::narrow(statusText(messagePart));
     expectEverythingBack();
     change();
     dialogs.expectQuestion(IDNO);
@@ -96,7 +96,7 @@ TEST_F(RadioOverTcp, AfterAPulledCableAnotherRadioIsSentTo) {
     connectTo(radio);
     send();
     EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table;"))
-        << com::narrow(statusText(messagePart));
+        << win::narrow(statusText(messagePart));
     EXPECT_TRUE(pumpUntil([this] { return statusText(radioPart) == L"Radio ready"; }));
     expectEverythingBack();
 }

@@ -15,7 +15,7 @@ TEST_F(RadioCommands, ASentTableComesBack) {
     const long first = frequency();
     send();
     EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table; its former one is kept in "))
-        << com::narrow(statusText(messagePart));
+        << win::narrow(statusText(messagePart));
     expectEverythingBack();
     EXPECT_FALSE(modified());
 
@@ -125,7 +125,7 @@ TEST_F(RadioCommands, TheFaultsThatAreOfferedAreThoseOfTheLink) {
         for (WPARAM index = 0; index < count; ++index) {
             std::array<wchar_t, 50> text{};
             SendMessageW(list, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
-            offered += (index == 0 ? "" : ",") + com::narrow(text.data());
+            offered += (index == 0 ? "" : ",") + win::narrow(text.data());
         }
         EXPECT_EQ(offered, "none,silence,delay,noise,drop,repeat,cut,reorder,identity,echo,power");
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);

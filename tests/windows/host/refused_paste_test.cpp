@@ -48,7 +48,7 @@ TEST_F(RefusedPaste, IsSaidAgainAtTheSameCellAndGoesWithTheNextPaste) {
     EXPECT_EQ(pasteRefused(3, 6), L"Paste refused at channel 3, Scan");
     copyToClipboard(L"Yes");
     press({VK_CONTROL, 'V'});
-    EXPECT_TRUE(pumpUntil([this] { return statusText(0) == L"New channel table"; })) << com::narrow(statusText(0));
+    EXPECT_TRUE(pumpUntil([this] { return statusText(0) == L"New channel table"; })) << win::narrow(statusText(0));
     dialogs.expectQuestion(IDNO);
     close();
 }

@@ -70,7 +70,7 @@ TEST_F(RestoreBackup, TheRestoredTableIsInTheRadioAndShownAsModified) {
     EXPECT_TRUE(modified());
     EXPECT_TRUE(title().starts_with(L"*"));
     EXPECT_EQ(inRadio(), L"462.562500");
-    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 3U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), win::narrow(backups())).size(), 3U);
 }
 
 TEST_F(RestoreBackup, TheOpenTableStaysIfThatIsWanted) {
@@ -79,7 +79,7 @@ TEST_F(RestoreBackup, TheOpenTableStaysIfThatIsWanted) {
     EXPECT_EQ(frequency(), later);
     EXPECT_FALSE(modified());
     EXPECT_TRUE(statusText(messagePart).starts_with(L"The radio holds the table; its former one is kept in "))
-        << com::narrow(statusText(messagePart));
+        << win::narrow(statusText(messagePart));
     EXPECT_EQ(inRadio(), L"462.562500");
 }
 
@@ -103,7 +103,7 @@ TEST_F(RestoreBackup, UnsavedChangesAreAskedAboutBeforeAnythingIsSent) {
     command(desk::Command::RadioRestore);
     EXPECT_TRUE(idle());
     EXPECT_EQ(frequency(3), 446'006'250);
-    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), win::narrow(backups())).size(), 2U);
 }
 
 TEST_F(RestoreBackup, ALockedTableIsToldBeforeAnythingIsSent) {
@@ -113,9 +113,9 @@ TEST_F(RestoreBackup, ALockedTableIsToldBeforeAnythingIsSent) {
     dialogs.expectBox(IDOK);
     command(desk::Command::RadioRestore);
     ASSERT_EQ(dialogs.shown().size(), 2U);
-    EXPECT_NE(dialogs.shown()[1].find(L"Data is locked"), std::wstring::npos) << com::narrow(dialogs.shown()[1]);
+    EXPECT_NE(dialogs.shown()[1].find(L"Data is locked"), std::wstring::npos) << win::narrow(dialogs.shown()[1]);
     EXPECT_TRUE(idle());
-    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), win::narrow(backups())).size(), 2U);
     EXPECT_EQ(frequency(), later);
 }
 
@@ -125,10 +125,10 @@ TEST_F(RestoreBackup, NothingIsSentWithoutAConfirmation) {
     dialogs.expectBox(IDNO);
     command(desk::Command::RadioRestore);
     EXPECT_TRUE(idle());
-    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), win::narrow(backups())).size(), 2U);
     EXPECT_TRUE(
         dialogs.shown().back().starts_with(L"Telvar: The table in the radio will be overwritten by the one of "))
-        << com::narrow(dialogs.shown().back());
+        << win::narrow(dialogs.shown().back());
 }
 
 TEST_F(RestoreBackup, AnEmptyListSaysSo) {
@@ -148,7 +148,7 @@ TEST_F(RestoreBackup, AnEmptyListSaysSo) {
 TEST_F(RestoreBackup, ADamagedFileIsToldAndNothingIsSentOrLoaded) {
     startWith("gmrs.telvar");
     std::filesystem::create_directories(std::filesystem::path(backups()));
-    TemporaryFolder::write(com::narrow(backups()) + "/radio 2024-03-01 14.05.09.telvar-radio",
+    TemporaryFolder::write(win::narrow(backups()) + "/radio 2024-03-01 14.05.09.telvar-radio",
                            "telvar-radio-table 1\n");
     expectChoice(true);
     dialogs.expectBox(IDYES);
@@ -156,12 +156,12 @@ TEST_F(RestoreBackup, ADamagedFileIsToldAndNothingIsSentOrLoaded) {
     command(desk::Command::RadioRestore);
     finish();
     const std::wstring& sentence = dialogs.shown().back();
-    EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << com::narrow(sentence);
-    EXPECT_NE(sentence.find(L"radio 2024-03-01 14.05.09.telvar-radio"), std::wstring::npos) << com::narrow(sentence);
-    EXPECT_TRUE(sentence.ends_with(L".")) << com::narrow(sentence);
+    EXPECT_TRUE(sentence.starts_with(L"Telvar: ")) << win::narrow(sentence);
+    EXPECT_NE(sentence.find(L"radio 2024-03-01 14.05.09.telvar-radio"), std::wstring::npos) << win::narrow(sentence);
+    EXPECT_TRUE(sentence.ends_with(L".")) << win::narrow(sentence);
     EXPECT_EQ(cell(1, 1), L"462.562500");
     EXPECT_FALSE(modified());
-    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 1U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), win::narrow(backups())).size(), 1U);
 }
 
 // The question how the radio is keeps the link busy for a moment.
@@ -195,7 +195,7 @@ TEST_F(RestoreBackup, CanBeCancelledWhileItWaitsForTheDiagnostics) {
     ASSERT_TRUE(pumpUntil([this] { return !commsBusy(); }));
     pump();
     EXPECT_TRUE(idle());
-    EXPECT_EQ(desk::backupsIn(host::HostSystem(), com::narrow(backups())).size(), 2U);
+    EXPECT_EQ(desk::backupsIn(host::HostSystem(), win::narrow(backups())).size(), 2U);
     EXPECT_EQ(frequency(), later);
 }
 

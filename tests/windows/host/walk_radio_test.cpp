@@ -7,7 +7,6 @@
 #include <stdexcept>
 
 #include "com/kit/failure.h"
-#include "com/kit/text.h"
 #include "com/kit/variant.h"
 #include "installed_servers.h"
 #include "support/build_paths.h"
@@ -16,6 +15,7 @@
 #include "walk/table_reading.h"
 #include "walk/walk_steps.h"
 #include "walk/walked_program.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -49,7 +49,7 @@ struct WalkWithRadio : testing::Test {
     }
     // The opening of the table, and the steps from `first` up to `last`.
     [[nodiscard]] std::vector<WalkStep> stepsBetween(std::wstring_view first, std::wstring_view last) {
-        std::vector<WalkStep> all = walk::mainJob(walked, com::wide(folder / "table.telvar"), com::wide(folder.name()));
+        std::vector<WalkStep> all = walk::mainJob(walked, win::wide(folder / "table.telvar"), win::wide(folder.name()));
         const auto opened = find(all, L"the table is opened and every channel is shown: ");
         const auto begin = find(all, first);
         const auto end = find(all, last);
@@ -64,8 +64,8 @@ struct WalkWithRadio : testing::Test {
         return std::ranges::find_if(steps, [&](const WalkStep& step) { return step.text.starts_with(text); });
     }
     bool take(std::vector<WalkStep> steps) {
-        Transcript log(com::wide(folder / "transcript.txt"));
-        Walk walk(*program, log, com::wide(folder.name()));
+        Transcript log(win::wide(folder / "transcript.txt"));
+        Walk walk(*program, log, win::wide(folder.name()));
         steps.push_back({.text = L"ends", .act = [] { PostQuitMessage(0); }, .done = [] { return true; }});
         walk.start(std::move(steps));
         program->open({}, walked.components());

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "com/kit/failure.h"
-#include "com/kit/text.h"
 #include "support/temporary_folder.h"
 #include "test_settings.h"
 #include "walk/table_reading.h"
+#include "win/text.h"
 
 namespace telvar::tests {
 
@@ -28,8 +28,8 @@ void CALLBACK showBox(HWND, UINT, UINT_PTR timer, DWORD) noexcept {
 class WalkTest : public testing::Test {
 protected:
     bool take(std::vector<WalkStep> steps) {
-        Transcript transcript(com::wide(folder / "transcript.txt"));
-        Walk walk(window, transcript, com::wide(folder.name()));
+        Transcript transcript(win::wide(folder / "transcript.txt"));
+        Walk walk(window, transcript, win::wide(folder.name()));
         steps.push_back({.text = L"ends", .act = [] { PostQuitMessage(0); }, .done = [] { return true; }});
         walk.start(std::move(steps));
         MSG message{};

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "base/conversion.h"
-#include "com/kit/text.h"
 #include "model/memory_data_store.h"
 #include "model/subtones.h"
+#include "win/text.h"
 #include "world.h"
 
 #include "com/kit/object_safety.h"

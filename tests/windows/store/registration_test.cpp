@@ -4,14 +4,14 @@
 #include <string>
 
 #include "VexloRadioLink.h"
-#include "com/kit/registry_key.h"
 #include "support/windows/command.h"
+#include "win/registry.h"
 #include "world.h"
 
 namespace telvar::tests {
 namespace {
 
-using com::RegistryKey;
+using win::RegistryKey;
 
 // Stands in for one of the roots as long as it lives.
 class StandInRoot {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "com/kit/text.h"
 #include "com/store/dispatch_names.h"
+#include "win/text.h"
 #include "world.h"
 
 namespace telvar::tests {
@@ -72,7 +72,7 @@ template <class Table>
 }
 
 [[nodiscard]] DISPID askedFor(IDispatch& object, const std::string& name) {
-    std::wstring text = com::wide(name);
+    std::wstring text = win::wide(name);
     wchar_t* names = text.data();
     DISPID id = 0;
     const HRESULT answer = object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_INVARIANT, &id);

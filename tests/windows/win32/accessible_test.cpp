@@ -6,7 +6,7 @@
 #include <oleacc.h>
 // clang-format on
 
-#include "win32/convert.h"
+#include "win/text.h"
 #include "win32/grid_accessible.h"
 
 namespace telvar::win32 {
@@ -44,7 +44,7 @@ protected:
     }
     [[nodiscard]] VARIANT cell(int row, int column) const { return child(accessibleId(widgets.grid, {row, column})); }
     [[nodiscard]] static std::string taken(BSTR text) {
-        const std::string result = text != nullptr ? narrowed({text, SysStringLen(text)}) : "(none)";
+        const std::string result = text != nullptr ? win::narrow({text, SysStringLen(text)}) : "(none)";
         SysFreeString(text);
         return result;
     }

@@ -6,7 +6,6 @@
 #include "base/failure.h"
 #include "ui/menu.h"
 #include "win32/clipboard.h"
-#include "win32/module.h"
 
 namespace telvar::win32 {
 namespace {

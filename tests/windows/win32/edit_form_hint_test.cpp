@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+#include "win/text.h"
 #include "win32/convert.h"
 
 namespace telvar::win32 {
@@ -45,7 +46,7 @@ protected:
         BSTR text = nullptr;
         object->get_accName(self, &text);
         object->Release();
-        const std::string name = text != nullptr ? narrowed({text, SysStringLen(text)}) : "";
+        const std::string name = text != nullptr ? win::narrow({text, SysStringLen(text)}) : "";
         SysFreeString(text);
         return name;
     }

@@ -1,8 +1,8 @@
 #include "edit_form_world.h"
 
 #include "base/value.h"
+#include "win/gdi.h"
 #include "win32/convert.h"
-#include "win32/gdi.h"
 
 namespace telvar::win32 {
 
@@ -52,7 +52,7 @@ COLORREF EditFormWorld::textColour(const ui::Widget& field) const {
     if (const HWND inner = GetWindow(child, GW_CHILD)) {
         child = inner;
     }
-    const WindowContext context(child);
+    const win::WindowContext context(child);
     SendMessageW(window(), WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(context.get()), reinterpret_cast<LPARAM>(child));
     return GetTextColor(context.get());
 }

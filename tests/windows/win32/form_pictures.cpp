@@ -15,9 +15,9 @@
 #include "ui/option_button.h"
 #include "ui/slider.h"
 #include "ui/text_box.h"
-#include "win32/convert.h"
-#include "win32/gdi.h"
-#include "win32/module.h"
+#include "win/gdi.h"
+#include "win/text.h"
+#include "win32/window_kinds.h"
 #include "world.h"
 
 namespace telvar::win32 {
@@ -28,10 +28,10 @@ constexpr UINT dpiChanged = 0x02E0;
 
 // Pixels that a text takes in the font that the window has, broken at a width or, for 0, in one line.
 ui::Size extentOf(HWND window, const std::string& text, int width, UINT format) {
-    const WindowContext dc(window);
-    const Selected font(dc.get(), reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+    const win::WindowContext dc(window);
+    const win::Selected font(dc.get(), reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
     RECT extent{0, 0, width, 0};
-    const std::wstring wide = widened(text);
+    const std::wstring wide = win::wide(text);
     DrawTextW(dc.get(), wide.c_str(), static_cast<int>(wide.size()), &extent,
               DT_CALCRECT | format | (width > 0 ? DT_WORDBREAK : DT_SINGLELINE));
     return {static_cast<int>(extent.right), static_cast<int>(extent.bottom)};
@@ -121,7 +121,7 @@ void expectInOrder(HWND window, const ui::Form& form) {
 
 void expectReadable(WindowsDesktop& desktop, ui::Form& form, const std::string& name) {
     desktop.showModeless(form);
-    const HWND window = FindWindowW(windowClassName(WindowKind::Form).c_str(), nullptr);
+    const HWND window = FindWindowW(win::classNameOf(formKind).c_str(), nullptr);
     ASSERT_NE(window, nullptr);
     for (const int dpi : {96, 144, 192}) {
         SCOPED_TRACE(std::to_string(dpi) + " dpi");

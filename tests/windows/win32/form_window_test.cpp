@@ -3,8 +3,9 @@
 #include <memory>
 
 #include "base/failure.h"
+#include "win/module.h"
 #include "win32/convert.h"
-#include "win32/module.h"
+#include "win32/window_kinds.h"
 
 namespace telvar::win32 {
 namespace {
@@ -328,27 +329,23 @@ TEST_F(Forms, HoldTheirOwnerDuringAMessage) {
 
 // ---- what keeps the module loaded
 
-int uses = 0;
-
 TEST(FormResources, CountWhileTheyAreOpen) {
-    uses = 0;
-    setUseCounter([](int change) noexcept { uses += change; });
+    const long before = win::uses();
     {
         const TopWindow top(400, 300);
         WindowsDesktop desktop;
         FormWidgets widgets(desktop);
-        const int bare = uses;
+        const long bare = win::uses();
         desktop.showModeless(widgets.form);
-        EXPECT_EQ(uses, bare + 2) << "the window and its hook";
+        EXPECT_EQ(win::uses(), bare + 2) << "the window and its hook";
         desktop.hide(widgets.form);
-        EXPECT_EQ(uses, bare);
+        EXPECT_EQ(win::uses(), bare);
         desktop.doEvents();
     }
-    EXPECT_EQ(uses, 0);
-    setUseCounter(nullptr);
+    EXPECT_EQ(win::uses(), before);
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
-    EXPECT_FALSE(GetClassInfoExW(moduleHandle(), windowClassName(WindowKind::Form).c_str(), &description));
+    EXPECT_FALSE(GetClassInfoExW(win::moduleHandle(), win::classNameOf(formKind).c_str(), &description));
 }
 
 }  // namespace

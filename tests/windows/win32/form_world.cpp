@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "win32/module.h"
+#include "win32/window_kinds.h"
 
 namespace telvar::win32 {
 
@@ -76,7 +76,7 @@ bool FormWorld::until(const std::function<bool()>& condition) {
     return met;
 }
 
-HWND FormWorld::window() const { return FindWindowW(windowClassName(WindowKind::Form).c_str(), nullptr); }
+HWND FormWorld::window() const { return FindWindowW(win::classNameOf(formKind).c_str(), nullptr); }
 
 void FormWorld::whenOpen(std::function<void()> then) {
     desktop.dispatcher().post([this, then = std::move(then)] {

@@ -1,4 +1,5 @@
 // What of a text is shown in a cell that is too narrow for it, and the tooltip that has the rest.
+#include "win/text.h"
 #include "win32/grid_text.h"
 
 #include <commctrl.h>
@@ -6,7 +7,6 @@
 #include <array>
 
 #include "ui/grid_layout.h"
-#include "win32/convert.h"
 #include "win32/grid_painter.h"
 #include "world.h"
 
@@ -20,8 +20,8 @@ protected:
     [[nodiscard]] int scaled(int pixels) const { return MulDiv(pixels, GetParam(), 96); }
 
     FormFont font{GetParam()};
-    MemoryContext dc;
-    Selected selected{dc.get(), font.get()};
+    win::MemoryContext dc;
+    win::Selected selected{dc.get(), font.get()};
     GridText texts{font, dc.get()};
     std::wstring buffer;
 };
@@ -73,7 +73,7 @@ TEST_P(GridTexts, AreNotCutInsideACharacter) {
 TEST_P(GridTexts, HaveRoomForEveryModeInItsColumn) {
     constexpr int columnWidth = 1100;
     for (const wchar_t* const mode : {L"Simplex", L"Repeater", L"P25 Repeater", L"Mixed Mode"}) {
-        EXPECT_FALSE(fitted(mode, ui::pixelsOf(columnWidth, GetParam()) - 1).cut) << narrowed(mode);
+        EXPECT_FALSE(fitted(mode, ui::pixelsOf(columnWidth, GetParam()) - 1).cut) << win::narrow(mode);
     }
 }
 
@@ -133,7 +133,7 @@ protected:
         tool.cbSize = TTTOOLINFOW_V2_SIZE;
         tool.lpszText = text.data();
         SendMessageW(tip(), TTM_GETCURRENTTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-        return narrowed(text.data());
+        return win::narrow(text.data());
     }
     // Longer than the system waits before it shows one.
     void expectNoTip() {

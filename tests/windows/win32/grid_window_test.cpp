@@ -2,8 +2,8 @@
 #include "world.h"
 
 #include "ui/grid_layout.h"
+#include "win/gdi.h"
 #include "win32/fonts.h"
-#include "win32/gdi.h"
 #include "win32/grid_painter.h"
 
 namespace telvar::win32 {
@@ -32,10 +32,10 @@ protected:
 
     // Paints over everything, behind the window's back.
     void soil() {
-        const WindowContext screen(window);
+        const win::WindowContext screen(window);
         RECT client{};
         GetClientRect(window, &client);
-        const Brush brush(CreateSolidBrush(mark));
+        const win::Brush brush(CreateSolidBrush(mark));
         FillRect(screen.get(), &client, brush.get());
     }
     // What has been painted since, as the smallest rectangle around it.

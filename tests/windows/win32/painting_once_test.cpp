@@ -3,8 +3,7 @@
 #include <map>
 
 #include "edit_form_world.h"
-#include "win32/gdi.h"
-#include "win32/module.h"
+#include "win/gdi.h"
 
 namespace telvar::win32 {
 namespace {

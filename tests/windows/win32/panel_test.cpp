@@ -2,8 +2,7 @@
 #include "schemes.h"
 #include "world.h"
 
-#include "win32/gdi.h"
-#include "win32/module.h"
+#include "win/gdi.h"
 #include "win32/panel_picture.h"
 
 namespace telvar::win32 {
@@ -23,7 +22,7 @@ TEST_F(Panels, GiveTheirSizeAndDotsPerInchToTheWidget) {
 TEST_F(Panels, ShowOnlyTheClippedPart) {
     const RECT clip{0, 0, 200, 100};
     panel->move({10, 10, 510, 310}, &clip);
-    const Region region(CreateRectRgn(0, 0, 0, 0));
+    const win::Region region(CreateRectRgn(0, 0, 0, 0));
     ASSERT_EQ(GetWindowRgn(panel->hwnd(), region.get()), SIMPLEREGION);
     RECT box{};
     GetRgnBox(region.get(), &box);
@@ -229,10 +228,10 @@ protected:
         info.bmiHeader.biPlanes = 1;
         info.bmiHeader.biBitCount = 32;
         void* bits = nullptr;
-        const MemoryContext dc;
-        const Bitmap bitmap(CreateDIBSection(dc.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+        const win::MemoryContext dc;
+        const win::Bitmap bitmap(CreateDIBSection(dc.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
         {
-            const Selected selected(dc.get(), bitmap.get());
+            const win::Selected selected(dc.get(), bitmap.get());
             drawPanel(widgets.panel, dc.get(), {0, 0, width, height}, dpi);
             GdiFlush();
         }

@@ -1,7 +1,7 @@
 #include "world.h"
 
+#include "win/gdi.h"
 #include "win32/convert.h"
-#include "win32/gdi.h"
 
 namespace telvar::win32 {
 namespace {
@@ -220,7 +220,7 @@ TEST_F(Peers, AnotherTopLevelWindowLeavesNoField) {
 
 TEST_F(Peers, UseTheColourOfTheirWidget) {
     widgets.text.setForeColor(ui::red);
-    const WindowContext screen(windowOf(widgets.text));
+    const win::WindowContext screen(windowOf(widgets.text));
     SendMessageW(panel->hwnd(), WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(screen.get()),
                  reinterpret_cast<LPARAM>(windowOf(widgets.text)));
     EXPECT_EQ(GetTextColor(screen.get()), RGB(255, 0, 0));

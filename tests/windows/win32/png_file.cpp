@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "support/build_paths.h"
-#include "win32/gdi.h"
+#include "win/gdi.h"
 
 namespace telvar::win32 {
 
@@ -65,11 +65,11 @@ std::string stored(std::string_view bytes) {
 std::string pixelRows(const RECT& at) {
     const int width = at.right - at.left;
     const int height = at.bottom - at.top;
-    const WindowContext screen(nullptr);
-    const MemoryContext memory(screen.get());
-    const Bitmap bitmap(CreateCompatibleBitmap(screen.get(), width, height));
+    const win::WindowContext screen(nullptr);
+    const win::MemoryContext memory(screen.get());
+    const win::Bitmap bitmap(CreateCompatibleBitmap(screen.get(), width, height));
     {
-        const Selected selected(memory.get(), bitmap.get());
+        const win::Selected selected(memory.get(), bitmap.get());
         BitBlt(memory.get(), 0, 0, width, height, screen.get(), at.left, at.top, SRCCOPY);
     }
     BITMAPINFO info{};

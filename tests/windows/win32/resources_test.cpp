@@ -1,26 +1,11 @@
 // Nothing is left behind: system resources, window classes, counted uses.
 #include "world.h"
 
-#include "win32/module.h"
+#include "win/module.h"
+#include "win32/window_kinds.h"
 
 namespace telvar::win32 {
 namespace {
-
-int uses = 0;
-void count(int change) noexcept { uses += change; }
-
-class Counting {
-public:
-    Counting() noexcept {
-        uses = 0;
-        setUseCounter(count);
-    }
-    Counting(const Counting&) = delete;
-    Counting& operator=(const Counting&) = delete;
-    Counting(Counting&&) = delete;
-    Counting& operator=(Counting&&) = delete;
-    ~Counting() { setUseCounter(nullptr); }
-};
 
 DWORD resources(DWORD kind) { return GetGuiResources(GetCurrentProcess(), kind); }
 
@@ -50,56 +35,55 @@ TEST(Resources, DoNotLeakOverTwoHundredShowings) {
 
 TEST(Resources, WindowsAndTimersCountAsUses) {
     const TopWindow top(800, 500);
-    const Counting counting;
+    const long before = win::uses();
     {
         WindowsDesktop desktop;
-        const int bare = uses;
-        EXPECT_GT(bare, 0);
+        const long bare = win::uses();
+        EXPECT_GT(bare, before);
         {
             ui::Timer timer(desktop);
             timer.setInterval(std::chrono::milliseconds(1000));
-            EXPECT_EQ(uses, bare + 1);
+            EXPECT_EQ(win::uses(), bare + 1);
         }
-        EXPECT_EQ(uses, bare);
+        EXPECT_EQ(win::uses(), bare);
         Widgets widgets;
         {
             const PanelWindow panel(desktop, widgets.panel, top.handle(), {0, 0, 760, 460});
-            EXPECT_GE(uses, bare + 2);
+            EXPECT_GE(win::uses(), bare + 2);
         }
-        EXPECT_EQ(uses, bare);
+        EXPECT_EQ(win::uses(), bare);
     }
-    EXPECT_EQ(uses, 0);
+    EXPECT_EQ(win::uses(), before);
 }
 
 TEST(Resources, AWindowThatItsParentDestroyedCountsNoLonger) {
-    const Counting counting;
     WindowsDesktop desktop;
     Widgets widgets;
-    const int bare = uses;
+    const long bare = win::uses();
     auto top = std::make_unique<TopWindow>(800, 500);
     const PanelWindow panel(desktop, widgets.panel, top->handle(), {0, 0, 760, 460});
     top.reset();
-    EXPECT_EQ(uses, bare);
+    EXPECT_EQ(win::uses(), bare);
 }
 
 TEST(Resources, WindowClassesAreTakenBack) {
     const TopWindow top(800, 500);
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
-    const auto registered = [&](WindowKind kind) {
-        return GetClassInfoExW(moduleHandle(), windowClassName(kind).c_str(), &description) != FALSE;
+    const auto registered = [&](const win::WindowKind& kind) {
+        return GetClassInfoExW(win::moduleHandle(), win::classNameOf(kind).c_str(), &description) != FALSE;
     };
     {
         WindowsDesktop desktop;
         Widgets widgets;
         const PanelWindow panel(desktop, widgets.panel, top.handle(), {0, 0, 760, 460});
-        EXPECT_TRUE(registered(WindowKind::Panel));
-        EXPECT_TRUE(registered(WindowKind::Grid));
-        EXPECT_TRUE(registered(WindowKind::Messages));
+        EXPECT_TRUE(registered(panelKind));
+        EXPECT_TRUE(registered(gridKind));
+        EXPECT_TRUE(registered(win::WorkWindow::kind));
     }
-    EXPECT_FALSE(registered(WindowKind::Panel));
-    EXPECT_FALSE(registered(WindowKind::Grid));
-    EXPECT_FALSE(registered(WindowKind::Messages));
+    EXPECT_FALSE(registered(panelKind));
+    EXPECT_FALSE(registered(gridKind));
+    EXPECT_FALSE(registered(win::WorkWindow::kind));
 }
 
 }  // namespace

@@ -10,10 +10,10 @@
 #include "png_file.h"
 #include "ui/grid_layout.h"
 #include "ui/menu.h"
+#include "win/gdi.h"
 #include "win32/fonts.h"
-#include "win32/gdi.h"
 #include "win32/grid_painter.h"
-#include "win32/module.h"
+#include "win32/window_kinds.h"
 
 namespace telvar::win32 {
 namespace {
@@ -123,10 +123,10 @@ class ChangingScheme : public World {
 protected:
     // Paints over a window, behind its back.
     static void soil(HWND window) {
-        const WindowContext screen(window);
+        const win::WindowContext screen(window);
         RECT client{};
         GetClientRect(window, &client);
-        const Brush brush(CreateSolidBrush(mark));
+        const win::Brush brush(CreateSolidBrush(mark));
         FillRect(screen.get(), &client, brush.get());
     }
     [[nodiscard]] static int soiled(HWND window) {
@@ -180,7 +180,7 @@ protected:
     void expectSeen(ui::Form& shown, const std::string& name) {
         desktop.showModeless(shown);
         pump();
-        const HWND standing = FindWindowW(windowClassName(WindowKind::Form).c_str(), nullptr);
+        const HWND standing = FindWindowW(win::classNameOf(formKind).c_str(), nullptr);
         ASSERT_NE(standing, nullptr);
         savePicture(standing, name + "-black");
         expectTextsSeen(standing, shown);

@@ -2,6 +2,7 @@
 
 #include "base/readable_colour.h"
 #include "ui/slider.h"
+#include "win/text.h"
 #include "win32/convert.h"
 
 namespace telvar::win32 {
@@ -60,7 +61,7 @@ public:
         } else if (chosen_ >= 0) {
             SendMessageW(control_, CB_SETCURSEL, static_cast<WPARAM>(chosen_), 0);
         } else {
-            SetWindowTextW(control_, widened(text_).c_str());
+            SetWindowTextW(control_, win::wide(text_).c_str());
         }
         repaint();
     }

@@ -4,8 +4,8 @@
 #include <array>
 #include <chrono>
 
+#include "win/gdi.h"
 #include "win32/convert.h"
-#include "win32/gdi.h"
 
 namespace telvar::win32 {
 
@@ -53,11 +53,11 @@ Picture::Picture(HWND window) {
     width_ = static_cast<int>(client.right);
     height_ = static_cast<int>(client.bottom);
     pixels_.resize(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
-    const WindowContext screen(window);
-    const MemoryContext memory(screen.get());
-    const Bitmap bitmap(CreateCompatibleBitmap(screen.get(), width_, height_));
+    const win::WindowContext screen(window);
+    const win::MemoryContext memory(screen.get());
+    const win::Bitmap bitmap(CreateCompatibleBitmap(screen.get(), width_, height_));
     {
-        const Selected selected(memory.get(), bitmap.get());
+        const win::Selected selected(memory.get(), bitmap.get());
         BitBlt(memory.get(), 0, 0, width_, height_, screen.get(), 0, 0, SRCCOPY);
     }
     BITMAPINFO info{};

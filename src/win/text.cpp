@@ -1,9 +1,10 @@
-#include "com/kit/text.h"
+#include "win/text.h"
+
+#include <windows.h>
 
 #include "base/failure.h"
-#include "com/kit/automation.h"
 
-namespace telvar::com {
+namespace telvar::win {
 
 namespace {
 
@@ -41,4 +42,4 @@ std::string narrow(std::wstring_view text) {
     return result;
 }
 
-}  // namespace telvar::com
+}  // namespace telvar::win

@@ -7,9 +7,10 @@
 #include <memory>
 #include <optional>
 
-#include "win32/module.h"
+#include "win/module.h"
+#include "win/window_class.h"
 
-namespace telvar::win32 {
+namespace telvar::win {
 
 // Must be owned by a shared_ptr. The handle ends with the object, the object may outlive the handle.
 class Window : public std::enable_shared_from_this<Window> {
@@ -28,8 +29,8 @@ public:
     [[nodiscard]] static Window* of(HWND handle) noexcept;
 
 protected:
-    // Throws base::Failure when the system refuses.
-    void create(WindowKind kind, DWORD style, DWORD extendedStyle, const RECT& at, HWND parent);
+    // Throws base::Failure when the system refuses. The class is registered when it is not yet.
+    void create(const WindowKind& kind, DWORD style, DWORD extendedStyle, const RECT& at, HWND parent);
 
     // Handled messages; the rest goes to defaultHandle.
     virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) = 0;
@@ -45,4 +46,4 @@ private:
     std::optional<Use> use_;
 };
 
-}  // namespace telvar::win32
+}  // namespace telvar::win

@@ -5,9 +5,10 @@
 #include <string>
 #include <string_view>
 
-namespace telvar::com {
+namespace telvar::win {
 
+// Throw base::Failure for a text of more than a thousand million characters, which the system's functions do not count.
 [[nodiscard]] std::wstring wide(std::string_view text);
 [[nodiscard]] std::string narrow(std::wstring_view text);
 
-}  // namespace telvar::com
+}  // namespace telvar::win

@@ -3,39 +3,28 @@
 
 #include <windows.h>
 
-#include <utility>
+#include "win/handle.h"
 
-namespace telvar::win32 {
+namespace telvar::win {
 
-template <class Handle>
-class GdiObject {
-public:
-    GdiObject() noexcept = default;
-    explicit GdiObject(Handle handle) noexcept : handle_(handle) {}
-    GdiObject(GdiObject&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-    GdiObject& operator=(GdiObject&& other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-    GdiObject(const GdiObject&) = delete;
-    GdiObject& operator=(const GdiObject&) = delete;
-    ~GdiObject() {
-        if (handle_ != nullptr) {
-            DeleteObject(handle_);
-        }
-    }
-
-    [[nodiscard]] Handle get() const noexcept { return handle_; }
-    explicit operator bool() const noexcept { return handle_ != nullptr; }
-
-private:
-    Handle handle_ = nullptr;
+struct DeletesObject {
+    static void giveBack(HGDIOBJ object) noexcept { DeleteObject(object); }
 };
+template <class Kind>
+struct DrawingObject : DeletesObject {
+    using Value = Kind;
+};
+using Font = Owned<DrawingObject<HFONT>>;
+using Brush = Owned<DrawingObject<HBRUSH>>;
+using Bitmap = Owned<DrawingObject<HBITMAP>>;
+using Region = Owned<DrawingObject<HRGN>>;
 
-using Font = GdiObject<HFONT>;
-using Brush = GdiObject<HBRUSH>;
-using Bitmap = GdiObject<HBITMAP>;
-using Region = GdiObject<HRGN>;
+struct DeletesContext {
+    using Value = HDC;
+    static void giveBack(HDC context) noexcept { DeleteDC(context); }
+};
+// One that was created, such as a printer's.
+using DeviceContext = Owned<DeletesContext>;
 
 // Puts an object into a device context and the previous one back.
 class Selected {
@@ -76,23 +65,9 @@ private:
 };
 
 // A device context in memory, compatible with the given one or, without one, with the screen.
-class MemoryContext {
+class MemoryContext : public DeviceContext {
 public:
-    explicit MemoryContext(HDC like = nullptr) noexcept : dc_(CreateCompatibleDC(like)) {}
-    MemoryContext(const MemoryContext&) = delete;
-    MemoryContext& operator=(const MemoryContext&) = delete;
-    MemoryContext(MemoryContext&&) = delete;
-    MemoryContext& operator=(MemoryContext&&) = delete;
-    ~MemoryContext() {
-        if (dc_ != nullptr) {
-            DeleteDC(dc_);
-        }
-    }
-
-    [[nodiscard]] HDC get() const noexcept { return dc_; }
-
-private:
-    HDC dc_;
+    explicit MemoryContext(HDC like = nullptr) noexcept : DeviceContext(CreateCompatibleDC(like)) {}
 };
 
 // The client area of a window, or the screen without one, outside of painting.
@@ -135,24 +110,4 @@ private:
     HDC dc_;
 };
 
-// A menu of its own, not attached to a window.
-class PopupMenu {
-public:
-    PopupMenu() noexcept : menu_(CreatePopupMenu()) {}
-    PopupMenu(const PopupMenu&) = delete;
-    PopupMenu& operator=(const PopupMenu&) = delete;
-    PopupMenu(PopupMenu&&) = delete;
-    PopupMenu& operator=(PopupMenu&&) = delete;
-    ~PopupMenu() {
-        if (menu_ != nullptr) {
-            DestroyMenu(menu_);
-        }
-    }
-
-    [[nodiscard]] HMENU get() const noexcept { return menu_; }
-
-private:
-    HMENU menu_;
-};
-
-}  // namespace telvar::win32
+}  // namespace telvar::win

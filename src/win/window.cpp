@@ -1,8 +1,8 @@
-#include "win32/window.h"
+#include "win/window.h"
 
 #include "base/failure.h"
 
-namespace telvar::win32 {
+namespace telvar::win {
 
 Window::~Window() { destroy(); }
 
@@ -19,8 +19,9 @@ Window* Window::of(HWND handle) noexcept {
     return ours ? reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA)) : nullptr;
 }
 
-void Window::create(WindowKind kind, DWORD style, DWORD extendedStyle, const RECT& at, HWND parent) {
-    const std::wstring name = windowClass(kind, procedure);
+void Window::create(const WindowKind& kind, DWORD style, DWORD extendedStyle, const RECT& at, HWND parent) {
+    const std::wstring name = classNameOf(kind);
+    registerClass(name, procedure, {.style = kind.style});
     const HWND made = CreateWindowExW(extendedStyle, name.c_str(), L"", style, at.left, at.top, at.right - at.left,
                                       at.bottom - at.top, parent, nullptr, moduleHandle(), this);
     if (made == nullptr) {
@@ -59,4 +60,4 @@ LRESULT Window::dispatch(HWND handle, UINT message, WPARAM wParam, LPARAM lParam
     return result;
 }
 
-}  // namespace telvar::win32
+}  // namespace telvar::win
