@@ -1,9 +1,9 @@
 #include "host/shell/backup_dialog.h"
 
-#include "com/kit/text.h"
 #include "host/shell/dialog.h"
 #include "host/shell/dialogs.h"
 #include "host/shell/resource.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -20,7 +20,7 @@ private:
     HWND begin() override {
         for (const desk::Backup& backup : backups_) {
             SendMessageW(item(BACKUP_LIST), LB_ADDSTRING, 0,
-                         reinterpret_cast<LPARAM>(com::wide(desk::backupText(system_, backup)).c_str()));
+                         reinterpret_cast<LPARAM>(win::wide(desk::backupText(system_, backup)).c_str()));
         }
         SendMessageW(item(BACKUP_LIST), LB_SETCURSEL, 0, 0);
         SendMessageW(item(BACKUP_LOAD), BM_SETCHECK, BST_CHECKED, 0);
@@ -62,7 +62,7 @@ bool askRestore(HWND owner, const desk::System& system, const desk::Backup& back
     const std::string question = "The table in the radio will be overwritten by the one of " +
                                  desk::backupText(system, backup) +
                                  ". What it holds now is kept as another backup. Restore it?";
-    return MessageBoxW(owner, com::wide(question).c_str(), programTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) ==
+    return MessageBoxW(owner, win::wide(question).c_str(), programTitle, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) ==
            IDYES;
 }
 

@@ -4,15 +4,11 @@
 
 #include <shellapi.h>
 
-#include <memory>
+#include "win/handle.h"
 
 namespace telvar::host {
 
 namespace {
-
-struct FreeLocal {
-    void operator()(LPWSTR* list) const noexcept { LocalFree(static_cast<HLOCAL>(list)); }
-};
 
 // A file may begin with dashes after "--".
 bool isOption(const std::wstring& argument) { return argument.starts_with(L"--"); }
@@ -45,10 +41,11 @@ std::expected<CommandLine, std::wstring> readCommandLine(const std::vector<std::
 
 std::vector<std::wstring> processArguments() {
     int count = 0;
-    const std::unique_ptr<LPWSTR[], FreeLocal> list(CommandLineToArgvW(GetCommandLineW(), &count));
+    const win::LocalMemory owned(CommandLineToArgvW(GetCommandLineW(), &count));
+    auto* const list = static_cast<LPWSTR*>(owned.get());
     std::vector<std::wstring> result;
     for (int index = 1; list != nullptr && index < count; ++index) {
-        result.emplace_back(list[static_cast<std::size_t>(index)]);
+        result.emplace_back(list[index]);
     }
     return result;
 }

@@ -2,10 +2,10 @@
 #include "win/work_area.h"
 
 #include "base/readable_colour.h"
-#include "com/kit/text.h"
 #include "desk/sentences.h"
 #include "host/shell/resource.h"
 #include "host/shell/window_placement.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -84,13 +84,13 @@ void Dialog::command(int control, int notification) {
 }
 
 void Dialog::setText(int control, const std::string& text) {
-    SetDlgItemTextW(window_, control, com::wide(text).c_str());
+    SetDlgItemTextW(window_, control, win::wide(text).c_str());
 }
 
 std::string Dialog::textOf(int control) const {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item(control))) + 1, L'\0');
     text.resize(static_cast<std::size_t>(GetWindowTextW(item(control), text.data(), static_cast<int>(text.size()))));
-    return com::narrow(text);
+    return win::narrow(text);
 }
 
 void Dialog::note(const std::string& sentence) {

@@ -7,8 +7,8 @@
 #include <array>
 #include <bit>
 
-#include "com/kit/text.h"
 #include "host/shell/resource.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -47,7 +47,7 @@ desk::SaveAnswer answerOf(int button) noexcept {
 
 std::wstring folderOf(const std::string& path) {
     const std::size_t end = path.find_last_of("\\/");
-    return end == std::string::npos ? std::wstring() : com::wide(path.substr(0, end));
+    return end == std::string::npos ? std::wstring() : win::wide(path.substr(0, end));
 }
 
 std::optional<std::string> askPath(HWND owner, const FileKind& kind, const std::wstring& initial,
@@ -69,7 +69,7 @@ std::optional<std::string> askPath(HWND owner, const FileKind& kind, const std::
         return std::nullopt;
     }
     path.resize(path.find(L'\0'));
-    return com::narrow(path);
+    return win::narrow(path);
 }
 
 INT_PTR CALLBACK aboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM) noexcept {
@@ -88,11 +88,11 @@ INT_PTR CALLBACK aboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM
 }  // namespace
 
 void tellFailure(HWND owner, const std::string& sentence) {
-    MessageBoxW(owner, com::wide(sentence).c_str(), programTitle, MB_OK | MB_ICONEXCLAMATION);
+    MessageBoxW(owner, win::wide(sentence).c_str(), programTitle, MB_OK | MB_ICONEXCLAMATION);
 }
 
 desk::SaveAnswer askSave(HWND owner, const std::string& tableName) {
-    const std::wstring question = L"Do you want to save the changes to " + com::wide(tableName) + L"?";
+    const std::wstring question = L"Do you want to save the changes to " + win::wide(tableName) + L"?";
     static const TaskDialog show = findTaskDialog();
     const std::array<TASKDIALOG_BUTTON, 3> buttons{{{IDYES, L"&Save"}, {IDNO, L"Do&n't Save"}, {IDCANCEL, L"Cancel"}}};
     TASKDIALOGCONFIG dialog{};
@@ -122,12 +122,12 @@ std::optional<std::string> askOpenPath(HWND owner, const std::string& besides) {
 }
 
 std::optional<std::string> askSavePath(HWND owner, const std::string& suggested) {
-    return askPath(owner, tableFiles, com::wide(suggested), folderOf(suggested), L"Save Channel Table As",
+    return askPath(owner, tableFiles, win::wide(suggested), folderOf(suggested), L"Save Channel Table As",
                    OFN_OVERWRITEPROMPT, GetSaveFileNameW);
 }
 
 std::optional<std::string> askHtmlPath(HWND owner, const std::string& suggested) {
-    return askPath(owner, htmlFiles, com::wide(suggested), folderOf(suggested), L"Save as HTML", OFN_OVERWRITEPROMPT,
+    return askPath(owner, htmlFiles, win::wide(suggested), folderOf(suggested), L"Save as HTML", OFN_OVERWRITEPROMPT,
                    GetSaveFileNameW);
 }
 

@@ -3,21 +3,17 @@
 #include <windows.h>
 
 #include <array>
-#include <memory>
-#include <type_traits>
 
-#include "com/kit/text.h"
-#include "host/shell/replace_file.h"
+#include "base/failure.h"
+#include "win/failure.h"
+#include "win/files.h"
+#include "win/handle.h"
+#include "win/text.h"
 #include "win/user_folder.h"
 
 namespace telvar::host {
 
 namespace {
-
-struct CloseSearch {
-    void operator()(HANDLE search) const noexcept { FindClose(search); }
-};
-using Search = std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseSearch>;
 
 SYSTEMTIME systemTimeOf(std::chrono::local_seconds at) {
     const auto days = std::chrono::floor<std::chrono::days>(at);
@@ -48,40 +44,39 @@ std::wstring timeText(const SYSTEMTIME& at, DWORD form) {
 }  // namespace
 
 bool HostSystem::exists(const std::string& path) const {
-    return GetFileAttributesW(com::wide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return GetFileAttributesW(win::wide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 bool HostSystem::samePath(const std::string& left, const std::string& right) const {
-    return CompareStringOrdinal(com::wide(left).c_str(), -1, com::wide(right).c_str(), -1, TRUE) == CSTR_EQUAL;
+    return CompareStringOrdinal(win::wide(left).c_str(), -1, win::wide(right).c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 std::vector<std::string> HostSystem::fileNamesIn(const std::string& folder) const {
     std::vector<std::string> names;
     WIN32_FIND_DATAW entry{};
-    const HANDLE first = FindFirstFileW((com::wide(folder) + L"\\*").c_str(), &entry);
-    if (first == INVALID_HANDLE_VALUE) {
+    const win::Search search(FindFirstFileW((win::wide(folder) + L"\\*").c_str(), &entry));
+    if (!search) {
         return names;
     }
-    const Search search(first);
     do {
         if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-            names.push_back(com::narrow(entry.cFileName));
+            names.push_back(win::narrow(entry.cFileName));
         }
     } while (FindNextFileW(search.get(), &entry));
     return names;
 }
 
-std::string HostSystem::userFolder() const { return com::narrow(win::userFolder()); }
+std::string HostSystem::userFolder() const { return win::narrow(win::userFolder()); }
 
 std::string HostSystem::dateAndTime(std::chrono::local_seconds at) const {
     const SYSTEMTIME time = systemTimeOf(at);
-    return com::narrow(dateText(time, DATE_LONGDATE) + L", " + timeText(time, 0));
+    return win::narrow(dateText(time, DATE_LONGDATE) + L", " + timeText(time, 0));
 }
 
 std::string HostSystem::now() const {
     SYSTEMTIME now{};
     GetLocalTime(&now);
-    return com::narrow(dateText(now, DATE_SHORTDATE) + L" " + timeText(now, TIME_NOSECONDS));
+    return win::narrow(dateText(now, DATE_SHORTDATE) + L" " + timeText(now, TIME_NOSECONDS));
 }
 
 int HostSystem::usualSheet() const {
@@ -92,7 +87,9 @@ int HostSystem::usualSheet() const {
 }
 
 void HostSystem::replaceFile(const std::string& path, const std::string& contents) const {
-    host::replaceFile(com::wide(path), contents);
+    if (const auto done = win::replaceFile(win::wide(path), contents); !done) {
+        throw base::Failure(path + " could not be written: " + win::errorText(done.error()));
+    }
 }
 
 }  // namespace telvar::host

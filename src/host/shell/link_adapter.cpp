@@ -5,8 +5,8 @@
 #include "base/text.h"
 #include "com/kit/bstr.h"
 #include "com/kit/failure.h"
-#include "com/kit/text.h"
 #include "host/shell/command_line.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -47,7 +47,7 @@ std::vector<std::string> LinkAdapter::knownFaults() const {
 }
 
 void LinkAdapter::setTraceFile(const std::string& path) {
-    put(&IRadioLink::put_TraceFile, path.empty() ? path : com::narrow(absolutePath(com::wide(path))));
+    put(&IRadioLink::put_TraceFile, path.empty() ? path : win::narrow(absolutePath(win::wide(path))));
 }
 
 std::string LinkAdapter::text(Get property) const {

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <utility>
 
-#include "com/kit/text.h"
 #include "host/shell/dialog.h"
 #include "host/shell/resource.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -31,7 +31,7 @@ private:
 void fill(HWND list, std::span<const desk::AccessLevel> levels, desk::AccessLevel chosen) {
     for (const desk::AccessLevel level : levels) {
         const LRESULT index =
-            SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(com::wide(desk::nameOf(level)).c_str()));
+            SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(win::wide(desk::nameOf(level)).c_str()));
         SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(index), static_cast<LPARAM>(level));
         if (level == chosen) {
             SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);

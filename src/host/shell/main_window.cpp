@@ -7,10 +7,10 @@
 #include <array>
 #include <utility>
 
-#include "com/kit/text.h"
 #include "host/shell/menu_bar.h"
 #include "host/shell/window_placement.h"
 #include "win/scaling.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -210,7 +210,7 @@ void MainWindow::openDropped(HDROP files) {
     DragQueryFileW(files, 0, path.data(), static_cast<UINT>(path.size() + 1));
     DragFinish(files);
     if (desk_) {
-        desk_->openDropped(com::narrow(path));
+        desk_->openDropped(win::narrow(path));
     }
 }
 
@@ -232,7 +232,7 @@ void MainWindow::refreshState() {
     }
 }
 
-void MainWindow::showStatus(const std::wstring& text) { statusBar_.setMessage(com::narrow(text)); }
+void MainWindow::showStatus(const std::wstring& text) { statusBar_.setMessage(win::narrow(text)); }
 
 void MainWindow::enableWindow(bool enabled) {
     if (desk_) {
@@ -241,7 +241,7 @@ void MainWindow::enableWindow(bool enabled) {
 }
 
 void MainWindow::setTitle(const std::string& title) {
-    const std::wstring wanted = com::wide(title);
+    const std::wstring wanted = win::wide(title);
     std::wstring shown(static_cast<std::size_t>(GetWindowTextLengthW(window_)) + 1, L'\0');
     shown.resize(static_cast<std::size_t>(GetWindowTextW(window_, shown.data(), static_cast<int>(shown.size()))));
     if (shown != wanted) {

@@ -10,6 +10,7 @@
 #include "host/shell/resource.h"
 #include "host/shell/window_placement.h"
 #include "win/scaling.h"
+#include "win/window_class.h"
 #include "win/work_area.h"
 
 namespace telvar::host {
@@ -25,17 +26,11 @@ constexpr UINT stateInterval = 250;
 // From one question how the radio is to the next, in milliseconds.
 constexpr UINT pollInterval = 1000;
 
-ATOM registerClass(WNDPROC procedure) {
-    WNDCLASSEXW description{};
-    description.cbSize = sizeof description;
-    description.lpfnWndProc = procedure;
-    description.hInstance = GetModuleHandleW(nullptr);
-    description.hIcon = LoadIconW(description.hInstance, MAKEINTRESOURCEW(RESOURCE_MAIN));
-    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    // The control and the status bar cover everything.
-    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    description.lpszClassName = MainWindow::className;
-    return RegisterClassExW(&description);
+// The control and the status bar cover everything.
+void registerClass(WNDPROC procedure) {
+    win::registerClass(MainWindow::className, procedure,
+                       {.icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(RESOURCE_MAIN)),
+                        .background = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1)});
 }
 
 RECT firstPlace() {
@@ -75,14 +70,14 @@ void MainWindow::open(const std::string& file, Components components) {
 }
 
 void MainWindow::createWindow() {
-    static const ATOM windowClass = registerClass(procedure);
+    registerClass(procedure);
     accelerators_ = makeAccelerators(desk::Reach::Window);
     formAccelerators_ = makeAccelerators(desk::Reach::WindowAndForms);
     const std::optional<Placement> remembered = loadPlacement(settings_);
     const RECT place = remembered ? remembered->rectangle : firstPlace();
     placedMaximised_ = remembered && remembered->maximised;
-    CreateWindowExW(WS_EX_ACCEPTFILES, MAKEINTATOM(windowClass), programTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                    place.left, place.top, place.right - place.left, place.bottom - place.top, nullptr, makeMenuBar(),
+    CreateWindowExW(WS_EX_ACCEPTFILES, className, programTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, place.left,
+                    place.top, place.right - place.left, place.bottom - place.top, nullptr, makeMenuBar(),
                     GetModuleHandleW(nullptr), this);
     if (window_ == nullptr) {
         throw com::ComFailure(HRESULT_FROM_WIN32(GetLastError()), "The program found no display to show its window on");

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "com/kit/text.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -31,10 +31,10 @@ void showRecentFiles(HMENU menu, const desk::Desk& desk) {
     const UINT first = numberOf(Command::RecentFirst);
     for (std::size_t index = 0; index < paths.size(); ++index) {
         InsertMenuW(menu, static_cast<UINT>(position) + static_cast<UINT>(index), MF_BYPOSITION | MF_STRING,
-                    first + index, com::wide(desk::RecentFiles::menuText(index, paths[index])).c_str());
+                    first + index, win::wide(desk::RecentFiles::menuText(index, paths[index])).c_str());
     }
     if (paths.empty()) {
-        const std::wstring none = com::wide(desk::rowOf(Command::RecentFirst)->name);
+        const std::wstring none = win::wide(desk::rowOf(Command::RecentFirst)->name);
         InsertMenuW(menu, static_cast<UINT>(position), MF_BYPOSITION | MF_STRING | MF_GRAYED, first, none.c_str());
     }
 }
@@ -48,7 +48,7 @@ HMENU makeMenu(desk::Menu which) {
         if (row.separated) {
             AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
         }
-        AppendMenuW(menu, MF_STRING, numberOf(row.command), com::wide(desk::menuText(row)).c_str());
+        AppendMenuW(menu, MF_STRING, numberOf(row.command), win::wide(desk::menuText(row)).c_str());
     }
     return menu;
 }
@@ -59,7 +59,7 @@ HMENU makeMenuBar() {
     const HMENU bar = CreateMenu();
     for (std::size_t index = 0; index < std::size(desk::menuTitles); ++index) {
         const HMENU menu = makeMenu(static_cast<desk::Menu>(index));
-        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), com::wide(desk::menuTitles[index]).c_str());
+        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), win::wide(desk::menuTitles[index]).c_str());
     }
     return bar;
 }

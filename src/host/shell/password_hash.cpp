@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "com/kit/failure.h"
-#include "com/kit/text.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -54,7 +54,7 @@ private:
 
 Bytes derive(const std::wstring& password, Bytes salt, ULONGLONG count) {
     const Algorithm algorithm;
-    std::string bytes = com::narrow(password);
+    std::string bytes = win::narrow(password);
     Bytes key(keySize);
     const NTSTATUS status = BCryptDeriveKeyPBKDF2(
         algorithm.get(), reinterpret_cast<PUCHAR>(bytes.data()), static_cast<ULONG>(bytes.size()), salt.data(),
@@ -152,11 +152,11 @@ bool passwordMatches(const std::wstring& password, const std::wstring& hash) {
 }
 
 std::string SystemPasswordHasher::hash(const std::string& password) const {
-    return com::narrow(passwordHash(com::wide(password)));
+    return win::narrow(passwordHash(win::wide(password)));
 }
 
 bool SystemPasswordHasher::matches(const std::string& password, const std::string& hash) const {
-    return passwordMatches(com::wide(password), com::wide(hash));
+    return passwordMatches(win::wide(password), win::wide(hash));
 }
 
 }  // namespace telvar::host

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/failure.h"
-#include "com/kit/text.h"
 #include "host/shell/print_cancel_box.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -53,7 +53,7 @@ public:
             const std::string number = std::to_string(page);
             if (box_) {
                 box_->show(
-                    com::wide("Printing page " + number + " of " + std::to_string(document_.pages.size()) + "..."));
+                    win::wide("Printing page " + number + " of " + std::to_string(document_.pages.size()) + "..."));
             }
             if (!goesOn() || !done(printPage(page), "Page " + number +
                                                         " could not be printed, and the rest of the "

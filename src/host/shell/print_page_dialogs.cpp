@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "com/kit/text.h"
 #include "host/shell/dialog.h"
 #include "host/shell/resource.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -68,7 +68,7 @@ private:
     void changed(int /*control*/) override { note({}); }
 
     void addSheet(std::string_view name) const {
-        SendMessageW(item(PAGE_SHEET), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(com::wide(name).c_str()));
+        SendMessageW(item(PAGE_SHEET), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(win::wide(name).c_str()));
     }
 
     bool read(int control, int& margin) {

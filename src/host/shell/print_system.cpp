@@ -10,32 +10,11 @@
 #include "base/failure.h"
 #include "host/print/printer.h"
 #include "host/shell/print_page_dialogs.h"
+#include "win/global_memory.h"
 
 namespace telvar::host {
 
 namespace {
-
-// Global memory while it is looked into.
-class LockedMode {
-public:
-    explicit LockedMode(HGLOBAL memory) noexcept
-        : memory_(memory), mode_(memory == nullptr ? nullptr : static_cast<DEVMODEW*>(GlobalLock(memory))) {}
-    LockedMode(const LockedMode&) = delete;
-    LockedMode& operator=(const LockedMode&) = delete;
-    LockedMode(LockedMode&&) = delete;
-    LockedMode& operator=(LockedMode&&) = delete;
-    ~LockedMode() {
-        if (mode_ != nullptr) {
-            GlobalUnlock(memory_);
-        }
-    }
-
-    [[nodiscard]] DEVMODEW* get() const noexcept { return mode_; }
-
-private:
-    HGLOBAL memory_;
-    DEVMODEW* mode_;
-};
 
 bool meansNoPrinter(DWORD error) noexcept { return error == PDERR_NODEFAULTPRN || error == PDERR_NODEVICES; }
 
@@ -76,7 +55,7 @@ void SystemPrinters::forgetPrinter() noexcept {
 }
 
 void SystemPrinters::giveSetup(const desk::PageSetup& setup) {
-    const LockedMode locked(mode_.get());
+    const win::Locked<DEVMODEW> locked(mode_.get());
     DEVMODEW* const mode = locked.get();
     if (mode == nullptr) {
         return;
@@ -95,7 +74,7 @@ void SystemPrinters::giveSetup(const desk::PageSetup& setup) {
 }
 
 void SystemPrinters::takeSetup(desk::PageSetup& setup) const {
-    const LockedMode locked(mode_.get());
+    const win::Locked<DEVMODEW> locked(mode_.get());
     const DEVMODEW* const mode = locked.get();
     if (mode == nullptr) {
         return;

@@ -3,16 +3,10 @@
 
 #include <windows.h>
 
-#include <memory>
-
 #include "host/print/device.h"
+#include "win/handle.h"
 
 namespace telvar::host {
-
-struct FreeGlobalMemory {
-    void operator()(HGLOBAL memory) const noexcept { GlobalFree(memory); }
-};
-using OwnedMemory = std::unique_ptr<void, FreeGlobalMemory>;
 
 class SystemPrinters final : public Printers {
 public:
@@ -31,8 +25,8 @@ private:
     void takeSetup(desk::PageSetup& setup) const;
 
     // As the system's dialogs exchange them: the printer's settings, and which printer it is.
-    OwnedMemory mode_;
-    OwnedMemory names_;
+    win::GlobalMemory mode_;
+    win::GlobalMemory names_;
 };
 
 }  // namespace telvar::host

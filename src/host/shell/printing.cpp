@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <optional>
 
-#include "com/kit/text.h"
 #include "host/shell/print_job.h"
 #include "host/shell/print_preview.h"
 #include "host/shell/print_system.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -32,7 +32,7 @@ void Printing::setUpPage(HWND owner, desk::PageSetup& setup) {
 
 bool Printing::print(HWND owner, const ReadTable& read, desk::PageSetup& setup) {
     desk::PrintedTable table = read();
-    const std::wstring name = com::wide(table.title);
+    const std::wstring name = win::wide(table.title);
     const auto expected = static_cast<int>(painter_.compose(table, desk::paperOf(setup)).pages.size());
     desk::PageSetup changed = setup;
     const std::optional<PrintOrder> order = printers_->choose(owner, changed, expected);

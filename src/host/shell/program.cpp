@@ -2,12 +2,12 @@
 
 #include <exception>
 
-#include "com/kit/text.h"
 #include "desk/sentences.h"
 #include "host/shell/command_line.h"
 #include "host/shell/dialogs.h"
 #include "host/shell/main_window.h"
 #include "host/shell/ole.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -33,7 +33,7 @@ namespace {
 ExitStatus show(const CommandLine& options, int command) {
     MainWindow window(options.settingsKey);
     try {
-        window.open(com::narrow(options.file), installedComponents());
+        window.open(win::narrow(options.file), installedComponents());
     } catch (const std::exception& failure) {
         tellFailure(window.window(), desk::sentenceFor(failure));
         return ExitStatus::CannotStart;
@@ -46,7 +46,7 @@ ExitStatus show(const CommandLine& options, int command) {
 ExitStatus run(int command) {
     const auto options = readCommandLine(processArguments());
     if (!options) {
-        tellFailure(nullptr, com::narrow(options.error()));
+        tellFailure(nullptr, win::narrow(options.error()));
         return ExitStatus::BadArguments;
     }
     const Ole ole;

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <string_view>
 
-#include "com/kit/text.h"
 #include "host/shell/dialog.h"
 #include "host/shell/resource.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -24,7 +24,7 @@ constexpr std::array<Way, 3> ways{{{"Simulated radio in this program", "simulate
                                    {"Serial port, name,speed", "serial:", "COM1,19200"}}};
 
 void addEntry(HWND list, std::string_view text) {
-    SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(com::wide(text).c_str()));
+    SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(win::wide(text).c_str()));
 }
 
 class ConnectionDialog final : public Dialog {

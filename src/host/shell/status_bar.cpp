@@ -6,9 +6,9 @@
 #include <array>
 #include <string>
 
-#include "com/kit/text.h"
 #include "host/shell/resource.h"
 #include "win/scaling.h"
+#include "win/text.h"
 
 namespace telvar::host {
 
@@ -93,7 +93,7 @@ void StatusBar::setVisible(bool visible) {
 }
 
 void StatusBar::setText(int part, const std::string& narrow) {
-    const std::wstring text = com::wide(narrow);
+    const std::wstring text = win::wide(narrow);
     if (bar_ != nullptr && partText(bar_, static_cast<WPARAM>(part)) != text) {
         SendMessageW(bar_, SB_SETTEXTW, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
     }
@@ -101,7 +101,7 @@ void StatusBar::setText(int part, const std::string& narrow) {
 
 void StatusBar::setRadio(std::string_view text, const std::string& sentence) {
     setText(progressPart, std::string(text));
-    SendMessageW(bar_, SB_SETTIPTEXTW, progressPart, reinterpret_cast<LPARAM>(com::wide(sentence).c_str()));
+    SendMessageW(bar_, SB_SETTIPTEXTW, progressPart, reinterpret_cast<LPARAM>(win::wide(sentence).c_str()));
 }
 
 void StatusBar::setMessage(const std::string& text) {
