@@ -9,7 +9,7 @@
 
 #include "VexloDataStore.h"
 #include "base/failure.h"
-#include "com/foreign/foreign_data_store.h"
+#include "com/adapters/foreign_data_store.h"
 #include "com/kit/failure.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/pointer.h"

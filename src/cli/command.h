@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/pinned.h"
 #include "cli/console.h"
 
 namespace CLI {
@@ -11,13 +12,8 @@ class App;
 
 namespace telvar::cli {
 
-class Command {
+class Command : private base::Pinned {
 public:
-    Command() = default;
-    Command(const Command&) = delete;
-    Command& operator=(const Command&) = delete;
-    Command(Command&&) = delete;
-    Command& operator=(Command&&) = delete;
     virtual ~Command() = default;
 
     [[nodiscard]] virtual std::string name() const = 0;

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "base/pinned.h"
 #include "os/end_requests.h"
 #include "os/program.h"
 
@@ -10,13 +11,9 @@ namespace telvar::cli {
 namespace {
 
 // On a terminal one line that is written over and vanishes in the end; a line for every ten percent elsewhere.
-class ProgressLine {
+class ProgressLine : private base::Pinned {
 public:
     ProgressLine(std::ostream& stream, bool onTerminal) : stream_(stream), onTerminal_(onTerminal) {}
-    ProgressLine(const ProgressLine&) = delete;
-    ProgressLine& operator=(const ProgressLine&) = delete;
-    ProgressLine(ProgressLine&&) = delete;
-    ProgressLine& operator=(ProgressLine&&) = delete;
     ~ProgressLine() {
         if (onTerminal_) {
             stream_ << "\r     \r" << std::flush;

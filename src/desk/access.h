@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/pinned.h"
 #include "desk/settings.h"
 
 namespace telvar::desk {
@@ -24,13 +25,8 @@ inline constexpr std::array<AccessLevel, 3> accessLevels{AccessLevel::View, Acce
 [[nodiscard]] AccessLevel levelAbove(AccessLevel level) noexcept;
 
 // The system's cryptography.
-class PasswordHasher {
+class PasswordHasher : private base::Pinned {
 public:
-    PasswordHasher() = default;
-    PasswordHasher(const PasswordHasher&) = delete;
-    PasswordHasher& operator=(const PasswordHasher&) = delete;
-    PasswordHasher(PasswordHasher&&) = delete;
-    PasswordHasher& operator=(PasswordHasher&&) = delete;
     virtual ~PasswordHasher() = default;
 
     // Another one each time. Throws base::Failure where the system has no cryptography, as matches() does.

@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 
+#include "base/pinned.h"
 #include "desk/control.h"
 #include "desk/link.h"
 #include "desk/sentences.h"
@@ -23,14 +24,10 @@ struct World {
     const System& system;
 };
 
-class Bench : public World {
+class Bench : public World, private base::Pinned {
 public:
     // All of the world outlives this.
     explicit Bench(const World& world) noexcept : World(world) {}
-    Bench(const Bench&) = delete;
-    Bench& operator=(const Bench&) = delete;
-    Bench(Bench&&) = delete;
-    Bench& operator=(Bench&&) = delete;
     ~Bench() = default;
 
     // Nothing modal is open, no call of the control's is under way, and the control has not taken the commands away.
@@ -78,16 +75,12 @@ public:
     }
 
 private:
-    class Asking {
+    class Asking : private base::Pinned {
     public:
         explicit Asking(Bench& bench) : bench_(bench) {
             ++bench_.modal_;
             bench_.window.beginModal();
         }
-        Asking(const Asking&) = delete;
-        Asking& operator=(const Asking&) = delete;
-        Asking(Asking&&) = delete;
-        Asking& operator=(Asking&&) = delete;
         ~Asking() {
             --bench_.modal_;
             bench_.window.endModal();
@@ -96,13 +89,9 @@ private:
     private:
         Bench& bench_;
     };
-    class Calling {
+    class Calling : private base::Pinned {
     public:
         explicit Calling(Bench& bench) noexcept : bench_(bench) { ++bench_.calls_; }
-        Calling(const Calling&) = delete;
-        Calling& operator=(const Calling&) = delete;
-        Calling(Calling&&) = delete;
-        Calling& operator=(Calling&&) = delete;
         ~Calling() { --bench_.calls_; }
 
     private:

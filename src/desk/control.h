@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "base/pinned.h"
 #include "desk/access.h"
 #include "desk/printed_table.h"
 
@@ -20,13 +21,8 @@ struct PasteRefusal {
     std::string column;
 };
 
-class Control {
+class Control : private base::Pinned {
 public:
-    Control() = default;
-    Control(const Control&) = delete;
-    Control& operator=(const Control&) = delete;
-    Control(Control&&) = delete;
-    Control& operator=(Control&&) = delete;
     virtual ~Control() = default;
 
     // The whole table afresh from the store.

@@ -4,20 +4,15 @@
 
 #include <string>
 
+#include "base/pinned.h"
 #include "desk/bench.h"
 #include "desk/recent_files.h"
 
 namespace telvar::desk {
 
 // Shows another table in the window.
-class TableView {
+class TableView : private base::Pinned {
 public:
-    TableView() = default;
-    TableView(const TableView&) = delete;
-    TableView& operator=(const TableView&) = delete;
-    TableView(TableView&&) = delete;
-    TableView& operator=(TableView&&) = delete;
-
     virtual void showOther() = 0;
     virtual void showName() = 0;
 

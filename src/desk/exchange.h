@@ -20,6 +20,7 @@
 #include <functional>
 #include <string>
 
+#include "base/pinned.h"
 #include "desk/bench.h"
 #include "desk/link.h"
 #include "desk/radio_status.h"
@@ -27,14 +28,8 @@
 namespace telvar::desk {
 
 // What the exchange asks of the rest of the desk.
-class ExchangeSurroundings {
+class ExchangeSurroundings : private base::Pinned {
 public:
-    ExchangeSurroundings() = default;
-    ExchangeSurroundings(const ExchangeSurroundings&) = delete;
-    ExchangeSurroundings& operator=(const ExchangeSurroundings&) = delete;
-    ExchangeSurroundings(ExchangeSurroundings&&) = delete;
-    ExchangeSurroundings& operator=(ExchangeSurroundings&&) = delete;
-
     // Whether the open table may be replaced; asks the user.
     [[nodiscard]] virtual bool mayReplaceTable() = 0;
     virtual void refreshTable() = 0;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "base/pinned.h"
+
 namespace telvar::desk {
 
 // Codes of exchanges, as the link tells them.
@@ -17,13 +19,8 @@ enum class Task : std::int32_t {
     Levels = 33
 };
 
-class Link {
+class Link : private base::Pinned {
 public:
-    Link() = default;
-    Link(const Link&) = delete;
-    Link& operator=(const Link&) = delete;
-    Link(Link&&) = delete;
-    Link& operator=(Link&&) = delete;
     virtual ~Link() = default;
 
     // False without an installed link; nothing else is asked of it then.

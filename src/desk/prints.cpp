@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/pinned.h"
 #include "desk/html.h"
 #include "desk/paths.h"
 
@@ -10,13 +11,9 @@ namespace telvar::desk {
 namespace {
 
 // Remembers the set-up if it is another one when this ends.
-class Remembered {
+class Remembered : private base::Pinned {
 public:
     Remembered(SettingsStore& settings, const PageSetup& setup) : settings_(settings), setup_(setup), before_(setup) {}
-    Remembered(const Remembered&) = delete;
-    Remembered& operator=(const Remembered&) = delete;
-    Remembered(Remembered&&) = delete;
-    Remembered& operator=(Remembered&&) = delete;
     ~Remembered() {
         if (setup_ != before_) {
             savePageSetup(settings_, setup_);

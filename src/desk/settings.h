@@ -8,16 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "base/pinned.h"
+
 namespace telvar::desk {
 
 // Values by name. Reading what is not there, or is of another kind, answers nothing.
-class SettingsStore {
+class SettingsStore : private base::Pinned {
 public:
-    SettingsStore() = default;
-    SettingsStore(const SettingsStore&) = delete;
-    SettingsStore& operator=(const SettingsStore&) = delete;
-    SettingsStore(SettingsStore&&) = delete;
-    SettingsStore& operator=(SettingsStore&&) = delete;
     virtual ~SettingsStore() = default;
 
     // Whether there is a value of that name, of whatever kind.

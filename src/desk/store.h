@@ -4,15 +4,12 @@
 
 #include <string>
 
+#include "base/pinned.h"
+
 namespace telvar::desk {
 
-class Store {
+class Store : private base::Pinned {
 public:
-    Store() = default;
-    Store(const Store&) = delete;
-    Store& operator=(const Store&) = delete;
-    Store(Store&&) = delete;
-    Store& operator=(Store&&) = delete;
     virtual ~Store() = default;
 
     virtual void newTable() = 0;

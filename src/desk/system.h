@@ -5,15 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "base/pinned.h"
+
 namespace telvar::desk {
 
-class System {
+class System : private base::Pinned {
 public:
-    System() = default;
-    System(const System&) = delete;
-    System& operator=(const System&) = delete;
-    System(System&&) = delete;
-    System& operator=(System&&) = delete;
     virtual ~System() = default;
 
     [[nodiscard]] virtual bool exists(const std::string& path) const = 0;

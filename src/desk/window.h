@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/pinned.h"
 #include "desk/access.h"
 #include "desk/backups.h"
 #include "desk/control.h"
@@ -16,13 +17,8 @@
 
 namespace telvar::desk {
 
-class StatusLine {
+class StatusLine : private base::Pinned {
 public:
-    StatusLine() = default;
-    StatusLine(const StatusLine&) = delete;
-    StatusLine& operator=(const StatusLine&) = delete;
-    StatusLine(StatusLine&&) = delete;
-    StatusLine& operator=(StatusLine&&) = delete;
     virtual ~StatusLine() = default;
 
     virtual void setMessage(const std::string& text) = 0;
@@ -54,13 +50,8 @@ struct RestoreChoice {
 };
 
 // Nothing, or false, where the user cancels.
-class Questions {
+class Questions : private base::Pinned {
 public:
-    Questions() = default;
-    Questions(const Questions&) = delete;
-    Questions& operator=(const Questions&) = delete;
-    Questions(Questions&&) = delete;
-    Questions& operator=(Questions&&) = delete;
     virtual ~Questions() = default;
 
     virtual void tell(const std::string& sentence) = 0;
@@ -101,13 +92,8 @@ public:
     virtual void setUpPage(PageSetup& setup) = 0;
 };
 
-class Window {
+class Window : private base::Pinned {
 public:
-    Window() = default;
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-    Window(Window&&) = delete;
-    Window& operator=(Window&&) = delete;
     virtual ~Window() = default;
 
     [[nodiscard]] virtual StatusLine& status() = 0;

@@ -10,17 +10,13 @@
 #include <span>
 #include <string>
 
+#include "base/pinned.h"
 #include "os/interrupt.h"
 
 namespace telvar::os {
 
-class ByteStream {
+class ByteStream : private base::Pinned {
 public:
-    ByteStream() = default;
-    ByteStream(const ByteStream&) = delete;
-    ByteStream& operator=(const ByteStream&) = delete;
-    ByteStream(ByteStream&&) = delete;
-    ByteStream& operator=(ByteStream&&) = delete;
     virtual ~ByteStream() = default;
 
     // Reads what is there, waiting at most that long for the first byte. 0 where nothing came or the interrupt was

@@ -4,19 +4,16 @@
 
 #include <memory>
 
+#include "base/pinned.h"
 #include "os/interrupt.h"
 
 namespace telvar::os {
 
 // One at a time. While it lives, such a request raises the interrupt instead of ending the program, and a pipe that
 // nobody reads any more is an error of writing. The interrupt outlives it.
-class EndRequests {
+class EndRequests : private base::Pinned {
 public:
     explicit EndRequests(Interrupt& interrupt);
-    EndRequests(const EndRequests&) = delete;
-    EndRequests& operator=(const EndRequests&) = delete;
-    EndRequests(EndRequests&&) = delete;
-    EndRequests& operator=(EndRequests&&) = delete;
     ~EndRequests();
 
 private:

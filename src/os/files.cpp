@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 
+#include "base/pinned.h"
 #include "os/file_steps.h"
 
 namespace telvar::os {
@@ -25,13 +26,9 @@ namespace {
 }
 
 // Removes a temporary file unless it has got its final name.
-class Temporary {
+class Temporary : private base::Pinned {
 public:
     explicit Temporary(const std::string& beside) : name_(temporaryBeside(beside)) {}
-    Temporary(const Temporary&) = delete;
-    Temporary& operator=(const Temporary&) = delete;
-    Temporary(Temporary&&) = delete;
-    Temporary& operator=(Temporary&&) = delete;
     ~Temporary() { steps::removeQuietly(name_); }
 
     [[nodiscard]] const std::string& name() const noexcept { return name_; }

@@ -4,16 +4,14 @@
 #include <chrono>
 #include <memory>
 
+#include "base/pinned.h"
+
 namespace telvar::os {
 
-class Interrupt {
+class Interrupt : private base::Pinned {
 public:
     // Throws base::Failure where the system has no more handles.
     Interrupt();
-    Interrupt(const Interrupt&) = delete;
-    Interrupt& operator=(const Interrupt&) = delete;
-    Interrupt(Interrupt&&) = delete;
-    Interrupt& operator=(Interrupt&&) = delete;
     ~Interrupt();
 
     // Callable from any thread. Every wait that takes this interrupt ends at once, also those that begin later, until

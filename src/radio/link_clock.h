@@ -3,19 +3,15 @@
 
 #include <chrono>
 
+#include "base/pinned.h"
 #include "os/interrupt.h"
 
 namespace telvar::radio {
 
 using LinkTime = std::chrono::steady_clock::time_point;
 
-class LinkClock {
+class LinkClock : private base::Pinned {
 public:
-    LinkClock() = default;
-    LinkClock(const LinkClock&) = delete;
-    LinkClock& operator=(const LinkClock&) = delete;
-    LinkClock(LinkClock&&) = delete;
-    LinkClock& operator=(LinkClock&&) = delete;
     virtual ~LinkClock() = default;
 
     [[nodiscard]] virtual LinkTime now() const = 0;

@@ -8,15 +8,12 @@
 #include <mutex>
 #include <thread>
 
+#include "base/pinned.h"
+
 namespace telvar::radio {
 
-class LinkWorker {
+class LinkWorker : private base::Pinned {
 public:
-    LinkWorker() = default;
-    LinkWorker(const LinkWorker&) = delete;
-    LinkWorker& operator=(const LinkWorker&) = delete;
-    LinkWorker(LinkWorker&&) = delete;
-    LinkWorker& operator=(LinkWorker&&) = delete;
     ~LinkWorker() { stop(); }
 
     // Jobs let no exception out. Throws std::system_error where the system starts no thread.

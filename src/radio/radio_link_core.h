@@ -42,10 +42,6 @@ public:
     // The dispatcher's thread is the one that calls everything here; it outlives the link. Tests bring a clock of
     // their own.
     explicit RadioLinkCore(base::Dispatcher& dispatcher, std::unique_ptr<LinkClock> clock = nullptr);
-    RadioLinkCore(const RadioLinkCore&) = delete;
-    RadioLinkCore& operator=(const RadioLinkCore&) = delete;
-    RadioLinkCore(RadioLinkCore&&) = delete;
-    RadioLinkCore& operator=(RadioLinkCore&&) = delete;
     // Aborts what is running, waits for its thread, and reports nothing any more.
     ~RadioLinkCore() override;
 

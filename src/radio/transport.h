@@ -5,18 +5,14 @@
 #include <memory>
 #include <string>
 
+#include "base/pinned.h"
 #include "radio/bytes.h"
 #include "radio/link_clock.h"
 
 namespace telvar::radio {
 
-class Transport {
+class Transport : private base::Pinned {
 public:
-    Transport() = default;
-    Transport(const Transport&) = delete;
-    Transport& operator=(const Transport&) = delete;
-    Transport(Transport&&) = delete;
-    Transport& operator=(Transport&&) = delete;
     virtual ~Transport() = default;
 
     // A failure, described without a final full stop, means that the way is of no more use.

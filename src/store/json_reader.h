@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/pinned.h"
+
 namespace telvar::store {
 
 enum class JsonType { Null, Boolean, Number, Text, List, Object };
@@ -19,13 +21,8 @@ struct JsonScalar {
 };
 
 // Every function answers whether to go on.
-class JsonListener {
+class JsonListener : private base::Pinned {
 public:
-    JsonListener() = default;
-    JsonListener(const JsonListener&) = delete;
-    JsonListener& operator=(const JsonListener&) = delete;
-    JsonListener(JsonListener&&) = delete;
-    JsonListener& operator=(JsonListener&&) = delete;
     virtual ~JsonListener() = default;
 
     [[nodiscard]] virtual bool scalar(const JsonScalar& value) = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/pinned.h"
 #include "com/kit/bstr.h"
 #include "com/kit/failure.h"
 #include "com/kit/variant.h"
@@ -15,15 +16,11 @@ struct Key {
     DISPID member = DISPID_UNKNOWN;
 };
 
-class FunctionDescription {
+class FunctionDescription : private base::Pinned {
 public:
     FunctionDescription(ITypeInfo& type, UINT index) : type_(type) {
         com::check(type.GetFuncDesc(index, &description_));
     }
-    FunctionDescription(const FunctionDescription&) = delete;
-    FunctionDescription& operator=(const FunctionDescription&) = delete;
-    FunctionDescription(FunctionDescription&&) = delete;
-    FunctionDescription& operator=(FunctionDescription&&) = delete;
     ~FunctionDescription() { type_.ReleaseFuncDesc(description_); }
     const FUNCDESC* operator->() const noexcept { return description_; }
 

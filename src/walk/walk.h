@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/pinned.h"
 #include "host/shell/main_window.h"
 #include "walk/transcript.h"
 
@@ -31,14 +32,10 @@ struct WalkStep {
     bool dialog = false;
 };
 
-class Walk {
+class Walk : private base::Pinned {
 public:
     // Both outlive the walk.
     Walk(host::MainWindow& window, Transcript& transcript, std::wstring folder);
-    Walk(const Walk&) = delete;
-    Walk& operator=(const Walk&) = delete;
-    Walk(Walk&&) = delete;
-    Walk& operator=(Walk&&) = delete;
     ~Walk();
 
     // Takes the steps in order. The last one is expected to end the message loop; the first that fails does.

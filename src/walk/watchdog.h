@@ -5,16 +5,14 @@
 
 #include <functional>
 
+#include "base/pinned.h"
+
 namespace telvar::walk {
 
-class Watchdog {
+class Watchdog : private base::Pinned {
 public:
     // After `milliseconds` calls `lastWords` on another thread and ends the process with that exit status.
     Watchdog(DWORD milliseconds, UINT exitStatus, std::function<void()> lastWords);
-    Watchdog(const Watchdog&) = delete;
-    Watchdog& operator=(const Watchdog&) = delete;
-    Watchdog(Watchdog&&) = delete;
-    Watchdog& operator=(Watchdog&&) = delete;
     ~Watchdog();
 
 private:

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "base/pinned.h"
 #include "win/handle.h"
 
 namespace telvar::win {
@@ -27,13 +28,9 @@ struct DeletesContext {
 using DeviceContext = Owned<DeletesContext>;
 
 // Puts an object into a device context and the previous one back.
-class Selected {
+class Selected : private base::Pinned {
 public:
     Selected(HDC dc, HGDIOBJ object) noexcept : dc_(dc), previous_(SelectObject(dc, object)) {}
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-    Selected(Selected&&) = delete;
-    Selected& operator=(Selected&&) = delete;
     ~Selected() {
         if (previous_ != nullptr) {
             SelectObject(dc_, previous_);
@@ -46,13 +43,9 @@ private:
 };
 
 // Puts every setting of a device context back: colours, clipping, mapping, selected objects.
-class SavedContext {
+class SavedContext : private base::Pinned {
 public:
     explicit SavedContext(HDC dc) noexcept : dc_(dc), state_(SaveDC(dc)) {}
-    SavedContext(const SavedContext&) = delete;
-    SavedContext& operator=(const SavedContext&) = delete;
-    SavedContext(SavedContext&&) = delete;
-    SavedContext& operator=(SavedContext&&) = delete;
     ~SavedContext() {
         if (state_ != 0) {
             RestoreDC(dc_, state_);
@@ -71,13 +64,9 @@ public:
 };
 
 // The client area of a window, or the screen without one, outside of painting.
-class WindowContext {
+class WindowContext : private base::Pinned {
 public:
     explicit WindowContext(HWND window) noexcept : window_(window), dc_(GetDC(window)) {}
-    WindowContext(const WindowContext&) = delete;
-    WindowContext& operator=(const WindowContext&) = delete;
-    WindowContext(WindowContext&&) = delete;
-    WindowContext& operator=(WindowContext&&) = delete;
     ~WindowContext() {
         if (dc_ != nullptr) {
             ReleaseDC(window_, dc_);
@@ -92,13 +81,9 @@ private:
 };
 
 // BeginPaint and EndPaint.
-class PaintContext {
+class PaintContext : private base::Pinned {
 public:
     explicit PaintContext(HWND window) noexcept : window_(window), dc_(BeginPaint(window, &paint_)) {}
-    PaintContext(const PaintContext&) = delete;
-    PaintContext& operator=(const PaintContext&) = delete;
-    PaintContext(PaintContext&&) = delete;
-    PaintContext& operator=(PaintContext&&) = delete;
     ~PaintContext() { EndPaint(window_, &paint_); }
 
     [[nodiscard]] HDC get() const noexcept { return dc_; }

@@ -5,20 +5,17 @@
 
 #include <string_view>
 
+#include "base/pinned.h"
 #include "win/handle.h"
 
 namespace telvar::win {
 
 // While it is looked into. Null where the block is null or has no contents.
 template <class Content>
-class Locked {
+class Locked : private base::Pinned {
 public:
     explicit Locked(HGLOBAL memory) noexcept
         : memory_(memory), content_(memory == nullptr ? nullptr : static_cast<Content*>(GlobalLock(memory))) {}
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    Locked(Locked&&) = delete;
-    Locked& operator=(Locked&&) = delete;
     ~Locked() {
         if (content_ != nullptr) {
             GlobalUnlock(memory_);

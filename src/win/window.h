@@ -7,19 +7,15 @@
 #include <memory>
 #include <optional>
 
+#include "base/pinned.h"
 #include "win/module.h"
 #include "win/window_class.h"
 
 namespace telvar::win {
 
 // Must be owned by a shared_ptr. The handle ends with the object, the object may outlive the handle.
-class Window : public std::enable_shared_from_this<Window> {
+class Window : public std::enable_shared_from_this<Window>, private base::Pinned {
 public:
-    Window() = default;
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-    Window(Window&&) = delete;
-    Window& operator=(Window&&) = delete;
     virtual ~Window();
 
     // Null before creation and after the window is gone, whoever destroyed it.

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/pinned.h"
+
 namespace telvar::win {
 
 namespace {
@@ -10,13 +12,9 @@ namespace {
 // DLL of ours runs no destructors when it is unloaded.
 SRWLOCK classLock = SRWLOCK_INIT;
 
-class ClassLocked {
+class ClassLocked : private base::Pinned {
 public:
     ClassLocked() noexcept { AcquireSRWLockExclusive(&classLock); }
-    ClassLocked(const ClassLocked&) = delete;
-    ClassLocked& operator=(const ClassLocked&) = delete;
-    ClassLocked(ClassLocked&&) = delete;
-    ClassLocked& operator=(ClassLocked&&) = delete;
     ~ClassLocked() { ReleaseSRWLockExclusive(&classLock); }
 };
 

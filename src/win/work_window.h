@@ -46,10 +46,6 @@ private:
 class WindowDispatcher final : public base::Dispatcher {
 public:
     WindowDispatcher() : window_(std::make_shared<WorkWindow>()) { window_->open(); }
-    WindowDispatcher(const WindowDispatcher&) = delete;
-    WindowDispatcher& operator=(const WindowDispatcher&) = delete;
-    WindowDispatcher(WindowDispatcher&&) = delete;
-    WindowDispatcher& operator=(WindowDispatcher&&) = delete;
     ~WindowDispatcher() override { window_->close(); }
 
     void post(std::function<void()> work) override { window_->post(std::move(work)); }

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "base/failure.h"
+#include "base/pinned.h"
 #include "win/global_memory.h"
 #include "win/text.h"
 
@@ -10,7 +11,7 @@ namespace telvar::win32 {
 
 namespace {
 
-class OpenClipboardGuard {
+class OpenClipboardGuard : private base::Pinned {
 public:
     explicit OpenClipboardGuard(HWND owner) {
         // Nothing tells when the clipboard becomes free.
@@ -23,10 +24,6 @@ public:
             Sleep(pause);
         }
     }
-    OpenClipboardGuard(const OpenClipboardGuard&) = delete;
-    OpenClipboardGuard& operator=(const OpenClipboardGuard&) = delete;
-    OpenClipboardGuard(OpenClipboardGuard&&) = delete;
-    OpenClipboardGuard& operator=(OpenClipboardGuard&&) = delete;
     ~OpenClipboardGuard() { CloseClipboard(); }
 };
 

@@ -18,10 +18,6 @@ constexpr int droppedItems = 12;
 class ComboBoxPeer final : public ControlPeer {
 public:
     ComboBoxPeer(ui::ComboBox& box, PeerHost& host) noexcept : ControlPeer(box, host) {}
-    ComboBoxPeer(const ComboBoxPeer&) = delete;
-    ComboBoxPeer& operator=(const ComboBoxPeer&) = delete;
-    ComboBoxPeer(ComboBoxPeer&&) = delete;
-    ComboBoxPeer& operator=(ComboBoxPeer&&) = delete;
     ~ComboBoxPeer() override {
         if (window() != nullptr && fieldOriginal_ != nullptr) {
             SetWindowLongPtrW(field_, GWLP_USERDATA, 0);

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "base/pinned.h"
 #include "win/handle.h"
 
 namespace telvar::win32 {
@@ -18,13 +19,9 @@ public:
     ControlsContext();
 
     // In use on this thread for the life of this object.
-    class Active {
+    class Active : private base::Pinned {
     public:
         explicit Active(const ControlsContext& context) noexcept;
-        Active(const Active&) = delete;
-        Active& operator=(const Active&) = delete;
-        Active(Active&&) = delete;
-        Active& operator=(Active&&) = delete;
         ~Active();
 
     private:

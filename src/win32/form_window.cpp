@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/pinned.h"
 #include "win/scaling.h"
 #include "win/text.h"
 #include "win32/convert.h"
@@ -21,15 +22,11 @@ constexpr DWORD extendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 
 // The window shows nothing of what happens to its children meanwhile: each that moves would take its picture along at
 // once. It must not be resized or get the focus in that time, since the system takes it for hidden.
-class DrawingHeld {
+class DrawingHeld : private base::Pinned {
 public:
     explicit DrawingHeld(HWND window) noexcept : window_(IsWindowVisible(window) != FALSE ? window : nullptr) {
         set(FALSE);
     }
-    DrawingHeld(const DrawingHeld&) = delete;
-    DrawingHeld& operator=(const DrawingHeld&) = delete;
-    DrawingHeld(DrawingHeld&&) = delete;
-    DrawingHeld& operator=(DrawingHeld&&) = delete;
     ~DrawingHeld() { set(TRUE); }
 
 private:

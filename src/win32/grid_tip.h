@@ -6,18 +6,14 @@
 
 #include <string>
 
+#include "base/pinned.h"
 #include "win32/controls_context.h"
 #include "win32/fonts.h"
 
 namespace telvar::win32 {
 
-class GridTip {
+class GridTip : private base::Pinned {
 public:
-    GridTip() = default;
-    GridTip(const GridTip&) = delete;
-    GridTip& operator=(const GridTip&) = delete;
-    GridTip(GridTip&&) = delete;
-    GridTip& operator=(GridTip&&) = delete;
     ~GridTip() { close(); }
 
     // From now on that text belongs to that rectangle of the grid's window, and to nothing else.

@@ -8,20 +8,18 @@
 #include <utility>
 #include <vector>
 
+#include "base/pinned.h"
+
 namespace telvar::win32 {
 
 // The site is told that its modeless windows have to wait. Holds a copy: the site may change inside.
-class ModalTime {
+class ModalTime : private base::Pinned {
 public:
     explicit ModalTime(std::function<void(bool)> enableModeless) : enableModeless_(std::move(enableModeless)) {
         if (enableModeless_) {
             enableModeless_(false);
         }
     }
-    ModalTime(const ModalTime&) = delete;
-    ModalTime& operator=(const ModalTime&) = delete;
-    ModalTime(ModalTime&&) = delete;
-    ModalTime& operator=(ModalTime&&) = delete;
     ~ModalTime() {
         if (enableModeless_) {
             enableModeless_(true);
@@ -33,13 +31,8 @@ private:
 };
 
 // Windows that take no input. Those that took none before stay as they are.
-class DisabledWindows {
+class DisabledWindows : private base::Pinned {
 public:
-    DisabledWindows() = default;
-    DisabledWindows(const DisabledWindows&) = delete;
-    DisabledWindows& operator=(const DisabledWindows&) = delete;
-    DisabledWindows(DisabledWindows&&) = delete;
-    DisabledWindows& operator=(DisabledWindows&&) = delete;
     ~DisabledWindows() { enable(); }
 
     void disable(HWND window) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/pinned.h"
 #include "ui/form.h"
 
 namespace telvar::win32 {
@@ -16,15 +17,11 @@ class WindowsDesktop;
 
 // All members belong on the user-interface thread. Panel and desktop must outlive the window, or the panel must end
 // first, which leaves an empty window. The object may be destroyed from inside any callback or event.
-class PanelWindow {
+class PanelWindow : private base::Pinned {
 public:
     // Visible, with the panel's size and dots per inch set from the window. Throws base::Failure when the system
     // refuses.
     PanelWindow(WindowsDesktop& desktop, ui::Panel& panel, HWND parent, const RECT& at);
-    PanelWindow(const PanelWindow&) = delete;
-    PanelWindow& operator=(const PanelWindow&) = delete;
-    PanelWindow(PanelWindow&&) = delete;
-    PanelWindow& operator=(PanelWindow&&) = delete;
     ~PanelWindow();
 
     // Null once somebody destroyed the window, such as the parent in its own destruction.

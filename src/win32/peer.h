@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "base/pinned.h"
 #include "ui/button.h"
 #include "ui/input.h"
 #include "ui/widget.h"
@@ -15,13 +16,8 @@ class FormFont;
 class WindowsDesktop;
 
 // A child window that shows one widget.
-class Peer {
+class Peer : private base::Pinned {
 public:
-    Peer() = default;
-    Peer(const Peer&) = delete;
-    Peer& operator=(const Peer&) = delete;
-    Peer(Peer&&) = delete;
-    Peer& operator=(Peer&&) = delete;
     virtual ~Peer() = default;
 
     [[nodiscard]] virtual HWND window() const noexcept = 0;
@@ -51,14 +47,8 @@ public:
     [[nodiscard]] virtual HBRUSH background(HDC dc) const = 0;
 };
 
-class PeerHost {
+class PeerHost : private base::Pinned {
 public:
-    PeerHost() = default;
-    PeerHost(const PeerHost&) = delete;
-    PeerHost& operator=(const PeerHost&) = delete;
-    PeerHost(PeerHost&&) = delete;
-    PeerHost& operator=(PeerHost&&) = delete;
-
     // By the window procedure of a child, with the window on the other side of the move.
     virtual void focusGained(Peer& peer) = 0;
     virtual void focusLost(Peer& peer, HWND to) = 0;

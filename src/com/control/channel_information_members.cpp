@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "com/foreign/foreign_data_store.h"
-#include "com/foreign/foreign_radio_link.h"
+#include "com/adapters/foreign_data_store.h"
+#include "com/adapters/foreign_radio_link.h"
 #include "com/kit/bstr.h"
 
 namespace telvar::com {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "Tesslin.h"
+#include "base/pinned.h"
 #include "com/control/in_place.h"
 #include "com/control/saved_state.h"
 #include "com/control/site.h"
@@ -199,16 +200,12 @@ protected:
 
 private:
     // Keeps the object for the length of one call, and tells its own references from those of the host.
-    class Held {
+    class Held : private base::Pinned {
     public:
         explicit Held(ChannelInformationObject& object) noexcept : object_(object) {
             object_.AddRef();
             ++object_.held_;
         }
-        Held(const Held&) = delete;
-        Held& operator=(const Held&) = delete;
-        Held(Held&&) = delete;
-        Held& operator=(Held&&) = delete;
         ~Held() {
             --object_.held_;
             object_.Release();

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/pinned.h"
 #include "com/kit/automation.h"
 #include "com/kit/pointer.h"
 #include "win32/panel_window.h"
@@ -12,7 +13,7 @@
 
 namespace telvar::com {
 
-class InPlace {
+class InPlace : private base::Pinned {
 public:
     // What the control wants to hear of.
     struct Listener {
@@ -22,10 +23,6 @@ public:
     };
 
     InPlace(win32::WindowsDesktop& desktop, ui::Panel& panel) noexcept : desktop_(desktop), panel_(panel) {}
-    InPlace(const InPlace&) = delete;
-    InPlace& operator=(const InPlace&) = delete;
-    InPlace(InPlace&&) = delete;
-    InPlace& operator=(InPlace&&) = delete;
     ~InPlace() { deactivate(); }
     void listen(Listener listener) { listener_ = std::move(listener); }
 

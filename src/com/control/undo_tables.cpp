@@ -1,6 +1,6 @@
 #include "com/control/undo_tables.h"
 
-#include "com/foreign/foreign_data_store.h"
+#include "com/adapters/foreign_data_store.h"
 #include "com/kit/pointer.h"
 
 namespace telvar::com {

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "base/pinned.h"
 #include "com/kit/automation.h"
 #include "com/kit/guard.h"
 #include "com/kit/pointer.h"
@@ -13,14 +14,10 @@
 namespace telvar::com {
 
 // Lives inside its source, whose reference count it shares.
-class ConnectionPoint final : public IConnectionPoint {
+class ConnectionPoint final : public IConnectionPoint, private base::Pinned {
 public:
     // `source` is the object that offers the point.
     ConnectionPoint(IConnectionPointContainer& source, REFIID events) noexcept : source_(source), events_(events) {}
-    ConnectionPoint(const ConnectionPoint&) = delete;
-    ConnectionPoint& operator=(const ConnectionPoint&) = delete;
-    ConnectionPoint(ConnectionPoint&&) = delete;
-    ConnectionPoint& operator=(ConnectionPoint&&) = delete;
     virtual ~ConnectionPoint() = default;
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
@@ -54,14 +51,9 @@ private:
 };
 
 // IConnectionPointContainer for a source of one event interface.
-class EventSource : public IConnectionPointContainer {
+class EventSource : public IConnectionPointContainer, private base::Pinned {
 public:
     using ComInterface = IConnectionPointContainer;
-
-    EventSource(const EventSource&) = delete;
-    EventSource& operator=(const EventSource&) = delete;
-    EventSource(EventSource&&) = delete;
-    EventSource& operator=(EventSource&&) = delete;
 
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override;
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override;

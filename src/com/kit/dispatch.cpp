@@ -1,5 +1,6 @@
 #include "com/kit/dispatch.h"
 
+#include "base/pinned.h"
 #include "com/kit/argument_bridge.h"
 #include "com/kit/bstr.h"
 #include "com/kit/pointer.h"
@@ -11,7 +12,7 @@ namespace {
 constexpr WORD putFlags = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
 
 // One function's description, which its type information owns.
-class Function {
+class Function : private base::Pinned {
 public:
     Function(ITypeInfo& info, DISPID member, WORD flags) : info_(info) {
         TYPEATTR* attributes = nullptr;
@@ -27,10 +28,6 @@ public:
             throw ComFailure(DISP_E_MEMBERNOTFOUND);
         }
     }
-    Function(const Function&) = delete;
-    Function& operator=(const Function&) = delete;
-    Function(Function&&) = delete;
-    Function& operator=(Function&&) = delete;
     ~Function() { release(); }
 
     [[nodiscard]] std::vector<Parameter> parameters() const { return parametersOf(*description_); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/pinned.h"
 #include "com/kit/failure.h"
 #include "win/files.h"
 #include "win/module.h"
@@ -23,13 +24,9 @@ SRWLOCK lock = SRWLOCK_INIT;
 std::array<Remembered, mostRemembered> remembered{};
 std::size_t rememberedCount = 0;
 
-class Locked {
+class Locked : private base::Pinned {
 public:
     Locked() noexcept { AcquireSRWLockExclusive(&lock); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    Locked(Locked&&) = delete;
-    Locked& operator=(Locked&&) = delete;
     ~Locked() { ReleaseSRWLockExclusive(&lock); }
 };
 

@@ -1,6 +1,6 @@
 #include "com/radio/radio_link.h"
 
-#include "com/foreign/foreign_data_store.h"
+#include "com/adapters/foreign_data_store.h"
 #include "com/kit/bstr.h"
 #include "com/kit/waiting.h"
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "VexloDataStore.h"
+#include "base/pinned.h"
 #include "com/kit/dispatch.h"
 #include "model/channel_key.h"
 
@@ -12,14 +13,10 @@ namespace telvar::com {
 
 class SharedTable;
 
-class ChannelRecord final : public Dual<IChannelRecord>, public ISupportErrorInfo {
+class ChannelRecord final : public Dual<IChannelRecord>, public ISupportErrorInfo, private base::Pinned {
 public:
     // Lives in `table`, whose count of references is also its own.
     ChannelRecord(SharedTable& table, std::int16_t index) noexcept : table_(table), index_(index) {}
-    ChannelRecord(const ChannelRecord&) = delete;
-    ChannelRecord& operator=(const ChannelRecord&) = delete;
-    ChannelRecord(ChannelRecord&&) = delete;
-    ChannelRecord& operator=(ChannelRecord&&) = delete;
     virtual ~ChannelRecord() = default;
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;

@@ -8,21 +8,17 @@
 #include <cstdint>
 #include <deque>
 
+#include "base/pinned.h"
 #include "com/store/channel_record.h"
 #include "store/reference_data_store.h"
 #include "win/module.h"
 
 namespace telvar::com {
 
-class SharedTable {
+class SharedTable : private base::Pinned {
 public:
     // With one reference, the caller's.
     SharedTable();
-    SharedTable(const SharedTable&) = delete;
-    SharedTable& operator=(const SharedTable&) = delete;
-    SharedTable(SharedTable&&) = delete;
-    SharedTable& operator=(SharedTable&&) = delete;
-
     ULONG AddRef() noexcept { return ++references_; }
     ULONG Release() noexcept;
 

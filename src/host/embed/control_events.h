@@ -3,18 +3,13 @@
 
 #include <string>
 
+#include "base/pinned.h"
 #include "host/embed/event_sink.h"
 
 namespace telvar::host {
 
-class ControlListener {
+class ControlListener : private base::Pinned {
 public:
-    ControlListener() = default;
-    ControlListener(const ControlListener&) = delete;
-    ControlListener& operator=(const ControlListener&) = delete;
-    ControlListener(ControlListener&&) = delete;
-    ControlListener& operator=(ControlListener&&) = delete;
-
     virtual void RestoreButtons() = 0;
     virtual void DisableCommands() = 0;
     virtual void EnableCommands(const std::wstring& commands) = 0;

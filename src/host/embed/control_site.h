@@ -24,8 +24,6 @@ public:
     [[nodiscard]] bool isActive() const noexcept { return inPlace_.get() != nullptr; }
     [[nodiscard]] bool isUserInterfaceActive() const noexcept { return userInterfaceActive_; }
     [[nodiscard]] IOleInPlaceObject* inPlaceObject() const noexcept { return inPlace_.get(); }
-    // While false, controls do not answer to the user (an ambient property).
-    void setAnswersUser(bool answers) noexcept { answersUser_ = answers; }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
 
@@ -91,7 +89,6 @@ private:
     IOleObject* control_ = nullptr;
     com::ComPointer<IOleInPlaceObject> inPlace_;
     bool userInterfaceActive_ = false;
-    bool answersUser_ = true;
     int activeLocks_ = 0;
 };
 

@@ -73,8 +73,6 @@ STDMETHODIMP ControlSite::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPA
         setTruth(*result, true);
         return S_OK;
     case DISPID_AMBIENT_UIDEAD:
-        setTruth(*result, !answersUser_);
-        return S_OK;
     case DISPID_AMBIENT_SHOWGRABHANDLES:
     case DISPID_AMBIENT_SHOWHATCHING:
     case DISPID_AMBIENT_MESSAGEREFLECT:

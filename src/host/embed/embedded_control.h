@@ -4,6 +4,7 @@
 
 #include <docobj.h>
 
+#include "base/pinned.h"
 #include "com/kit/automation.h"
 #include "com/kit/failure.h"
 #include "com/kit/pointer.h"
@@ -13,15 +14,11 @@
 
 namespace telvar::host {
 
-class EmbeddedControl {
+class EmbeddedControl : private base::Pinned {
 public:
     // `object` is a control without a site; `owner` has its window by now and outlives this. Throws com::ComFailure
     // where the object is no control or does not activate; it is then let go again.
     EmbeddedControl(const com::ComPointer<IUnknown>& object, SiteOwner& owner);
-    EmbeddedControl(const EmbeddedControl&) = delete;
-    EmbeddedControl& operator=(const EmbeddedControl&) = delete;
-    EmbeddedControl(EmbeddedControl&&) = delete;
-    EmbeddedControl& operator=(EmbeddedControl&&) = delete;
     ~EmbeddedControl() { close(); }
 
     // The owner's place for it has changed.

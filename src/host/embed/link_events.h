@@ -3,18 +3,13 @@
 
 #include <string>
 
+#include "base/pinned.h"
 #include "host/embed/event_sink.h"
 
 namespace telvar::host {
 
-class LinkListener {
+class LinkListener : private base::Pinned {
 public:
-    LinkListener() = default;
-    LinkListener(const LinkListener&) = delete;
-    LinkListener& operator=(const LinkListener&) = delete;
-    LinkListener(LinkListener&&) = delete;
-    LinkListener& operator=(LinkListener&&) = delete;
-
     // 0 to 100 percent.
     virtual void linkProgressed(long percent) = 0;
     // Whatever the outcome; `message` is one sentence or empty. The task is 22 for a load, 30 for a send, 0 for none.

@@ -5,16 +5,12 @@
 
 #include <string>
 
+#include "base/pinned.h"
+
 namespace telvar::host {
 
-class SiteOwner {
+class SiteOwner : private base::Pinned {
 public:
-    SiteOwner() = default;
-    SiteOwner(const SiteOwner&) = delete;
-    SiteOwner& operator=(const SiteOwner&) = delete;
-    SiteOwner(SiteOwner&&) = delete;
-    SiteOwner& operator=(SiteOwner&&) = delete;
-
     // The window that holds the control; it is frame, document and parent in one.
     [[nodiscard]] virtual HWND siteWindow() const = 0;
     // Where the control lies, in pixels of that window.

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "base/pinned.h"
 #include "desk/page_setup.h"
 #include "host/print/painter.h"
 
@@ -22,13 +23,8 @@ enum class DeviceAnswer {
 
 // One document's way to paper, in this order: begin; startPage, canvas, endPage for each page; end. giveUp instead of
 // the rest at any place after begin.
-class PrintDevice {
+class PrintDevice : private base::Pinned {
 public:
-    PrintDevice() = default;
-    PrintDevice(const PrintDevice&) = delete;
-    PrintDevice& operator=(const PrintDevice&) = delete;
-    PrintDevice(PrintDevice&&) = delete;
-    PrintDevice& operator=(PrintDevice&&) = delete;
     virtual ~PrintDevice() = default;
 
     // The sheet as it will be fed, in twips; its margins are what cannot be printed on.
@@ -50,13 +46,8 @@ struct PrintOrder {
     int lastPage = 0x7FFF;
 };
 
-class Printers {
+class Printers : private base::Pinned {
 public:
-    Printers() = default;
-    Printers(const Printers&) = delete;
-    Printers& operator=(const Printers&) = delete;
-    Printers(Printers&&) = delete;
-    Printers& operator=(Printers&&) = delete;
     virtual ~Printers() = default;
 
     // The user's changes of the set-up; false when cancelled.

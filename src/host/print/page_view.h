@@ -8,23 +8,20 @@
 #include <functional>
 #include <utility>
 
+#include "base/pinned.h"
 #include "host/print/painter.h"
 
 namespace telvar::host {
 
 enum class PageZoom { WholePage, PageWidth };
 
-class PageView {
+class PageView : private base::Pinned {
 public:
     static constexpr wchar_t className[] = L"TelvarPageView";
 
     // `turn` is asked for the page that lies that many behind the present one. Painter and document outlive the window.
     PageView(const PagePainter& painter, std::function<void(int pages)> turn)
         : painter_(painter), turn_(std::move(turn)) {}
-    PageView(const PageView&) = delete;
-    PageView& operator=(const PageView&) = delete;
-    PageView(PageView&&) = delete;
-    PageView& operator=(PageView&&) = delete;
     ~PageView() = default;
 
     // Before the first window of that class is made.

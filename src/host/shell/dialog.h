@@ -6,15 +6,12 @@
 
 #include <string>
 
+#include "base/pinned.h"
+
 namespace telvar::host {
 
-class Dialog {
+class Dialog : private base::Pinned {
 public:
-    Dialog(const Dialog&) = delete;
-    Dialog& operator=(const Dialog&) = delete;
-    Dialog(Dialog&&) = delete;
-    Dialog& operator=(Dialog&&) = delete;
-
     // Shows it over the owner until it is closed; whether with OK.
     [[nodiscard]] bool run(HWND owner, int resource);
 

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/pinned.h"
 #include "host/shell/dialog.h"
 #include "host/shell/resource.h"
 #include "win/text.h"
@@ -13,13 +14,9 @@ namespace telvar::host {
 namespace {
 
 // A text that is not left behind in memory.
-class Secret {
+class Secret : private base::Pinned {
 public:
     explicit Secret(std::string text) noexcept : text_(std::move(text)) {}
-    Secret(const Secret&) = delete;
-    Secret& operator=(const Secret&) = delete;
-    Secret(Secret&&) = delete;
-    Secret& operator=(Secret&&) = delete;
     ~Secret() { SecureZeroMemory(text_.data(), text_.size()); }
 
     [[nodiscard]] const std::string& text() const noexcept { return text_; }

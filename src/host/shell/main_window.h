@@ -33,10 +33,6 @@ public:
     static constexpr wchar_t className[] = L"TelvarHostWindow";
 
     explicit MainWindow(const std::wstring& settingsKey);
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
-    MainWindow(MainWindow&&) = delete;
-    MainWindow& operator=(MainWindow&&) = delete;
     ~MainWindow() override;
 
     // Others than the system's.

@@ -5,15 +5,13 @@
 
 #include <ole2.h>
 
+#include "base/pinned.h"
+
 namespace telvar::host {
 
-class Ole {
+class Ole : private base::Pinned {
 public:
     Ole() noexcept : started_(SUCCEEDED(OleInitialize(nullptr))) {}
-    Ole(const Ole&) = delete;
-    Ole& operator=(const Ole&) = delete;
-    Ole(Ole&&) = delete;
-    Ole& operator=(Ole&&) = delete;
     ~Ole() {
         if (started_) {
             CoFreeUnusedLibraries();

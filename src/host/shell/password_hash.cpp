@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/pinned.h"
 #include "com/kit/failure.h"
 #include "win/text.h"
 
@@ -34,16 +35,12 @@ void checkStatus(NTSTATUS status) {
     }
 }
 
-class Algorithm {
+class Algorithm : private base::Pinned {
 public:
     Algorithm() {
         checkStatus(
             BCryptOpenAlgorithmProvider(&handle_, BCRYPT_SHA256_ALGORITHM, nullptr, BCRYPT_ALG_HANDLE_HMAC_FLAG));
     }
-    Algorithm(const Algorithm&) = delete;
-    Algorithm& operator=(const Algorithm&) = delete;
-    Algorithm(Algorithm&&) = delete;
-    Algorithm& operator=(Algorithm&&) = delete;
     ~Algorithm() { BCryptCloseAlgorithmProvider(handle_, 0); }
 
     [[nodiscard]] BCRYPT_ALG_HANDLE get() const noexcept { return handle_; }

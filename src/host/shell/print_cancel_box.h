@@ -6,15 +6,13 @@
 
 #include <string>
 
+#include "base/pinned.h"
+
 namespace telvar::host {
 
-class CancelBox {
+class CancelBox : private base::Pinned {
 public:
     explicit CancelBox(HWND owner);
-    CancelBox(const CancelBox&) = delete;
-    CancelBox& operator=(const CancelBox&) = delete;
-    CancelBox(CancelBox&&) = delete;
-    CancelBox& operator=(CancelBox&&) = delete;
     ~CancelBox();
 
     void show(const std::wstring& text);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
+#include "base/pinned.h"
 #include "host/shell/print_cancel_box.h"
 #include "win/text.h"
 
@@ -11,13 +12,9 @@ namespace telvar::host {
 namespace {
 
 // Gives the document up unless it was ended.
-class OpenDocument {
+class OpenDocument : private base::Pinned {
 public:
     explicit OpenDocument(PrintDevice& device) noexcept : device_(device) {}
-    OpenDocument(const OpenDocument&) = delete;
-    OpenDocument& operator=(const OpenDocument&) = delete;
-    OpenDocument(OpenDocument&&) = delete;
-    OpenDocument& operator=(OpenDocument&&) = delete;
     ~OpenDocument() {
         if (!ended_) {
             device_.giveUp();

@@ -1,4 +1,5 @@
 #include "host/shell/print_preview.h"
+#include "base/pinned.h"
 #include "win/work_area.h"
 
 #include <algorithm>
@@ -18,14 +19,10 @@ namespace {
 constexpr int percentOfHeight = 90;
 constexpr int percentForWidth = 85;
 
-class Preview {
+class Preview : private base::Pinned {
 public:
     Preview(const PagePainter& painter, const PreviewActions& actions)
         : actions_(actions), document_(actions.compose()), view_(painter, [this](int pages) { turn(pages); }) {}
-    Preview(const Preview&) = delete;
-    Preview& operator=(const Preview&) = delete;
-    Preview(Preview&&) = delete;
-    Preview& operator=(Preview&&) = delete;
     ~Preview() { close(); }
 
     void run(HWND owner) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/pinned.h"
 #include "os/windows/interrupt_handle.h"
 #include "win/failure.h"
 #include "win/text.h"
@@ -20,16 +21,12 @@ using Clock = std::chrono::steady_clock;
 [[nodiscard]] std::string lastError() { return win::errorText(static_cast<unsigned long>(::WSAGetLastError())); }
 
 // The system counts its users, so that nothing of it lives longer than the sockets.
-class Library {
+class Library : private base::Pinned {
 public:
     Library() noexcept {
         WSADATA data{};
         started_ = ::WSAStartup(MAKEWORD(2, 2), &data) == 0;
     }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-    Library(Library&&) = delete;
-    Library& operator=(Library&&) = delete;
     ~Library() {
         if (started_) {
             ::WSACleanup();
@@ -41,13 +38,9 @@ private:
 };
 
 // With the event that network events set; such a socket does not block.
-class Socket {
+class Socket : private base::Pinned {
 public:
     explicit Socket(SOCKET socket) : event_(newEvent()), socket_(socket) {}
-    Socket(const Socket&) = delete;
-    Socket& operator=(const Socket&) = delete;
-    Socket(Socket&&) = delete;
-    Socket& operator=(Socket&&) = delete;
     ~Socket() {
         if (socket_ != INVALID_SOCKET) {
             ::closesocket(socket_);

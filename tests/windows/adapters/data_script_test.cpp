@@ -6,8 +6,8 @@
 
 #include "base/conversion.h"
 #include "base/failure.h"
-#include "com/foreign/foreign_data_store.h"
-#include "com/foreign/foreign_radio_link.h"
+#include "com/adapters/foreign_data_store.h"
+#include "com/adapters/foreign_radio_link.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/value.h"
 #include "script_engine.h"

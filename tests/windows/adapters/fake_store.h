@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "com/foreign/foreign_data_store.h"
+#include "com/adapters/foreign_data_store.h"
 #include "com/kit/variant.h"
 #include "fake_object.h"
 #include "model/data_store.h"

@@ -7,8 +7,8 @@
 #include "VexloRadioLink.h"
 #include "base/conversion.h"
 #include "base/failure.h"
-#include "com/foreign/foreign_data_store.h"
-#include "com/foreign/foreign_radio_link.h"
+#include "com/adapters/foreign_data_store.h"
+#include "com/adapters/foreign_radio_link.h"
 #include "com/kit/object.h"
 #include "support/windows/loaded_server.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/failure.h"
-#include "com/foreign/foreign_radio_link.h"
+#include "com/adapters/foreign_radio_link.h"
 #include "fake_object.h"
 
 namespace telvar::com::test {

@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "base/conversion.h"
-#include "com/foreign/foreign_data_store.h"
+#include "com/adapters/foreign_data_store.h"
 #include "world.h"
 
 namespace telvar::tests {

@@ -1,4 +1,4 @@
-#include "com/foreign/foreign_element.h"
+#include "com/adapters/foreign_element.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "com/foreign/foreign_reference.h"
+#include "com/adapters/foreign_reference.h"
 
 #include <vector>
 

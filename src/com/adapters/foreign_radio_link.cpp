@@ -1,4 +1,4 @@
-#include "com/foreign/foreign_radio_link.h"
+#include "com/adapters/foreign_radio_link.h"
 
 #include <array>
 #include <cstddef>
@@ -11,7 +11,7 @@
 
 #include "base/conversion.h"
 #include "base/failure.h"
-#include "com/foreign/foreign_reference.h"
+#include "com/adapters/foreign_reference.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/value.h"
 

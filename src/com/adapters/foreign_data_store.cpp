@@ -1,4 +1,4 @@
-#include "com/foreign/foreign_data_store.h"
+#include "com/adapters/foreign_data_store.h"
 
 #include <algorithm>
 #include <array>
@@ -12,8 +12,8 @@
 #include "VexloDataStore.h"
 #include "base/conversion.h"
 #include "base/failure.h"
-#include "com/foreign/foreign_element.h"
-#include "com/foreign/foreign_reference.h"
+#include "com/adapters/foreign_element.h"
+#include "com/adapters/foreign_reference.h"
 #include "com/kit/failure.h"
 #include "com/kit/late_bound.h"
 #include "com/kit/value.h"
