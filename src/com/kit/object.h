@@ -6,7 +6,6 @@
 #include <concepts>
 #include <utility>
 
-#include "base/pinned.h"
 #include "com/kit/guard.h"
 #include "com/kit/pointer.h"
 #include "win/module.h"
@@ -43,8 +42,14 @@ template <class Interface>
 
 // The first interface is the identity and the one that answers for parents that several share.
 template <class... Interfaces>
-class Object : public Interfaces..., private base::Pinned {
+class Object : public Interfaces... {
 public:
+    Object() noexcept = default;
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+    Object(Object&&) = delete;
+    Object& operator=(Object&&) = delete;
+
     STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
         if (object == nullptr) {
             return E_POINTER;
