@@ -73,7 +73,7 @@ std::wstring longPath(std::wstring_view path) {
 
 std::wstring widePath(std::string_view path) { return longPath(wide(path)); }
 
-std::wstring plainPath(std::wstring path) {
+std::wstring plainPath(const std::wstring& path) {
     if (path.starts_with(sharePrefix)) {
         return std::wstring(share) + path.substr(sharePrefix.size());
     }

@@ -17,7 +17,7 @@ using Done = std::expected<void, DWORD>;
 // Of a path in UTF-8.
 [[nodiscard]] std::wstring widePath(std::string_view path);
 // Without the prefix.
-[[nodiscard]] std::wstring plainPath(std::wstring path);
+[[nodiscard]] std::wstring plainPath(const std::wstring& path);
 
 // Where a chain of links ends; the path itself where it is no link. A link to nothing is a failure.
 [[nodiscard]] std::expected<std::wstring, DWORD> followLinks(const std::wstring& path);

@@ -9,8 +9,8 @@ namespace telvar::win {
 
 // A kind of window that several modules of a process may have: the name as registered carries the module's address.
 struct WindowKind {
-    const wchar_t* name;  // a literal
-    UINT style = 0;       // CS_...
+    const wchar_t* name = nullptr;  // a literal
+    UINT style = 0;                 // CS_...
 };
 [[nodiscard]] std::wstring classNameOf(const WindowKind& kind);
 
